@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "cli/Commands.h"
+
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+namespace marvo::cli {
+
+namespace {
+
+constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand, &listCommand, &settingsCommand,
+                                       &demoCommand};
+
+void say(const Command& command, std::string_view message, std::string_view hint)
+{
+    std::string line = "marvo-cli ";
+    line.append(command.name).append(": ").append(message).append("\n").append(hint);
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+std::string overview()
+{
+    std::string text = "Usage: marvo-cli COMMAND [ARGUMENT...]\n\nCommands:\n";
+    for (const Command* command : commands) {
+        text.append("  ").append(command->name);
+        text.append(command->name.size() < 10 ? 10 - command->name.size() : 1, ' ')
+            .append(command->summary)
+            .append("\n");
+    }
+    return text + "\n'marvo-cli COMMAND --help' tells more. Exit code: 0 done, 1 failed, 2 wrong usage.\n";
+}
+
+ExitCode run(const Arguments& words)
+{
+    if (words.empty()) {
+        const std::string text = overview();
+        std::fwrite(text.data(), 1, text.size(), stderr);
+        return WrongUsage;
+    }
+    if (words[0] == "--help" || words[0] == "-h")
+        return writeOut(overview()) ? Done : Failed;
+    if (words[0] == "--version")
+        return writeOut("marvo-cli " MARVO_VERSION "\n") ? Done : Failed;
+
+    for (const Command* command : commands) {
+        if (command->name != words[0])
+            continue;
+        const Arguments arguments(words.begin() + 1, words.end());
+        for (const std::string_view argument : arguments) {
+            if (argument == "--")
+                break;
+            if (argument == "--help" || argument == "-h")
+                return writeOut(command->usage) ? Done : Failed;
+        }
+        return command->run(arguments);
+    }
+    const std::string message =
+        "marvo-cli: no command '" + std::string(words[0]) + "'; try 'marvo-cli --help'\n";
+    std::fwrite(message.data(), 1, message.size(), stderr);
+    return WrongUsage;
+}
+
+} // namespace
+
+ExitCode wrongUsage(const Command& command, std::string_view message)
+{
+    say(command, message, "'marvo-cli " + std::string(command.name) + " --help' tells what it takes\n");
+    return WrongUsage;
+}
+
+ExitCode failed(const Command& command, std::string_view message)
+{
+    say(command, message, {});
+    return Failed;
+}
+
+bool writeOut(std::string_view text)
+{
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+}
+
+} // namespace marvo::cli
+
+int main(int argc, char** argv)
+{
+    // A reader that has seen enough (head, less) is a failed write, not a sudden death.
+    std::signal(SIGPIPE, SIG_IGN);
+    return marvo::cli::run(marvo::cli::Arguments(argv + (argc > 0 ? 1 : 0), argv + argc));
+}

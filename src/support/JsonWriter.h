@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace marvo {
+
+/// Writes one JSON document (RFC 8259) piece by piece into a text, so that lists of any length need no tree
+/// in memory.
+///
+/// Numbers are written in the shortest form that reads back to the same value; a number that JSON cannot hold
+/// (infinite, not a number) becomes null. Text that is not valid UTF-8 gets U+FFFD in place of each bad byte.
+/// The caller keeps the nesting right: every begin has its end, and inside an object every value follows a
+/// key.
+class JsonWriter
+{
+public:
+    void beginObject();
+    void endObject();
+    void beginArray();
+    void endArray();
+    void key(std::string_view name);
+
+    void value(std::string_view text);
+    void value(const char* text) { value(std::string_view(text)); }
+    void value(const std::string& text) { value(std::string_view(text)); }
+    void value(double number);
+    void value(std::same_as<bool> auto flag) { token(flag ? "true" : "false"); }
+    void value(std::integral auto number) requires(!std::same_as<decltype(number), bool>)
+    {
+        token(std::to_string(number));
+    }
+    void null() { token("null"); }
+
+    /// A key and its value in one call.
+    template <typename Value>
+    void member(std::string_view name, const Value& v)
+    {
+        key(name);
+        value(v);
+    }
+
+    /// What has been written so far. take() hands it out and starts the text afresh without ending the
+    /// document, so that a long document can be written out in pieces.
+    const std::string& text() const { return m_text; }
+    std::string take();
+
+private:
+    void separate();
+    void token(std::string_view text);
+    void quoted(std::string_view text);
+
+    std::string m_text;
+    std::vector<bool> m_hasElements; ///< one entry an open object or array
+    bool m_afterKey = false;
+};
+
+} // namespace marvo

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace marvo {
+
+/// The interface language that the product is built for (the build option SUPPORT_LANGUAGE).
+enum class InterfaceLanguage { English, Korean };
+
+/// The language of this build: "ko" is Korean, "en" English, "auto" follows the desktop's own language.
+InterfaceLanguage builtLanguage();
+
+/// Loads the string table of a language; later texts come from it. Call again to change the language.
+/// Needs a QCoreApplication. False when the table is missing from the program.
+bool installLanguage(InterfaceLanguage language);
+
+/// The text of a key in the string table, such as "media.event"; the key itself where the table has none.
+QString localised(const char* key);
+QString localised(const QString& key);
+
+} // namespace marvo
