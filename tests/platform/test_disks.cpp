@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "platform/FolderDisks.h"
+#include "platform/UDisks2Disks.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace marvo;
+
+/// The real disk service with a card in a "USB reader"; usb-card-session.sh brings both.
+class TestDisks : public QObject
+{
+    Q_OBJECT
+
+private:
+    QString m_device = qEnvironmentVariable("MARVO_TEST_DEVICE");
+
+    bool disksCommand(const QStringList& words)
+    {
+        QProcess process;
+        process.start(QStringLiteral("udisksctl"), words + QStringList{QStringLiteral("-b"), m_device});
+        return process.waitForFinished() && process.exitCode() == 0;
+    }
+
+    std::optional<TKUSBDiskEntity> card(const Disks& disks)
+    {
+        for (const TKUSBDiskEntity& entity : disks.usbDiskEntities()) {
+            if (QString::fromStdString(entity.deviceFilePath()) == m_device)
+                return entity;
+        }
+        return std::nullopt;
+    }
+
+private Q_SLOTS:
+    void cardIsListedWhileMounted()
+    {
+        UDisks2Disks disks;
+        QVERIFY2(!card(disks), "a volume that is not mounted is no place to look for files");
+
+        QSignalSpy changed(&disks, &Disks::volumesChanged);
+        QVERIFY(disksCommand({QStringLiteral("mount")}));
+        QVERIFY(changed.wait());
+        const auto entity = card(disks);
+        QVERIFY(entity);
+        QCOMPARE(entity->volumeName(), QStringLiteral("OLDNAME"));
+        QCOMPARE(entity->volumeSize(), qEnvironmentVariable("MARVO_TEST_DEVICE_SIZE").toULongLong());
+        QCOMPARE(entity->deviceModel().value_or(QString()), QStringLiteral("Card Reader"));
+        QVERIFY(entity->writable());
+        QVERIFY(entity->mediaWhole());
+        QVERIFY(QDir(QString::fromStdString(entity->mountedURL())).exists());
+    }
+
+    void renamedCardIsMountedAgain()
+    {
+        UDisks2Disks disks;
+        const auto before = card(disks);
+        QVERIFY(before);
+        QFile kept(QString::fromStdString(before->rootFile("kept.txt")));
+        QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("kept") == 4);
+        kept.close();
+
+        const auto error = disks.renameVolume(*before, QStringLiteral("MARVO"));
+        QVERIFY2(!error, qUtf8Printable(error.value_or(QString())));
+        const auto after = card(disks);
+        QVERIFY(after);
+        QCOMPARE(after->volumeName(), QStringLiteral("MARVO"));
+        QVERIFY(after->holdsFile("kept.txt"));
+    }
+
+    void refusedNameLeavesTheCardMounted()
+    {
+        UDisks2Disks disks;
+        const auto before = card(disks);
+        QVERIFY(before);
+        QVERIFY(disks.renameVolume(*before, QStringLiteral("longer than a label can be")));
+        const auto after = card(disks);
+        QVERIFY(after);
+        QCOMPARE(after->volumeName(), before->volumeName());
+        QVERIFY(after->holdsFile("kept.txt"));
+    }
+
+    void busyCardStaysAsItIs()
+    {
+        UDisks2Disks disks;
+        const auto before = card(disks);
+        QVERIFY(before);
+        QFile inUse(QString::fromStdString(before->rootFile("kept.txt")));
+        QVERIFY(inUse.open(QIODevice::ReadOnly));
+        QVERIFY(disks.renameVolume(*before, QStringLiteral("OTHER")));
+        QCOMPARE(card(disks).value_or(*before).volumeName(), before->volumeName());
+        QVERIFY(card(disks));
+    }
+
+    void removedCardIsNoticed()
+    {
+        UDisks2Disks disks;
+        QSignalSpy changed(&disks, &Disks::volumesChanged);
+        QVERIFY(disksCommand({QStringLiteral("unmount")}));
+        QVERIFY(changed.wait());
+        QVERIFY(!card(disks));
+    }
+
+    void folderStandsForACard()
+    {
+        QTemporaryDir folder;
+        FolderDisks disks(folder.path().toStdString());
+        const auto entity = findCardDiskEntity(disks.usbDiskEntities());
+        QVERIFY(entity);
+        QCOMPARE(entity->volumeName(), cardVolumeName());
+        QCOMPARE(entity->mountedURL(), folder.path().toStdString());
+        folder.remove();
+        QVERIFY2(disks.usbDiskEntities().empty(), "a folder that is gone is a card pulled out");
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDisks)
+#include "test_disks.moc"
