@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "demo/Recording.h"
+#include "CardReader.h"
+#include "demo/DataArea.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace marvo::demo {
+namespace {
+
+using namespace test;
+
+std::vector<DataRecord> someSeconds(int seconds, const std::string& markers, std::size_t textLength)
+{
+    std::vector<DataRecord> records;
+    for (int s = 0; s < seconds; ++s) {
+        for (int i = 0; i < 10; ++i)
+            records.push_back(_AVI_GSENSOR_DATA_T{s * 1000 + i * 100, i, -s, 256, 30});
+        _AVI_GPS_DATA_T header;
+        header.nTimestamp = s * 1000 + 900;
+        header.fSpeed = s;
+        header.KM = static_cast<unsigned char>(markers[static_cast<std::size_t>(s) % markers.size()]);
+        // Every length in turn, so that each alignment occurs with each marker.
+        std::string text = "$GPRMC,000000.000,V*00\r\n";
+        text.resize(textLength + static_cast<std::size_t>(s) % 5, '.');
+        records.push_back(GpsRecord{header, text});
+    }
+    return records;
+}
+
+struct AreaCase
+{
+    const char* name;
+    int seconds;
+    const char* markers;
+    std::size_t textLength;
+};
+
+class DataAreaWalk : public testing::TestWithParam<std::tuple<AreaCase, DataAreaEnd, DataAreaPlace>>
+{};
+
+TEST_P(DataAreaWalk, staysInStepAndTheFileStaysAnAviFile)
+{
+    const auto& [area, end, place] = GetParam();
+    const TemporaryFolder folder;
+    RecordingOptions options;
+    options.frameCount = 3;
+    options.dataPlace = place;
+    const auto records = someSeconds(area.seconds, area.markers, area.textLength);
+    options.dataChunks = dataAreaChunks(records, end);
+    ASSERT_EQ(writeRecording(folder / "a.avi", options), std::nullopt);
+    const std::string film = contents(folder / "a.avi");
+    ASSERT_NO_THROW(chunksOf(film, 12, film.size()));
+
+    const Walk walk = walkDataArea(film);
+    EXPECT_TRUE(walk.result);
+    EXPECT_EQ(walk.budgetUsedUp, end == DataAreaEnd::BudgetZero);
+    ASSERT_EQ(walk.g.size(), area.seconds * 10);
+    ASSERT_EQ(walk.gps.size(), area.seconds);
+    for (int s = 0; s < area.seconds; ++s) {
+        EXPECT_EQ(walk.waiting[s], 10);
+        EXPECT_EQ(walk.g[s * 10 + 9].y, -s);
+        EXPECT_EQ(walk.gps[s].speed, s);
+        EXPECT_EQ(walk.gps[s].text.find_last_not_of(std::string("\n\0", 2)),
+                  std::get<GpsRecord>(records[s * 11 + 10]).nmea.size() - 1);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Areas, DataAreaWalk,
+    testing::Combine(testing::Values(AreaCase{"long", 13, "9", 430}, AreaCase{"longAndShort", 9, "91K", 80},
+                                     AreaCase{"short", 7, "K", 300}, AreaCase{"oneLong", 1, "1", 1},
+                                     AreaCase{"oneShort", 1, "K", 1},
+                                     AreaCase{"fullTexts", 6, "9K", nmeaLimit - 4}),
+                     testing::Values(DataAreaEnd::EndOfFile, DataAreaEnd::BudgetZero),
+                     testing::Values(DataAreaPlace::BeforeMovie, DataAreaPlace::AfterIndex)),
+    [](const auto& instance) {
+        return std::string(std::get<0>(instance.param).name) +
+               (std::get<1>(instance.param) == DataAreaEnd::BudgetZero ? "ToZero" : "ToTheEnd") +
+               (std::get<2>(instance.param) == DataAreaPlace::BeforeMovie ? "InFront" : "Behind");
+    });
+
+TEST(Recording, headersIndexAndChunksAgree)
+{
+    const TemporaryFolder folder;
+    RecordingOptions options;
+    options.width = 150; // not a multiple of a JPEG block
+    options.height = 90;
+    options.framesPerSecond = 7; // does not divide the sound's rate
+    options.frameCount = 30;
+    ASSERT_EQ(writeRecording(folder / "a.avi", options), std::nullopt);
+    const std::string film = contents(folder / "a.avi");
+    EXPECT_EQ(numberAt<std::uint32_t>(film, 4), film.size() - 8);
+    const auto top = chunksOf(film, 12, film.size());
+    ASSERT_EQ(top.size(), 3);
+    EXPECT_EQ(top[0].id, "LISThdrl");
+    EXPECT_EQ(top[1].id, "LISTmovi");
+    EXPECT_EQ(top[2].id, "idx1");
+
+    const auto header = chunksOf(film, top[0].body + 4, top[0].body + top[0].size);
+    ASSERT_EQ(header.size(), 3);
+    EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body), 142857);
+    EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body + 16), 30);
+    const auto sound = chunksOf(film, header[2].body + 4, header[2].body + header[2].size);
+    EXPECT_EQ(film.substr(sound[0].body, 4), "auds");
+    EXPECT_EQ(numberAt<std::uint32_t>(film, sound[0].body + 32), 30 * 16000 / 7);
+
+    const auto movie = chunksOf(film, top[1].body + 4, top[1].body + top[1].size);
+    ASSERT_EQ(top[2].size, movie.size() * 16);
+    ASSERT_EQ(movie.size(), 60);
+    for (std::size_t i = 0; i < movie.size(); ++i) {
+        const std::size_t entry = top[2].body + i * 16;
+        EXPECT_EQ(film.substr(entry, 4), i % 2 == 0 ? "00dc" : "01wb");
+        EXPECT_EQ(movie[i].id, film.substr(entry, 4));
+        EXPECT_EQ(numberAt<std::uint32_t>(film, entry + 8) + top[1].body + 8, movie[i].body);
+        EXPECT_EQ(numberAt<std::uint32_t>(film, entry + 12), movie[i].size);
+        if (i % 2 == 0) {
+            EXPECT_EQ(film.substr(movie[i].body, 2), "\xFF\xD8");
+            EXPECT_EQ(film.substr(movie[i].body + movie[i].size - 2, 2), "\xFF\xD9");
+        }
+    }
+}
+
+TEST(Recording, aFailureOrAStopLeavesTheOldFile)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.avi";
+    RecordingOptions options;
+    options.frameCount = 5;
+    ASSERT_EQ(writeRecording(path, options), std::nullopt);
+    const std::string before = contents(path);
+
+    std::stop_source stop;
+    options.progress = [&](int done) {
+        if (done == 5)
+            stop.request_stop();
+    };
+    EXPECT_EQ(writeRecording(path, options, stop.get_token()), "stopped");
+    EXPECT_EQ(contents(path), before);
+
+    std::filesystem::create_directory(folder / "b.avi");
+    const auto onFolder = writeRecording(folder / "b.avi", {});
+    ASSERT_TRUE(onFolder);
+    EXPECT_NE(onFolder->find("b.avi': Is a directory"), std::string::npos) << *onFolder;
+    const auto noFolder = writeRecording(folder / "none/c.avi", {});
+    ASSERT_TRUE(noFolder);
+    EXPECT_NE(noFolder->find("No such file"), std::string::npos) << *noFolder;
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2) << "leftovers";
+}
+
+TEST(Recording, decodesWithoutAComplaint)
+{
+    if (std::system("command -v ffmpeg >/dev/null") != 0)
+        GTEST_SKIP() << "ffmpeg is not installed";
+    const TemporaryFolder folder;
+    for (const DataAreaPlace place : {DataAreaPlace::BeforeMovie, DataAreaPlace::AfterIndex}) {
+        RecordingOptions options;
+        options.width = 161;
+        options.dataPlace = place;
+        options.dataChunks = dataAreaChunks(someSeconds(2, "9K", 400), DataAreaEnd::BudgetZero);
+        ASSERT_EQ(writeRecording(folder / "a.avi", options), std::nullopt);
+        const std::string log = folder / "log";
+        const std::string command =
+            "ffmpeg -nostdin -v error -xerror -i '" + folder / "a.avi" + "' -f null - >'" + log + "' 2>&1";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        EXPECT_EQ(contents(log), "");
+    }
+}
+
+} // namespace
+} // namespace marvo::demo
