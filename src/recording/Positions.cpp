@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "recording/Positions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace marvo {
+
+double nmeaToDegrees(double value)
+{
+    using Limits = std::numeric_limits<std::int32_t>;
+    const double hundredths = value / 100;
+    if (!std::isfinite(hundredths))
+        return hundredths;
+    const double degrees =
+        std::clamp<double>(std::trunc(hundredths), Limits::min(), Limits::max()); // what 32 bits hold
+    return (hundredths - degrees) * 100 / 60 + degrees;
+}
+
+std::size_t indexOfPosition(double position, std::size_t n)
+{
+    const double product = position * static_cast<double>(n);
+    // Written so that not a number takes the last entry as well.
+    if (n == 0 || (product > -1 && product < 1))
+        return 0;
+    if (!(product >= 1 && product < static_cast<double>(n)))
+        return n - 1;
+    return std::min(static_cast<std::size_t>(product), n - 1);
+}
+
+Hemispheres hemispheresAt(const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots, std::size_t index)
+{
+    if (snapshots.empty())
+        return {};
+    const MRVGpsData& state = *snapshots[std::min(index, snapshots.size() - 1)];
+    return {.south = state.NS != 'N', .west = state.EW != 'E'};
+}
+
+DecimalPosition decimalPosition(const _AVI_GPS_DATA_T& sample, Hemispheres hemispheres)
+{
+    const double latitude = std::abs(sample.fLatitude);
+    const double longitude = std::abs(sample.fLongitude);
+    return {.latitude = nmeaToDegrees(hemispheres.south ? -latitude : latitude),
+            .longitude = nmeaToDegrees(hemispheres.west ? -longitude : longitude)};
+}
+
+} // namespace marvo
