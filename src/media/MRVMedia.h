@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/MediaName.h"
+
 #include <QString>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,6 +17,8 @@ enum MediaDirection { FrontMedia = 0, RearMedia = 1, UnknownMedia = 2 };
 
 /// Front or rear by the last six characters of a file's path ("_F.avi", "_R.avi", case ignored).
 int mediaDirection(std::string_view path);
+bool isFrontMedia(std::string_view path);
+bool isRearMedia(std::string_view path);
 
 /// One recording file, with the kind and the time that the camera wrote into its name.
 ///
@@ -24,31 +29,43 @@ class MRVMedia
 public:
     explicit MRVMedia(std::string_view path);
 
-    const std::string& path() const;      ///< absolute
-    const std::string& mediaName() const; ///< base name without extension
-    const std::string& extension() const; ///< without the dot, as written
-    const std::string& dir() const;
-    std::string fileName() const;       ///< base name, dot, extension
-    std::string mediaGroupName() const; ///< base name without the channel suffix; needs two characters
+    const std::string& path() const { return m_path; }           ///< absolute
+    const std::string& mediaName() const { return m_mediaName; } ///< base name without extension
+    const std::string& extension() const { return m_extension; } ///< without the dot, as written
+    const std::string& dir() const { return m_dir; }             ///< path without its last component
+    std::string fileName() const;                                ///< base name, dot, extension
+    /// Base name without the channel suffix, its last two characters. Not to be asked of a shorter name.
+    std::string mediaGroupName() const;
     QString displayFileName() const;
     QString displayPath() const;
 
-    int mediaDivision() const; ///< 0 always, 1 motion, 2 event
-    bool isAlwaysMedia() const;
-    bool isMotionMedia() const;
-    bool isEventMedia() const;
+    int mediaDivision() const { return m_mediaDivision; } ///< 0 always, 1 motion, 2 event
+    bool isAlwaysMedia() const { return m_mediaDivision == 0; }
+    bool isMotionMedia() const { return m_mediaDivision == 1; }
+    bool isEventMedia() const { return m_mediaDivision == 2; }
 
     /// All six are 0 when the name tells no time.
-    int year() const;
-    int month() const;
-    int day() const;
-    int hour() const;
-    int minute() const;
-    int second() const;
+    int year() const { return m_time.year; }
+    int month() const { return m_time.month; }
+    int day() const { return m_time.day; }
+    int hour() const { return m_time.hour; }
+    int minute() const { return m_time.minute; }
+    int second() const { return m_time.second; }
     std::string yyyymmddhhmiss() const;
 
     /// Negative, 0 or positive: by time, and at equal times the higher kind code first.
     int compareDate(const MRVMedia& other) const;
+
+private:
+    void parsePath(std::string_view path);
+
+    std::string m_path;
+    std::string m_mediaName;
+    std::string m_extension;
+    std::string m_dir;
+    MediaTime m_time;
+    std::int64_t m_timeDigits = 0; ///< the digits of yyyymmddhhmiss as one number, to sort by
+    int m_mediaDivision = 0;
 };
 
 } // namespace marvo

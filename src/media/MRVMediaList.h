@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/MediaScan.h"
 #include "media/MRVMedia.h"
 
 #include <QObject>
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <system_error>
 #include <vector>
 
 namespace marvo {
@@ -19,18 +22,22 @@ class MRVMediaList : public QObject
     Q_OBJECT
 public:
     explicit MRVMediaList(QObject* parent = nullptr);
+    /// Returns at once, also while a scan hangs on a medium that does not answer.
     ~MRVMediaList() override;
 
     /// Starts a scan of the folder (a path as bytes) and returns at once. A scan still running is abandoned
-    /// and tells nobody. An empty path changes nothing.
+    /// and tells nobody. The list stays as it was until the new one is published. An empty path stands for no
+    /// folder: it is only remembered, the list stays.
     void setDirectoryPath(const std::string& path);
-    const std::string& directoryPath() const;
-    bool isScanning() const;
+    const std::string& directoryPath() const { return m_directoryPath; }
+    bool isScanning() const { return m_scan != nullptr; }
 
-    std::int64_t count() const;
-    /// Null when the index lies outside the list.
+    std::int64_t count() const { return static_cast<std::int64_t>(m_medias.size()); }
+    /// Null when the index lies outside the list. Valid until the next mediaListChanged().
     const MRVMedia* mediaAtIndex(std::int64_t index) const;
-    const std::vector<MRVMedia>& medias() const;
+    const std::vector<MRVMedia>& medias() const { return m_medias; }
+    /// Why the folder of the list could not be listed, or not to its end; no error when it could.
+    std::error_code folderError() const { return m_folderError; }
 
 Q_SIGNALS:
     void scanStarted();
@@ -38,6 +45,16 @@ Q_SIGNALS:
     void scanProgress(qint64 found);
     /// Once at the end of each scan, after the new list has been published; main thread.
     void mediaListChanged();
+
+private:
+    class Scan;
+
+    void publish(Scan& scan, MediaScan& result);
+
+    std::vector<MRVMedia> m_medias;
+    std::error_code m_folderError;
+    std::string m_directoryPath;
+    std::shared_ptr<Scan> m_scan; ///< the one whose result will be published
 };
 
 } // namespace marvo

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "media/MediaName.h"
+
+#include "support/Utf8.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace marvo {
+
+namespace {
+
+constexpr std::size_t timeLength = 15; // yyyymmdd_hhmiss
+
+constexpr MediaNamePattern patterns[] = {
+    {"alwa_", 0, 5},
+    {"motion_", 1, 7},
+    {"event_", 2, 6},
+};
+
+/// The current directory, however long its name is; empty when there is none.
+std::string currentDirectory()
+{
+    std::string buffer(256, '\0');
+    while (::getcwd(buffer.data(), buffer.size()) == nullptr) {
+        if (errno != ERANGE)
+            return {};
+        buffer.resize(buffer.size() * 2);
+    }
+    buffer.resize(buffer.find('\0'));
+    // Linux answers "(unreachable)/..." for a directory outside of the process's root.
+    return buffer.front() == '/' ? buffer : std::string();
+}
+
+/// The part of the text from a character on; empty when the text ends before it.
+std::string_view fromCharacter(std::string_view text, std::size_t index)
+{
+    for (; index > 0 && !text.empty(); --index) {
+        const std::size_t length = utf8CharacterLength(text);
+        text.remove_prefix(length == 0 ? 1 : length);
+    }
+    return text;
+}
+
+/// The number that the text begins with, of so many digits at most; 0 when it begins with none.
+int leadingNumber(std::string_view text, std::size_t digits)
+{
+    int number = 0;
+    for (const char c : text.substr(0, digits)) {
+        if (c < '0' || c > '9')
+            break;
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+bool isWithin(int number, int lowest, int highest) { return number >= lowest && number <= highest; }
+
+} // namespace
+
+std::string absoluteFilePath(std::string_view path)
+{
+    std::string result;
+    if (path.empty() || path.front() != '/')
+        result = currentDirectory();
+    bool absolute = !result.empty() || (!path.empty() && path.front() == '/');
+    if (result == "/")
+        result.clear();
+
+    result.reserve(result.size() + path.size() + 1);
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('/'), path.size());
+        const std::string_view component = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (component.empty() || component == ".")
+            continue;
+        if (absolute || !result.empty())
+            result += '/';
+        result += component;
+    }
+    if (result.empty())
+        return absolute ? "/" : ".";
+    return result;
+}
+
+SplitFileName splitFileName(std::string_view fileName)
+{
+    const std::size_t dot = fileName.rfind('.');
+    if (dot == std::string_view::npos || dot == 0)
+        return {fileName, {}};
+    return {fileName.substr(0, dot), fileName.substr(dot + 1)};
+}
+
+const MediaNamePattern* patternOfMediaName(std::string_view mediaName)
+{
+    for (const MediaNamePattern& pattern : patterns) {
+        if (mediaName.starts_with(pattern.prefix))
+            return &pattern;
+    }
+    return nullptr;
+}
+
+bool hasMediaNameLength(std::string_view mediaName)
+{
+    const std::size_t length = utf8Length(mediaName);
+    for (const MediaNamePattern& pattern : patterns) {
+        if (length == pattern.prefix.size() + timeLength)
+            return true;
+    }
+    return false;
+}
+
+bool _checkTimeByName(std::string_view mediaName, std::size_t startPos)
+{
+    return utf8Length(mediaName) >= startPos + timeLength;
+}
+
+bool isMediaName(std::string_view mediaName)
+{
+    if (!hasMediaNameLength(mediaName))
+        return false;
+    const MediaNamePattern* pattern = patternOfMediaName(mediaName);
+    return pattern == nullptr || _checkTimeByName(mediaName, pattern->timeStart);
+}
+
+std::optional<MediaTime> readMediaTime(std::string_view mediaName, std::size_t startPos)
+{
+    if (!_checkTimeByName(mediaName, startPos))
+        return std::nullopt;
+    const std::string_view text = fromCharacter(mediaName, startPos);
+    const auto number = [&](std::size_t offset, std::size_t digits) {
+        return leadingNumber(fromCharacter(text, offset), digits);
+    };
+    const MediaTime time{.year = number(0, 4),
+                         .month = number(4, 2),
+                         .day = number(6, 2),
+                         .hour = number(9, 2),
+                         .minute = number(11, 2),
+                         .second = number(13, 2)};
+    if (!isWithin(time.year, 1970, 2700) || !isWithin(time.month, 1, 12) || !isWithin(time.day, 1, 31) ||
+        !isWithin(time.hour, 0, 24) || !isWithin(time.minute, 0, 60) || !isWithin(time.second, 0, 60))
+        return std::nullopt;
+    return time;
+}
+
+} // namespace marvo

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace marvo {
+
+/// The absolute form of a path: a relative one is taken from the current directory, doubled and trailing
+/// slashes and "." components go. ".." stays, since behind a link it does not lead back to where the text
+/// says. Without a current directory (it was removed) a relative path stays relative.
+std::string absoluteFilePath(std::string_view path);
+
+/// A file name at its last dot. A name that begins with its only dot has no extension.
+struct SplitFileName
+{
+    std::string_view base;
+    std::string_view extension; ///< without the dot
+};
+SplitFileName splitFileName(std::string_view fileName);
+
+/// One kind of recording by the way the camera names it: prefix, then "yyyymmdd_hhmiss".
+struct MediaNamePattern
+{
+    std::string_view prefix;
+    int mediaDivision;
+    std::size_t timeStart; ///< character at which the time begins
+};
+
+/// The pattern whose prefix the base name begins with (case matters); null for a foreign name.
+const MediaNamePattern* patternOfMediaName(std::string_view mediaName);
+
+/// True for base names as long as one of the patterns (20, 21 or 22 characters), whichever prefix they have.
+bool hasMediaNameLength(std::string_view mediaName);
+
+/// True when the name holds the 15 characters of a time from startPos on; the digits are not examined.
+bool _checkTimeByName(std::string_view mediaName, std::size_t startPos);
+
+/// True when a file of this base name belongs into the list of recordings: one of the three lengths, and room
+/// for the time behind a known prefix. Foreign names of the right length belong to it too.
+bool isMediaName(std::string_view mediaName);
+
+/// A calendar time as it stands in a recording's name. Leap seconds and the 24th hour pass.
+struct MediaTime
+{
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+/// Reads "yyyymmdd_hhmiss" from a character of the base name on. Each number is the run of digits that its
+/// place begins with; none when the name is too short or a number lies outside its range (years 1970 to
+/// 2700).
+std::optional<MediaTime> readMediaTime(std::string_view mediaName, std::size_t startPos);
+
+} // namespace marvo

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "media/MediaScan.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <numeric>
+#include <set>
+#include <utility>
+
+namespace marvo {
+
+namespace {
+
+bool isRecordingFileName(std::string_view fileName)
+{
+    const auto [base, extension] = splitFileName(fileName);
+    const auto isLetter = [&](std::size_t i, char small, char capital) {
+        return extension[i] == small || extension[i] == capital;
+    };
+    return extension.size() == 3 && isLetter(0, 'a', 'A') && isLetter(1, 'v', 'V') && isLetter(2, 'i', 'I') &&
+           isMediaName(base);
+}
+
+struct DirectoryCloser
+{
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+using Directory = std::unique_ptr<DIR, DirectoryCloser>;
+
+enum class EntryKind { Folder, File };
+
+/// Folder or not, following links. The directory mostly tells by itself; only a link, or a file system that
+/// does not tell, costs a question.
+EntryKind kindOf(const dirent& entry, int directory)
+{
+    if (entry.d_type == DT_DIR)
+        return EntryKind::Folder;
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
+        return EntryKind::File;
+    struct stat status;
+    return ::fstatat(directory, entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode) ? EntryKind::Folder
+                                                                                          : EntryKind::File;
+}
+
+/// The walk through a tree. A folder's entries are taken down and the folder is closed again before the walk
+/// goes into the ones below it, so that neither the depth nor the width of a tree costs descriptors or stack.
+class FolderWalk
+{
+public:
+    FolderWalk(const std::stop_token& stop, const std::function<void(std::size_t)>& onFound)
+        : m_stop(stop), m_onFound(onFound)
+    {}
+
+    /// Walks a folder and all below it; tells why the folder itself could not be listed.
+    std::error_code eachDir(const std::string& folder);
+    std::vector<MRVMedia> takeFound() { return std::move(m_found); }
+
+private:
+    struct Entry
+    {
+        std::string name;
+        EntryKind kind;
+    };
+    /// A folder on the way down, with those of its entries that matter.
+    struct Level
+    {
+        std::size_t pathLength;
+        std::vector<Entry> entries;
+        std::size_t next = 0;
+    };
+
+    std::error_code enter();
+    std::error_code readEntries(DIR* directory, std::vector<Entry>& entries) const;
+    void takeFile(Level& level);
+
+    const std::stop_token& m_stop;
+    const std::function<void(std::size_t)>& m_onFound;
+    std::vector<MRVMedia> m_found;
+    std::set<std::pair<dev_t, ino_t>> m_walked;
+    std::vector<Level> m_levels;
+    std::string m_path; ///< the folder or file that the walk is at
+};
+
+std::error_code FolderWalk::eachDir(const std::string& folder)
+{
+    m_path = folder;
+    const std::error_code error = enter();
+    while (!m_levels.empty() && !m_stop.stop_requested()) {
+        Level& level = m_levels.back();
+        if (level.next == level.entries.size()) {
+            m_levels.pop_back();
+            continue;
+        }
+        const Entry& entry = level.entries[level.next++];
+        m_path.resize(level.pathLength);
+        if (m_path != "/")
+            m_path += '/';
+        m_path += entry.name;
+        if (entry.kind == EntryKind::Folder)
+            enter();
+        else
+            takeFile(level);
+    }
+    return error;
+}
+
+/// Opens the folder at m_path and puts its entries on the way, unless the walk has been there.
+std::error_code FolderWalk::enter()
+{
+    const auto systemError = [] { return std::error_code(errno, std::generic_category()); };
+    const int descriptor = ::open(m_path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0)
+        return systemError();
+    const Directory directory(::fdopendir(descriptor));
+    if (!directory) {
+        const std::error_code error = systemError();
+        ::close(descriptor);
+        return error;
+    }
+    struct stat status;
+    if (::fstat(descriptor, &status) != 0)
+        return systemError();
+    if (!m_walked.emplace(status.st_dev, status.st_ino).second)
+        return {};
+    m_levels.push_back({m_path.size(), {}});
+    return readEntries(directory.get(), m_levels.back().entries);
+}
+
+/// Takes down the entries that matter; what was read before an error stays.
+std::error_code FolderWalk::readEntries(DIR* directory, std::vector<Entry>& entries) const
+{
+    // Behind the file that fills the list nothing of this folder is taken: a folder of millions of files need
+    // not be read to its end.
+    std::size_t room = m_found.size() < mediaListLimit ? mediaListLimit - m_found.size() : 1;
+
+    while (room > 0 && !m_stop.stop_requested()) {
+        errno = 0;
+        const dirent* entry = ::readdir(directory);
+        if (entry == nullptr)
+            return {errno, std::generic_category()};
+        const std::string_view name = entry->d_name;
+        if (name == "." || name == "..")
+            continue;
+        const EntryKind kind = kindOf(*entry, ::dirfd(directory));
+        if (kind == EntryKind::File && !isRecordingFileName(name))
+            continue;
+        entries.push_back({std::string(name), kind});
+        if (kind == EntryKind::File)
+            --room;
+    }
+    return {};
+}
+
+void FolderWalk::takeFile(Level& level)
+{
+    m_found.emplace_back(m_path);
+    if (m_found.size() >= mediaListLimit)
+        level.next = level.entries.size();
+    if (m_onFound)
+        m_onFound(m_found.size());
+}
+
+/// Sorts places instead of the records themselves, which are large to move.
+std::vector<MRVMedia> sortedByDate(std::vector<MRVMedia> medias)
+{
+    std::vector<std::size_t> order(medias.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(
+        order, [&](std::size_t a, std::size_t b) { return medias[a].compareDate(medias[b]) < 0; });
+    std::vector<MRVMedia> sorted;
+    sorted.reserve(medias.size());
+    for (const std::size_t place : order)
+        sorted.push_back(std::move(medias[place]));
+    return sorted;
+}
+
+} // namespace
+
+std::optional<MRVMedia> createMediaByPath(std::string_view path)
+{
+    MRVMedia media(path);
+    if (!isMediaName(media.mediaName()))
+        return std::nullopt;
+    return media;
+}
+
+MediaScan scanFolder(const std::string& folder, const std::stop_token& stop,
+                     const std::function<void(std::size_t)>& onFound)
+{
+    FolderWalk walk(stop, onFound);
+    MediaScan scan;
+    scan.folderError = walk.eachDir(absoluteFilePath(folder));
+    if (!stop.stop_requested())
+        scan.medias = sortedByDate(walk.takeFound());
+    return scan;
+}
+
+} // namespace marvo
