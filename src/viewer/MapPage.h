@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "viewer/MapTileSource.h"
+
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineUrlRequestInterceptor>
+
+#include <memory>
+
+namespace marvo {
+
+/// Lets the map page reach the application's own resources and the tile server, and nothing else; tells the
+/// tile server who asks.
+class MapRequestFilter : public QWebEngineUrlRequestInterceptor
+{
+    Q_OBJECT
+
+public:
+    explicit MapRequestFilter(MapTileSource tiles, QObject* parent = nullptr);
+
+    void interceptRequest(QWebEngineUrlRequestInfo& info) override;
+
+private:
+    const MapTileSource m_tiles;
+};
+
+/// The one browser profile of all map pages, with the disk cache that keeps the tiles seen before.
+/// It lives as long as a page holds it, for a profile must outlive its pages.
+std::shared_ptr<QWebEngineProfile> sharedMapProfile();
+
+/// The map page in a web engine that goes nowhere else: no navigation, no windows, no downloads, no
+/// permissions. A click on a credit opens it in the desktop's browser.
+class MapPage : public QWebEnginePage
+{
+    Q_OBJECT
+
+public:
+    MapPage(QWebEngineProfile* profile, const QUrl& address, const MapTileSource& tiles, QObject* parent);
+
+    /// Loads the page, also again after its process has died.
+    void start();
+
+protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+    QWebEnginePage* createWindow(WebWindowType type) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message, int line,
+                                  const QString& source) override;
+
+private:
+    const QUrl m_address;
+};
+
+} // namespace marvo
