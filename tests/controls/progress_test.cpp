@@ -1,0 +1,291 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "controls/PMProgressIndicator.h"
+
+#include "texts/Localisation.h"
+
+#include <QLabel>
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+using namespace marvo;
+
+namespace {
+
+/// An indicator with a label beside it and a clock that the test turns.
+struct Bench
+{
+    Bench() : bar(nullptr, [this] { return now; }) { bar.setProgressText(&label); }
+
+    QString textAt(double seconds, double value)
+    {
+        now =
+            std::chrono::steady_clock::time_point{} + std::chrono::microseconds(std::llround(seconds * 1e6));
+        bar.setDoubleValue(value);
+        return label.text();
+    }
+
+    std::chrono::steady_clock::time_point now;
+    QLabel label;
+    PMProgressIndicator bar;
+};
+
+QImage picture(PMProgressIndicator& bar)
+{
+    QImage image(bar.size(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    bar.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+/// How many of the bar's columns show the highlight.
+int filledColumns(PMProgressIndicator& bar)
+{
+    const QImage image = picture(bar);
+    int filled = 0;
+    for (int x = 0; x < image.width(); ++x)
+        filled += qBlue(image.pixel(x, image.height() / 2)) > 200;
+    return filled;
+}
+
+} // namespace
+
+class ProgressTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { QVERIFY(installLanguage(InterfaceLanguage::English)); }
+
+    void phrases_data()
+    {
+        QTest::addColumn<double>("seconds");
+        QTest::addColumn<QString>("phrase");
+        const auto row = [](double seconds, const char* phrase) {
+            QTest::addRow("%.9g s", seconds) << seconds << QString::fromLatin1(phrase);
+        };
+        row(std::numeric_limits<double>::infinity(), "About 2147483647 minutes remaining");
+        row(700, "About 12 minutes remaining");
+        row(675, "About 12 minutes remaining");
+        row(674.9, "About 11 minutes remaining");
+        row(615.01, "About 11 minutes remaining");
+        row(615, "About ten minutes remaining");
+        row(555.01, "About ten minutes remaining");
+        row(555, "About nine minutes remaining");
+        row(495, "About eight minutes remaining");
+        row(435, "About seven minutes remaining");
+        row(375, "About six minutes remaining");
+        row(315, "About five minutes remaining");
+        row(255, "About four minutes remaining");
+        row(195, "About three minutes remaining");
+        row(135, "About two minutes remaining");
+        row(75.01, "About two minutes remaining");
+        row(75, "About one minute remaining");
+        row(50.01, "About one minute remaining");
+        row(50, "Less than a minute remaining");
+        row(10.01, "Less than a minute remaining");
+        row(10, "About ten seconds remaining");
+        row(5.01, "About ten seconds remaining");
+        row(5, "About five seconds remaining");
+        row(0, "About five seconds remaining");
+        row(-3, "About five seconds remaining");
+    }
+
+    void phrases()
+    {
+        QFETCH(double, seconds);
+        QFETCH(QString, phrase);
+        QCOMPARE(PMProgressIndicatorEstimate::phrase(seconds), phrase);
+    }
+
+    void everyPhraseIsTranslated()
+    {
+        QVERIFY(installLanguage(InterfaceLanguage::Korean));
+        for (const double seconds :
+             {700., 600., 500., 450., 400., 350., 300., 200., 150., 100., 60., 20., 7., 1.}) {
+            const QString phrase = PMProgressIndicatorEstimate::phrase(seconds);
+            QVERIFY2(phrase.contains(QStringLiteral("남음")) && !phrase.contains(u'%'), qPrintable(phrase));
+        }
+    }
+
+    void barMovesWithTheIntegerPart()
+    {
+        Bench bench;
+        PMProgressIndicator& bar = bench.bar;
+        const auto shown = [&](double value) {
+            bar.setDoubleValue(value);
+            return bar.doubleValue();
+        };
+        QCOMPARE(shown(0.9), 0.0); // its integer part is the one shown at the start
+        QCOMPARE(shown(10.2), 10.2);
+        QCOMPARE(shown(10.7), 10.2);
+        QCOMPARE(shown(11.1), 11.1);
+        QCOMPARE(shown(std::nan("")), 11.1);
+        QCOMPARE(shown(1e300), 100.0);
+        QCOMPARE(shown(-1e300), 0.0);
+        bar.setMinValue(-5);
+        QCOMPARE(shown(-1.5), -1.5);
+        QCOMPARE(shown(-0.5), -0.5); // truncated toward zero: 0, not -1
+        QCOMPARE(shown(0.5), -0.5);
+    }
+
+    void steadyWork()
+    {
+        Bench bench;
+        bench.bar.setDisplayPercentage(true);
+        for (int second = 0; second < 50; ++second)
+            bench.textAt(second, second);
+        QCOMPARE(bench.textAt(50, 50), QStringLiteral("50 % completed - Less than a minute remaining"));
+        QCOMPARE(bench.textAt(90, 90), QStringLiteral("90 % completed - About ten seconds remaining"));
+        bench.bar.setDisplayTimeRemaining(false);
+        QCOMPARE(bench.textAt(91, 91), QStringLiteral("91 % completed"));
+    }
+
+    void firstHalfSecondHasNoPhrase()
+    {
+        Bench bench;
+        bench.bar.setDisplayPercentage(true);
+        QCOMPARE(bench.textAt(0, 1), QStringLiteral("1 % completed"));
+        QCOMPARE(bench.textAt(0.5, 6), QStringLiteral("6 % completed"));
+        QCOMPARE(bench.textAt(0.6, 7), QStringLiteral("7 % completed - About ten seconds remaining"));
+        bench.bar.setDisplayPercentage(false);
+        QCOMPARE(bench.textAt(0.7, 8), QStringLiteral("About ten seconds remaining"));
+    }
+
+    /// Slow at first, then fast: once the windows have moved on, the slow start is forgotten.
+    void estimateFollowsTheLastSeconds()
+    {
+        Bench bench;
+        bench.textAt(0, 1);
+        QCOMPARE(bench.textAt(3.5, 2), QStringLiteral("About six minutes remaining")); // 98 % at 1 % in 3.5 s
+        bench.textAt(3.6, 3); // the next window opens
+        QCOMPARE(bench.textAt(7.1, 38), QStringLiteral("Less than a minute remaining")); // 37 % in 7.1 s
+        // The next window, 10 % a second since 3.6 s, has taken over; the first would still give 13.6 s.
+        QCOMPARE(bench.textAt(7.2, 39), QStringLiteral("About ten seconds remaining"));
+    }
+
+    void noProgressMakesNoPhrase()
+    {
+        Bench bench;
+        bench.bar.setDisplayPercentage(true);
+        bench.textAt(0, 40);
+        bench.textAt(1, 41);
+        QCOMPARE(bench.textAt(2, 30), QStringLiteral("30 % completed")); // fell back behind the start
+        bench.bar.setDisplayPercentage(false);
+        QCOMPARE(bench.textAt(3, 20), QStringLiteral("30 % completed")); // nothing to say: left as it was
+        bench.bar.setDisplayPercentage(true);
+        bench.textAt(3.1, 40);
+        QCOMPARE(bench.textAt(3.2, 40.5), QStringLiteral("40 % completed")); // exactly where it began
+    }
+
+    void minimumStartsTheEstimateAnew()
+    {
+        Bench bench;
+        bench.textAt(0, 10);
+        bench.textAt(10, 20);
+        QCOMPARE(bench.textAt(11, 0), QString());
+        // Half in one second; measured from the first start it would be "Less than a minute".
+        QCOMPARE(bench.textAt(12, 50), QStringLiteral("About five seconds remaining"));
+    }
+
+    void indeterminateHasNoText()
+    {
+        Bench bench;
+        bench.bar.setDisplayPercentage(true);
+        bench.textAt(0, 10);
+        bench.bar.setIndeterminate(true);
+        QCOMPARE(bench.textAt(1, 20), QString());
+    }
+
+    void labelMayGoFirst()
+    {
+        PMProgressIndicator bar;
+        auto label = std::make_unique<QLabel>();
+        bar.setProgressText(label.get());
+        label.reset();
+        bar.setDoubleValue(50);
+        QCOMPARE(bar.doubleValue(), 50.0);
+    }
+
+    void drawsThePartDone_data()
+    {
+        QTest::addColumn<double>("minimum");
+        QTest::addColumn<double>("maximum");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<int>("columns");
+        QTest::newRow("nothing") << 0.0 << 100.0 << 0.0 << 0;
+        QTest::newRow("a quarter") << 0.0 << 100.0 << 25.0 << 50;
+        QTest::newRow("all") << 0.0 << 100.0 << 100.0 << 200;
+        QTest::newRow("another range") << -50.0 << 50.0 << 1.0 << 102;
+        QTest::newRow("no range") << 5.0 << 5.0 << 5.0 << 0;
+    }
+
+    void drawsThePartDone()
+    {
+        QFETCH(double, minimum);
+        QFETCH(double, maximum);
+        QFETCH(double, value);
+        QFETCH(int, columns);
+        PMProgressIndicator bar;
+        QPalette palette;
+        palette.setColor(QPalette::Highlight, Qt::blue);
+        bar.setPalette(palette);
+        bar.resize(200, 6);
+        bar.setMinValue(minimum);
+        bar.setMaxValue(maximum);
+        bar.setDoubleValue(value);
+        const int filled = filledColumns(bar);
+        QVERIFY2(std::abs(filled - columns) <= 3, qPrintable(QString::number(filled)));
+    }
+
+    /// Paint requests come from ticks alone here: none may come while the bar is hidden or at rest.
+    void ticksOnlyWhileSeen()
+    {
+        struct Counting : PMProgressIndicator
+        {
+            void timerEvent(QTimerEvent* event) override
+            {
+                ++ticks;
+                PMProgressIndicator::timerEvent(event);
+            }
+            int ticks = 0;
+        } bar;
+        const auto ticksIn = [&bar](int milliseconds) {
+            bar.ticks = 0;
+            QTest::qWait(milliseconds);
+            return bar.ticks;
+        };
+        bar.setIndeterminate(true);
+        bar.startAnimation();
+        QCOMPARE(ticksIn(120), 0);
+        bar.show();
+        QTRY_VERIFY(ticksIn(120) > 0);
+        bar.hide();
+        QCOMPARE(ticksIn(120), 0);
+        bar.show();
+        QTRY_VERIFY(ticksIn(120) > 0);
+        bar.stopAnimation();
+        QCOMPARE(ticksIn(120), 0);
+        bar.startAnimation();
+        bar.setIndeterminate(false);
+        QCOMPARE(ticksIn(120), 0);
+    }
+
+    void isReadOut()
+    {
+        PMProgressIndicator bar;
+        QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&bar);
+        QVERIFY(accessible && accessible->valueInterface());
+        QCOMPARE(accessible->role(), QAccessible::ProgressBar);
+        bar.setDoubleValue(42);
+        QCOMPARE(accessible->valueInterface()->currentValue().toDouble(), 42.0);
+        QCOMPARE(accessible->text(QAccessible::Value), QStringLiteral("42 % completed"));
+        bar.setIndeterminate(true);
+        QCOMPARE(accessible->text(QAccessible::Value), QStringLiteral("Busy"));
+    }
+};
+
+QTEST_MAIN(ProgressTest)
+#include "progress_test.moc"
