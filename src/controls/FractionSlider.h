@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSlider>
+
+namespace marvo {
+
+/// A horizontal slider over real values that jumps to where it is clicked, and that tells what the user did
+/// from what the program set.
+class FractionSlider : public QSlider
+{
+    Q_OBJECT
+public:
+    /// Which keys the slider wants for itself while it has the focus, before the window's shortcuts.
+    enum class Keys {
+        HomeEndPages, ///< the arrow keys stay with the window
+        All,
+    };
+
+    /// Values run from 0 to the maximum; a key press moves by singleStep, a page key by pageStep.
+    FractionSlider(double maximum, double singleStep, double pageStep, Keys keys, QWidget* parent = nullptr);
+
+    double fraction() const;
+    /// Shows a value, clamped to the range. Tells nobody, and waits its turn while the user holds the knob.
+    void setFraction(double value);
+
+Q_SIGNALS:
+    /// By mouse, wheel or key; the new value is shown already.
+    void userMoved(double value);
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void moveTo(int position);
+    void moveToPoint(int x);
+    int knobRadius() const;
+
+    double m_unit;
+    Keys m_keys;
+};
+
+} // namespace marvo

@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "viewer/HeadBox.h"
+
+#include "controls/ElidedLabel.h"
+#include "controls/ImageButton.h"
+#include "controls/ImageNamed.h"
+#include "texts/Localisation.h"
+#include "viewer/MainWindowCommands.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace marvo {
+
+namespace {
+
+constexpr int buttonSize = 34;
+constexpr int indicatorRoom = 200; // in the middle of the strip, for the loading indicator
+
+ImageButton* headButton(const char* name, const char* image, const char* titleKey, QWidget* parent)
+{
+    auto* button = new ImageButton(QLatin1StringView(image), localised(titleKey), parent);
+    button->setObjectName(QLatin1StringView(name));
+    button->setFixedSize(buttonSize, buttonSize);
+    return button;
+}
+
+} // namespace
+
+HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
+    : QWidget(parent),
+      m_commands(commands),
+      m_menuButton(headButton("menuButton", "icon_menu", "viewer.command.showMenu", this)),
+      m_brand(new QLabel(this)),
+      m_folder(new QWidget(this)),
+      m_folderName(new ElidedLabel(m_folder)),
+      m_folderDetail(new QLabel(m_folder))
+{
+    setObjectName(QStringLiteral("headBox"));
+
+    m_menuButton->setToolTip(commands.action(Command::ShowMenu)->toolTip());
+    connect(m_menuButton, &ImageButton::clicked, this, &HeadBox::popUpMenu);
+    connect(commands.action(Command::ShowMenu), &QAction::triggered, this, &HeadBox::popUpMenu);
+
+    m_brand->setObjectName(QStringLiteral("ci_no_bg"));
+    m_brand->setPixmap(imageNamed(QStringLiteral("ci_no_bg"), devicePixelRatioF()));
+    m_brand->setAccessibleName(QStringLiteral("MARVO"));
+
+    m_folderName->setObjectName(QStringLiteral("folderName"));
+    m_folderDetail->setObjectName(QStringLiteral("folderDetail"));
+    m_folderDetail->setTextFormat(Qt::PlainText);
+    auto* folder = new QVBoxLayout(m_folder);
+    folder->setContentsMargins(0, 0, 0, 0);
+    folder->setSpacing(0);
+    folder->addStretch();
+    folder->addWidget(m_folderName);
+    folder->addWidget(m_folderDetail);
+    folder->addStretch();
+
+    auto* open = headButton("openButton", "icon_folder", "viewer.command.openMediaDirectoryDialog", this);
+    open->setCommand(commands.action(Command::OpenMediaDirectoryDialog));
+    open->setText(localised("viewer.command.openMediaDirectoryDialog"));
+    open->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    open->setMinimumWidth(0);
+    open->setMaximumWidth(QWIDGETSIZE_MAX);
+    auto* minimise = headButton("minimiseButton", "icon_minimise", "viewer.window.minimise", this);
+    auto* zoom = headButton("zoomButton", "icon_zoom", "viewer.window.zoom", this);
+    auto* close = headButton("closeButton", "icon_close", "viewer.command.closeWindow", this);
+    close->setCommand(commands.action(Command::CloseWindow));
+    connect(minimise, &ImageButton::clicked, this, &HeadBox::minimiseClicked);
+    connect(zoom, &ImageButton::clicked, this, &HeadBox::zoomRequested);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(10, 0, 10, 0);
+    row->setSpacing(4);
+    row->addWidget(m_menuButton);
+    row->addSpacing(4);
+    row->addWidget(m_brand);
+    row->addStretch();
+    row->addWidget(open);
+    row->addSpacing(10);
+    row->addWidget(minimise);
+    row->addWidget(zoom);
+    row->addWidget(close);
+}
+
+void HeadBox::showFolder(const QString& name, const QString& detail)
+{
+    m_folderName->setFullText(name);
+    m_folderDetail->setText(detail);
+}
+
+void HeadBox::popUpMenu()
+{
+    m_commands.menu()->popup(m_menuButton->mapToGlobal(QPoint(0, m_menuButton->height() + 2)));
+}
+
+void HeadBox::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT zoomRequested();
+}
+
+void HeadBox::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // The folder's name keeps out of the middle, where the loading indicator appears.
+    const int left = 10 + buttonSize + 8 + m_brand->sizeHint().width() + 24;
+    const int right = (width() - indicatorRoom) / 2 - 12;
+    m_folder->setGeometry(left, 0, std::max(0, right - left), height());
+}
+
+} // namespace marvo

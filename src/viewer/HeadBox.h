@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace marvo {
+
+class ElidedLabel;
+class ImageButton;
+class MainWindowCommands;
+
+/// The title strip: menu, brand, the folder shown, the loading indicator's place, and the window's buttons.
+class HeadBox : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit HeadBox(const MainWindowCommands& commands, QWidget* parent = nullptr);
+
+    /// The folder's name and what is known of it, such as the number of its recordings.
+    void showFolder(const QString& name, const QString& detail);
+    /// Opens the menu below its button.
+    void popUpMenu();
+
+Q_SIGNALS:
+    void minimiseClicked();
+    void zoomRequested();
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    const MainWindowCommands& m_commands;
+    ImageButton* m_menuButton;
+    QLabel* m_brand;
+    QWidget* m_folder;
+    ElidedLabel* m_folderName;
+    QLabel* m_folderDetail;
+};
+
+} // namespace marvo

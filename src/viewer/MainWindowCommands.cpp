@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "viewer/MainWindowCommands.h"
+
+#include "texts/Localisation.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace marvo {
+
+namespace {
+
+struct MenuSection
+{
+    const char* titleKey; ///< of a submenu; none puts the commands into the menu itself
+    std::vector<Command> commands;
+};
+
+const std::vector<MenuSection>& menuTable()
+{
+    using enum Command;
+    static const std::vector<MenuSection> table{
+        {nullptr, {OpenMediaDirectoryDialog}},
+        {nullptr, {ShowSettingPanel, ShowTimeSetupPanel}},
+        {nullptr, {CaptureVideo, Print}},
+        {"viewer.menu.playback",
+         {ChangeAndPlay, ClickPlayButton, JumpBackward, JumpForward, DecreaseSpeed, IncreaseSpeed}},
+        {"viewer.menu.sound", {VolumeDown, VolumeUp}},
+        {"viewer.menu.view",
+         {ClickMediaListViewButton, ClickMapViewButton, SizeDown, SizeUp, ToggleFullScreen}},
+        {nullptr, {CloseWindow, Quit}},
+    };
+    return table;
+}
+
+} // namespace
+
+const std::vector<CommandRow>& commandTable()
+{
+    using enum Command;
+    using enum CommandRow::Repeat;
+    using enum CommandRow::Availability;
+    const auto key = [](int keyCode) { return QKeySequence(keyCode); };
+    const auto control = [](Qt::Key keyCode) { return QKeySequence(Qt::CTRL | keyCode); };
+    static const std::vector<CommandRow> table{
+        {OpenMediaDirectoryDialog, "openMediaDirectoryDialog", {key(Qt::Key_O), control(Qt::Key_O)}},
+        {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}, Once, NotYet},
+        {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}, Once, NotYet},
+        {CaptureVideo, "captureVideo", {control(Qt::Key_S)}, Once, NotYet},
+        {Print, "print", {control(Qt::Key_P)}, Once, NotYet},
+        {ChangeAndPlay, "changeAndPlay", {key(Qt::Key_Return), key(Qt::Key_Enter)}},
+        {ClickPlayButton, "clickPlayButton", {key(Qt::Key_Space)}},
+        {JumpBackward, "jumpBackward", {key(Qt::Key_Left)}, WhileHeld},
+        {JumpForward, "jumpForward", {key(Qt::Key_Right)}, WhileHeld},
+        {DecreaseSpeed, "decreaseSpeed", {key(Qt::Key_BracketLeft)}},
+        {IncreaseSpeed, "increaseSpeed", {key(Qt::Key_BracketRight)}},
+        {VolumeDown, "volumeDown", {key(Qt::Key_Down)}, WhileHeld},
+        {VolumeUp, "volumeUp", {key(Qt::Key_Up)}, WhileHeld},
+        {SizeDown, "sizeDown", {key(Qt::Key_Minus)}},
+        // The plus sign shares its key with the equals sign on many keyboards.
+        {SizeUp, "sizeUp", {key(Qt::Key_Plus), key(Qt::Key_Equal)}},
+        {ToggleFullScreen, "toggleFullScreen", {key(Qt::Key_F), key(Qt::Key_F11)}},
+        {ClickMediaListViewButton, "clickMediaListViewButton", {key(Qt::Key_L)}},
+        {ClickMapViewButton, "clickMapViewButton", {key(Qt::Key_M)}},
+        {ShowMenu, "showMenu", {key(Qt::Key_F10)}},
+        {CloseWindow, "closeWindow", {control(Qt::Key_W)}},
+        {Quit, "quit", {control(Qt::Key_Q)}},
+    };
+    return table;
+}
+
+MainWindowCommands::MainWindowCommands(QWidget& window) : QObject(&window), m_menu(new QMenu(&window))
+{
+    for (const CommandRow& row : commandTable()) {
+        auto* action = new QAction(this);
+        const QString title = localised(QStringLiteral("viewer.command.%1").arg(QLatin1StringView(row.name)));
+        action->setObjectName(QLatin1StringView(row.name));
+        action->setText(title);
+        action->setIconText(title);
+        action->setShortcuts(QList<QKeySequence>(row.shortcuts.begin(), row.shortcuts.end()));
+        action->setAutoRepeat(row.repeat == CommandRow::Repeat::WhileHeld);
+        const QString keyText = row.shortcuts.front().toString(QKeySequence::NativeText);
+        if (row.availability == CommandRow::Availability::NotYet) {
+            action->setEnabled(false);
+            action->setToolTip(localised("viewer.command.notYet").arg(title));
+        } else {
+            action->setToolTip(QStringLiteral("%1  (%2)").arg(title, keyText));
+        }
+        window.addAction(action);
+        m_actions.push_back(action);
+    }
+    buildMenu();
+}
+
+QAction* MainWindowCommands::action(Command command) const
+{
+    const auto& table = commandTable();
+    const auto row = std::ranges::find(table, command, &CommandRow::command);
+    return m_actions.at(static_cast<std::size_t>(row - table.begin()));
+}
+
+void MainWindowCommands::buildMenu()
+{
+    m_menu->setObjectName(QStringLiteral("mainMenu"));
+    m_menu->setToolTipsVisible(true);
+    for (const MenuSection& section : menuTable()) {
+        QMenu* menu = m_menu;
+        if (section.titleKey) {
+            menu = m_menu->addMenu(localised(section.titleKey));
+            menu->setToolTipsVisible(true);
+        }
+        for (const Command command : section.commands)
+            menu->addAction(action(command));
+        if (!section.titleKey)
+            m_menu->addSeparator();
+    }
+}
+
+} // namespace marvo

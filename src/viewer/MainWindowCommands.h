@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QKeySequence>
+#include <QList>
+#include <QObject>
+
+#include <vector>
+
+class QAction;
+class QMenu;
+class QWidget;
+
+namespace marvo {
+
+/// What the user can tell the main window to do.
+enum class Command {
+    OpenMediaDirectoryDialog,
+    ShowSettingPanel,
+    ShowTimeSetupPanel,
+    CaptureVideo,
+    Print,
+    ChangeAndPlay,
+    ClickPlayButton,
+    JumpBackward,
+    JumpForward,
+    DecreaseSpeed,
+    IncreaseSpeed,
+    VolumeDown,
+    VolumeUp,
+    SizeDown,
+    SizeUp,
+    ToggleFullScreen,
+    ClickMediaListViewButton,
+    ClickMapViewButton,
+    ShowMenu,
+    CloseWindow,
+    Quit,
+};
+
+/// One row of the table of commands.
+struct CommandRow
+{
+    enum class Repeat { Once, WhileHeld };
+    enum class Availability { Available, NotYet };
+
+    Command command;
+    const char* name; ///< the action's object name; "viewer.command." and the name make the key of its title
+    std::vector<QKeySequence> shortcuts;
+    Repeat repeat = Repeat::Once;
+    Availability availability = Availability::Available;
+};
+
+const std::vector<CommandRow>& commandTable();
+
+/// The main window's commands as actions with titles and shortcuts, and its menu made of them.
+class MainWindowCommands : public QObject
+{
+    Q_OBJECT
+public:
+    /// The shortcuts hold in the given window.
+    explicit MainWindowCommands(QWidget& window);
+
+    QAction* action(Command command) const;
+    QMenu* menu() const { return m_menu; }
+
+private:
+    void buildMenu();
+
+    std::vector<QAction*> m_actions;
+    QMenu* m_menu;
+};
+
+} // namespace marvo

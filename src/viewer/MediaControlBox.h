@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+#include <cstdint>
+
+class QLabel;
+
+namespace marvo {
+
+class FractionSlider;
+class ImageButton;
+class MainWindowCommands;
+
+/// A time within a recording as people read it: "0:07", "12:30", "1:02:03".
+QString playTimeText(std::int64_t timeMs);
+
+/// The strip of playback controls below the G-sensor graph.
+class MediaControlBox : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit MediaControlBox(const MainWindowCommands& commands, QWidget* parent = nullptr);
+
+    ImageButton* playButton() const { return m_playButton; }
+    FractionSlider* videoPositionSlider() const { return m_videoPositionSlider; }
+    FractionSlider* volumeSlider() const { return m_volumeSlider; }
+
+    void showPlaying(bool playing);
+    void showSpeed(double speed);
+    void showScale(double scale);
+    void showTime(std::int64_t timeMs, std::int64_t lengthMs);
+
+private:
+    ImageButton* m_playButton;
+    FractionSlider* m_videoPositionSlider;
+    FractionSlider* m_volumeSlider;
+    QLabel* m_speedTextButton;
+    QLabel* m_sizeTextButton;
+    QLabel* m_timeText;
+    QLabel* m_lengthText;
+};
+
+} // namespace marvo

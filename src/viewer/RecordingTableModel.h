@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QFont>
+#include <QHash>
+#include <QIcon>
+
+#include <array>
+#include <cstdint>
+
+namespace marvo {
+
+class MRVMedia;
+class MRVMediaList;
+
+/// The recording list as a table: one row a recording; kind, date, time and file.
+class RecordingTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    enum Column { SaveMode, Date, Time, File, ColumnCount };
+    /// The column's own name, "saveMode", "date", "time" or "file"; a header role.
+    static constexpr int IdentifierRole = Qt::UserRole + 1;
+    /// Whether the recording could not be played; the reason is the row's tool tip.
+    static constexpr int UnplayableRole = Qt::UserRole + 2;
+
+    /// The list is not owned and must outlive the model.
+    explicit RecordingTableModel(const MRVMediaList& mediaList, QObject* parent = nullptr);
+
+    /// Shows what the list holds now; marks of the rows before are gone.
+    void reload();
+    /// Marks one row as the one in the player; -1 marks none.
+    void setPlayingRow(std::int64_t row);
+    void markUnplayable(std::int64_t row, const QString& reason);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    struct Kind
+    {
+        QString title;
+        QIcon icon;
+    };
+
+    const Kind& kindOf(const MRVMedia& media) const;
+    QString text(const MRVMedia& media, int column) const;
+    QString accessibleText(const MRVMedia& media, int row, int column) const;
+    void rowChanged(std::int64_t row);
+
+    const MRVMediaList& m_mediaList;
+    std::array<QString, ColumnCount> m_columnNames;
+    std::array<Kind, 4> m_kinds;
+    QFont m_font;
+    QFont m_playingFont;
+    int m_rows = 0;
+    std::int64_t m_playingRow = -1;
+    QHash<std::int64_t, QString> m_unplayable;
+};
+
+} // namespace marvo
