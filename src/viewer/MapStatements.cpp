@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/MapStatements.h"
 
+#include "support/FixedText.h"
+
 #include <cmath>
 #include <optional>
 
@@ -43,7 +45,9 @@ QString pointList(const QList<MapPoint>& points)
 
 QString setLatLag(const MapPoint& point)
 {
-    return QString::asprintf("setLatLag('%lf','%lf')", point.longitude, point.latitude);
+    return QStringLiteral("setLatLag('%1','%2')")
+        .arg(QString::fromStdString(fixedText(point.longitude, 6)),
+             QString::fromStdString(fixedText(point.latitude, 6)));
 }
 
 QString debug(const QString& message) { return QStringLiteral("MRVDebug(%1)").arg(quoted(message)); }
