@@ -1,0 +1,302 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "support/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+namespace marvo {
+
+namespace {
+
+std::error_code systemError() { return {errno, std::generic_category()}; }
+
+/// A descriptor that is closed at the end of its block.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    explicit operator bool() const { return m_number >= 0; }
+    int operator*() const { return m_number; }
+
+private:
+    int m_number;
+};
+
+void closeAndForget(int& descriptor)
+{
+    if (descriptor >= 0)
+        ::close(std::exchange(descriptor, -1));
+}
+
+std::error_code writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return systemError();
+        if (count == 0)
+            return std::make_error_code(std::errc::io_error);
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+/// The whole content of a file that is open for reading.
+std::error_code readAll(int descriptor, std::string& content)
+{
+    content.clear();
+    std::array<char, 65536> piece;
+    while (true) {
+        const ssize_t count =
+            ::pread(descriptor, piece.data(), piece.size(), static_cast<off_t>(content.size()));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return systemError();
+        if (count == 0)
+            return {};
+        content.append(piece.data(), static_cast<std::size_t>(count));
+    }
+}
+
+/// Some file systems cannot sync a folder and say so; that is no fault.
+std::error_code syncFolder(int folder)
+{
+    const Descriptor readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!readable || ::fsync(*readable) == 0 || errno == EINVAL || errno == ENOSYS)
+        return {};
+    return systemError();
+}
+
+/// Gives a file the owner and the permissions of another one. Both may be refused: only the administrator
+/// gives files away, and a card's file system has no permissions to change.
+std::error_code takeOver(const struct stat& from, int descriptor)
+{
+    struct stat now;
+    if (::fstat(descriptor, &now) != 0)
+        return systemError();
+    const bool sameOwner = now.st_uid == from.st_uid && now.st_gid == from.st_gid;
+    if (!sameOwner && ::fchown(descriptor, from.st_uid, from.st_gid) != 0 && errno != EPERM)
+        return systemError();
+    if (::fchmod(descriptor, from.st_mode & 07777) != 0 && errno != EPERM)
+        return systemError();
+    return {};
+}
+
+std::string unpredictableName()
+{
+    std::uint64_t number = 0;
+    if (::getentropy(&number, sizeof number) != 0)
+        return {};
+    std::string name = ".marvo-";
+    for (int shift = 60; shift >= 0; shift -= 4)
+        name += "0123456789abcdef"[number >> shift & 15];
+    return name;
+}
+
+/// What a link finally points to, be there a file or not. Only the last component is looked at; where that
+/// is no link the path comes back as it is.
+std::error_code followLinks(std::string& path)
+{
+    for (int links = 0; links < 40; ++links) {
+        std::string target(4096, '\0');
+        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+        if (length < 0)
+            return errno == EINVAL || errno == ENOENT ? std::error_code() : systemError();
+        target.resize(static_cast<std::size_t>(length));
+        if (target.starts_with('/'))
+            path = target;
+        else
+            path.replace(path.rfind('/') + 1, std::string::npos, target);
+    }
+    return std::make_error_code(std::errc::too_many_symbolic_link_levels);
+}
+
+/// True for errors with which a folder refuses a new file, or to have one replaced, that do not speak against
+/// writing into a file that is there.
+bool isRefusal(const std::error_code& error)
+{
+    return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
+           error == std::errc::read_only_file_system || error == std::errc::device_or_resource_busy ||
+           error == std::errc::text_file_busy;
+}
+
+} // namespace
+
+std::error_code AtomicFile::open(const std::string& path)
+{
+    discard();
+    m_error = stage(path);
+    if (m_error) {
+        const std::error_code error = m_error;
+        discard();
+        m_error = error;
+    }
+    return m_error;
+}
+
+std::error_code AtomicFile::stage(const std::string& path)
+{
+    struct stat status;
+    const bool exists = ::stat(path.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT)
+        return systemError();
+    if (exists && S_ISDIR(status.st_mode))
+        return std::make_error_code(std::errc::is_a_directory);
+    m_targetIsRegular = !exists || S_ISREG(status.st_mode);
+
+    std::string target = path;
+    if (m_targetIsRegular) {
+        if (const std::error_code error = followLinks(target))
+            return error;
+    }
+    const std::size_t slash = target.rfind('/');
+    m_name = target.substr(slash == std::string::npos ? 0 : slash + 1);
+    if (m_name.empty())
+        return std::make_error_code(path.empty() ? std::errc::no_such_file_or_directory
+                                                 : std::errc::is_a_directory);
+    const std::string folder = slash == std::string::npos ? "." : target.substr(0, slash + 1);
+    m_folder = ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (m_folder < 0)
+        return systemError();
+    if (exists && ::faccessat(m_folder, m_name.c_str(), W_OK, AT_EACCESS) != 0)
+        return systemError();
+
+    std::error_code error;
+    if (m_targetIsRegular) {
+        error = stageBeside(exists ? &status : nullptr);
+        if (!error || !exists || !isRefusal(error))
+            return error;
+    }
+    m_staged = ::memfd_create("marvo", MFD_CLOEXEC);
+    return m_staged < 0 ? systemError() : std::error_code();
+}
+
+std::error_code AtomicFile::stageBeside(const struct stat* target)
+{
+    for (int attempt = 0; attempt < 16; ++attempt) {
+        const std::string name = unpredictableName();
+        if (name.empty())
+            return systemError();
+        m_staged = ::openat(m_folder, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
+                            target != nullptr ? target->st_mode & 0777 : 0666);
+        if (m_staged < 0 && errno == EEXIST)
+            continue;
+        if (m_staged < 0)
+            return systemError();
+        m_temporaryName = name;
+        return target != nullptr ? takeOver(*target, m_staged) : std::error_code();
+    }
+    return std::make_error_code(std::errc::file_exists);
+}
+
+std::error_code AtomicFile::write(std::string_view bytes)
+{
+    if (!m_error)
+        m_error = writeAll(m_staged, bytes);
+    return m_error;
+}
+
+std::error_code AtomicFile::commit()
+{
+    const std::error_code error = m_error ? m_error : putInPlace();
+    discard();
+    return error;
+}
+
+std::error_code AtomicFile::putInPlace()
+{
+    if (m_temporaryName.empty())
+        return writeIntoTarget();
+    if (::fsync(m_staged) != 0)
+        return systemError();
+    if (::renameat(m_folder, m_temporaryName.c_str(), m_folder, m_name.c_str()) == 0) {
+        m_temporaryName.clear();
+        return syncFolder(m_folder);
+    }
+    const std::error_code error = systemError();
+    if (!isRefusal(error) || ::faccessat(m_folder, m_name.c_str(), W_OK, AT_EACCESS) != 0)
+        return error;
+    return writeIntoTarget();
+}
+
+std::error_code AtomicFile::writeIntoTarget()
+{
+    std::string content;
+    if (const std::error_code error = readAll(m_staged, content))
+        return error;
+
+    const int kept = O_CLOEXEC | O_NOCTTY | O_NONBLOCK | (m_targetIsRegular ? O_NOFOLLOW : 0);
+    if (!m_targetIsRegular) {
+        // The opening must not wait for a pipe's reader, the writing may.
+        const Descriptor device(::openat(m_folder, m_name.c_str(), O_WRONLY | kept));
+        if (!device || ::fcntl(*device, F_SETFL, 0) != 0)
+            return systemError();
+        return writeAll(*device, content);
+    }
+
+    // A file that may be written but not read gets no second chance.
+    std::optional<std::string> old;
+    Descriptor readable(::openat(m_folder, m_name.c_str(), O_RDONLY | kept));
+    if (readable) {
+        old.emplace();
+        if (const std::error_code error = readAll(*readable, *old))
+            return error;
+    }
+    const Descriptor target(::openat(m_folder, m_name.c_str(), O_WRONLY | kept));
+    if (!target)
+        return systemError();
+    const auto replaceBy = [&](const std::string& bytes) -> std::error_code {
+        if (::lseek(*target, 0, SEEK_SET) < 0)
+            return systemError();
+        if (const std::error_code error = writeAll(*target, bytes))
+            return error;
+        if (::ftruncate(*target, static_cast<off_t>(bytes.size())) != 0 || ::fsync(*target) != 0)
+            return systemError();
+        return {};
+    };
+    const std::error_code error = replaceBy(content);
+    if (error && old)
+        replaceBy(*old);
+    return error;
+}
+
+void AtomicFile::discard()
+{
+    if (!m_temporaryName.empty())
+        ::unlinkat(m_folder, m_temporaryName.c_str(), 0);
+    m_temporaryName.clear();
+    closeAndForget(m_staged);
+    closeAndForget(m_folder);
+    m_error = std::make_error_code(std::errc::bad_file_descriptor);
+}
+
+std::error_code writeFileAtomically(const std::string& path, std::string_view bytes)
+{
+    AtomicFile file;
+    if (const std::error_code error = file.open(path))
+        return error;
+    file.write(bytes);
+    return file.commit();
+}
+
+} // namespace marvo

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <system_error>
+
+struct stat;
+
+namespace marvo {
+
+/// A file that is written whole or not at all: until commit() has succeeded whoever opens the path sees the
+/// old file, and after it the new one, also when the machine loses power or the card is pulled out in
+/// between.
+///
+/// The pieces go to a temporary file beside the target, which commit() syncs and renames over it. Where the
+/// folder takes no new file, or will not have this one replaced, but the target itself can be written,
+/// commit() writes into the target; if that fails midway the old content is put back as well as can be. A
+/// link stays, what it points to is replaced. A target that exists keeps its permissions, one that is
+/// write-protected is refused. A device or pipe is written to as it is, at commit().
+///
+/// Any thread, one at a time. Errors are the system's own (std::generic_category).
+class AtomicFile
+{
+public:
+    AtomicFile() = default;
+    ~AtomicFile() { discard(); }
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// Begins a new content for the file at the path; what was begun before is discarded.
+    std::error_code open(const std::string& path);
+    /// Adds a piece. After an error nothing more is added, and commit() gives the same error.
+    std::error_code write(std::string_view bytes);
+    /// Puts the new content in place. With an error the old file stands and the new content is gone.
+    std::error_code commit();
+    /// Leaves the file as it is and removes the temporary.
+    void discard();
+
+private:
+    std::error_code stage(const std::string& path);
+    std::error_code stageBeside(const struct ::stat* target);
+    std::error_code putInPlace();
+    std::error_code writeIntoTarget();
+
+    std::string m_name;          ///< of the target in its folder
+    std::string m_temporaryName; ///< empty while the content is staged in memory
+    int m_folder = -1;           ///< of the target, and of the temporary
+    int m_staged = -1;           ///< the new content so far
+    bool m_targetIsRegular = true;
+    std::error_code m_error = std::make_error_code(std::errc::bad_file_descriptor);
+};
+
+/// Writes one file whole or not at all, as AtomicFile does.
+std::error_code writeFileAtomically(const std::string& path, std::string_view bytes);
+
+} // namespace marvo
