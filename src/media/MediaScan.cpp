@@ -196,7 +196,8 @@ MediaScan scanFolder(const std::string& folder, const std::stop_token& stop,
 {
     FolderWalk walk(stop, onFound);
     MediaScan scan;
-    scan.folderError = walk.eachDir(absoluteFilePath(folder));
+    // An empty path is no folder, least of all the current one.
+    scan.folderError = walk.eachDir(folder.empty() ? folder : absoluteFilePath(folder));
     if (!stop.stop_requested())
         scan.medias = sortedByDate(walk.takeFound());
     return scan;

@@ -141,6 +141,7 @@ TEST(MediaScan, tellsWhyAFolderCannotBeListed)
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
     ASSERT_EQ(::symlink("loop", folder.path("loop").c_str()), 0);
     const std::pair<std::string, std::errc> rows[] = {
+        {"", std::errc::no_such_file_or_directory},
         {folder.path("missing"), std::errc::no_such_file_or_directory},
         {folder.path("file.avi"), std::errc::not_a_directory},
         {folder.path("pipe"), std::errc::not_a_directory},
