@@ -1,0 +1,444 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "viewer/VlcPlayer.h"
+#include "viewer/player_films.h"
+#include "viewer/VideoView.h"
+#include "viewer/VlcSession.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <memory>
+
+#include <sys/stat.h>
+
+using namespace marvo;
+using marvo::test::Film;
+using State = MediaPlayer::State;
+
+/// The player with real films and the real library; only the sound goes nowhere.
+class VlcPlayerTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    struct Stage
+    {
+        VideoView view;
+        VlcPlayer player{&view};
+        QSignalSpy failures{&player, &MediaPlayer::failed};
+        Stage()
+        {
+            view.resize(320, 180);
+            view.show();
+        }
+        void start(const QString& file)
+        {
+            player.setMedia(QFile::encodeName(file).toStdString());
+            player.play();
+        }
+        /// How far the picture shown is from the time told, in milliseconds.
+        std::int64_t pictureErrorMs() const
+        {
+            const int number = test::pictureNumber(player.currentFrame());
+            return std::abs(number * 1000LL / test::FilmFps - player.timeMs());
+        }
+    };
+
+    QTemporaryDir m_folder;
+    QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    void write(const char* name, const QByteArray& bytes) const
+    {
+        QFile out(file(name));
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        QCOMPARE(out.write(bytes), bytes.size());
+    }
+    QByteArray read(const char* name) const
+    {
+        QFile in(file(name));
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
+        QVERIFY(test::writeFilm({Film::Codec::H264, 4}, file("h264.avi")));
+        QVERIFY(test::writeFilm({Film::Codec::H264, 1}, file("second.avi")));
+        QVERIFY(test::writeFilm({Film::Codec::H264, 1.0 / test::FilmFps}, file("picture.avi")));
+        QVERIFY(test::writeFilm({Film::Codec::H264, 4, false}, file("silent.avi")));
+        QVERIFY(test::writeFilm({Film::Codec::H264, 4, true, false}, file("sound.avi")));
+        QVERIFY(test::writeFilm({Film::Codec::MotionJpeg, 4}, file("mjpeg.avi")));
+        // What is left when the power goes: no index, and sizes that reach past the end of the file.
+        for (const char* name : {"h264.avi", "mjpeg.avi"}) {
+            const QByteArray whole = read(name);
+            write((QByteArray("cut_") + name).constData(), whole.left(whole.size() * 3 / 4));
+        }
+        write("empty.avi", {});
+        QByteArray noise(200'000, '\0');
+        QRandomGenerator(1).fillRange(reinterpret_cast<quint32*>(noise.data()), noise.size() / 4);
+        write("noise.avi", noise);
+        write("noise_after_header.avi", read("h264.avi").left(6000) + noise);
+        QByteArray unknownCodec = read("h264.avi");
+        unknownCodec.replace("H264", "Zq0x");
+        write("unknown_codec.avi", unknownCodec);
+        const QByteArray whole = read("h264.avi");
+        write("header_only.avi", whole.left(whole.indexOf("movi") + 4));
+        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.avi")));
+        QCOMPARE(::mkfifo(QFile::encodeName(file("pipe.avi")).constData(), 0600), 0);
+    }
+
+    void playsToItsEndAndRestsOnTheLastPicture_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("lastPicture"); // -1: not known
+        QTest::newRow("H.264") << "h264.avi" << 119;
+        QTest::newRow("motion JPEG") << "mjpeg.avi" << 119;
+        QTest::newRow("no sound") << "silent.avi" << 119;
+        QTest::newRow("one second") << "second.avi" << 29;
+        QTest::newRow("one picture") << "picture.avi" << 0;
+        QTest::newRow("H.264 cut off") << "cut_h264.avi" << -1;
+        QTest::newRow("motion JPEG cut off") << "cut_mjpeg.avi" << -1;
+    }
+    void playsToItsEndAndRestsOnTheLastPicture()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, lastPicture);
+        Stage stage;
+        stage.player.setRate(2);
+        stage.start(m_folder.filePath(name));
+        double last = 0;
+        bool wentBack = false;
+        connect(&stage.player, &MediaPlayer::timeChanged, &stage.view, [&] {
+            wentBack = wentBack || stage.player.position() < last - 0.05;
+            last = stage.player.position();
+        });
+        QTRY_COMPARE_WITH_TIMEOUT(stage.player.state(), State::Paused, 6000);
+        QCOMPARE(stage.player.position(), 1.0);
+        QCOMPARE(stage.player.remainingTimeMs(), 0);
+        QVERIFY(!wentBack);
+        QVERIFY(stage.failures.isEmpty());
+        if (lastPicture >= 0)
+            QTRY_VERIFY2(test::pictureNumber(stage.player.currentFrame()) >=
+                             lastPicture - 1, // one may be late
+                         qPrintable(QString::number(test::pictureNumber(stage.player.currentFrame()))));
+        QCOMPARE(stage.player.audioTrackCount(), name == QLatin1String("silent.avi") ? 0 : 1);
+        QCOMPARE(stage.player.videoSize(), QSize(640, 360));
+
+        // Playing on from the end begins anew.
+        double firstPosition = -1;
+        connect(&stage.player, &MediaPlayer::stateChanged, &stage.view, [&] {
+            if (stage.player.isPlaying())
+                firstPosition = stage.player.position();
+        });
+        stage.player.play();
+        QTRY_VERIFY(firstPosition >= 0 && firstPosition < 0.1);
+    }
+
+    void saysWhyAFileCannotBePlayed_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("missing") << "nowhere.avi"
+                                 << "play.error_missing";
+        QTest::newRow("empty") << "empty.avi"
+                               << "play.error_empty";
+        QTest::newRow("folder") << "folder.avi"
+                                << "play.error_not_a_file";
+        QTest::newRow("pipe that nobody writes into") << "pipe.avi"
+                                                      << "play.error_not_a_file";
+        QTest::newRow("random bytes") << "noise.avi"
+                                      << "play.error_not_avi";
+        QTest::newRow("sound only") << "sound.avi"
+                                    << "play.error_no_video";
+        QTest::newRow("header only") << "header_only.avi"
+                                     << "play.error_unreadable";
+        QTest::newRow("random bytes after a header") << "noise_after_header.avi"
+                                                     << "play.error_unreadable";
+        QTest::newRow("unknown codec") << "unknown_codec.avi"
+                                       << "play.error_unreadable";
+    }
+    void saysWhyAFileCannotBePlayed()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, reason);
+        Stage stage;
+        QSignalSpy states(&stage.player, &MediaPlayer::stateChanged);
+        bool everPlayed = false;
+        connect(&stage.player, &MediaPlayer::stateChanged, &stage.view,
+                [&] { everPlayed = everPlayed || stage.player.isPlaying(); });
+        stage.start(m_folder.filePath(name));
+        QVERIFY(stage.failures.isEmpty()); // never from inside play()
+        QTRY_COMPARE_WITH_TIMEOUT(stage.failures.size(), 1, 8000);
+        QCOMPARE(stage.failures[0][0].toString(), reason); // no string table here: the key
+        QCOMPARE(stage.player.state(), State::Failed);
+        QVERIFY(!everPlayed);
+
+        // A second try is made, and another file plays.
+        stage.player.play();
+        QCOMPARE(stage.player.state(), State::Opening);
+        if (reason != QLatin1String("play.error_unreadable")) // that one takes seconds
+            QTRY_COMPARE(stage.failures.size(), 2);
+        stage.failures.clear();
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        QVERIFY(stage.failures.isEmpty());
+    }
+
+    void givesUpWaitingForACard()
+    {
+        Stage stage;
+        stage.player.setStartTimeoutMs(0); // no card answers in no time
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.failures.size(), 1);
+        QCOMPARE(stage.failures[0][0].toString(), QStringLiteral("play.error_no_answer"));
+        QTest::qWait(300);
+        QCOMPARE(stage.player.state(), State::Failed);
+        QVERIFY(stage.player.currentFrame().isNull());
+    }
+
+    void seeks_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("paused");
+        for (const char* name : {"h264.avi", "mjpeg.avi", "silent.avi", "cut_h264.avi", "cut_mjpeg.avi"}) {
+            QTest::addRow("%s playing", name) << QString::fromLatin1(name) << false;
+            if (QByteArray(name) != "cut_h264.avi") // no key frames are known there: grey until the next
+                QTest::addRow("%s paused", name) << QString::fromLatin1(name) << true;
+        }
+    }
+    void seeks()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, paused);
+        Stage stage;
+        stage.start(m_folder.filePath(name));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        if (paused) {
+            stage.player.pause();
+            QTRY_COMPARE(stage.player.state(), State::Paused);
+        }
+        for (const int targetMs : {2500, 700, 1900, 0}) {
+            stage.player.setTimeMs(targetMs);
+            QCOMPARE(stage.player.timeMs(), targetMs);
+            QTRY_VERIFY2_WITH_TIMEOUT(stage.pictureErrorMs() <= (paused ? 40 : 150),
+                                      qPrintable(QStringLiteral("target %1").arg(targetMs)), 2000);
+            if (paused)
+                QCOMPARE(stage.player.timeMs(), targetMs);
+            else
+                QVERIFY(stage.player.timeMs() >= targetMs - 40 && stage.player.timeMs() < targetMs + 1000);
+            QCOMPARE(stage.player.state(), paused ? State::Paused : State::Playing);
+        }
+    }
+
+    void aDraggedSliderEndsWhereItWasLeft()
+    {
+        Stage stage;
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        stage.player.pause();
+        QTRY_COMPARE(stage.player.state(), State::Paused);
+        for (int i = 0; i <= 60; ++i) {
+            stage.player.setPosition(0.1 + i * 0.01);
+            QTest::qWait(5);
+        }
+        QTRY_VERIFY(std::abs(test::pictureNumber(stage.player.currentFrame()) - 84) <= 1); // 0.7 of 120
+        QVERIFY(std::abs(stage.player.position() - 0.7) < 0.001);
+    }
+
+    void goesToTheEndWhilePaused()
+    {
+        Stage stage;
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        stage.player.pause();
+        QTRY_COMPARE(stage.player.state(), State::Paused);
+        stage.player.setTimeMs(stage.player.lengthMs());
+        QCOMPARE(stage.player.position(), 1.0);
+        QTRY_COMPARE(test::pictureNumber(stage.player.currentFrame()), 119);
+        QCOMPARE(stage.player.state(), State::Paused);
+        QCOMPARE(stage.player.position(), 1.0);
+
+        // Back from there and on.
+        stage.player.setTimeMs(2000);
+        stage.player.play();
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        QVERIFY(stage.player.timeMs() >= 1960 && stage.player.timeMs() < 2600);
+        QTRY_VERIFY(stage.pictureErrorMs() < 150);
+        stage.player.setTimeMs(stage.player.lengthMs());
+        QTRY_COMPARE(stage.player.state(), State::Paused);
+        QCOMPARE(stage.player.position(), 1.0);
+        for (int round = 0; round < 3; ++round) { // from the end to the middle and to the end again
+            stage.player.setTimeMs(3000);
+            stage.player.play();
+            QTRY_COMPARE(stage.player.state(), State::Playing);
+            QTRY_COMPARE(stage.player.state(), State::Paused);
+            QCOMPARE(stage.player.position(), 1.0);
+        }
+        // To the end and back in haste.
+        stage.player.setTimeMs(1000);
+        QTest::qWait(100);
+        for (const int delayMs : {0, 20, 80, 300}) {
+            stage.player.setTimeMs(stage.player.lengthMs());
+            QTest::qWait(delayMs);
+            stage.player.setTimeMs(1500);
+            QTRY_COMPARE(test::pictureNumber(stage.player.currentFrame()), 45);
+            QTest::qWait(150);
+            QCOMPARE(test::pictureNumber(stage.player.currentFrame()), 45);
+            QCOMPARE(stage.player.state(), State::Paused);
+            QCOMPARE(stage.player.timeMs(), 1500);
+        }
+        for (const int delayMs : {0, 20, 80, 300}) {
+            stage.player.setTimeMs(stage.player.lengthMs());
+            QTest::qWait(delayMs);
+            stage.player.play(); // from the beginning
+            QTRY_COMPARE(stage.player.state(), State::Playing);
+            QTest::qWait(250);
+            QCOMPARE(stage.player.state(), State::Playing);
+            QVERIFY(stage.player.timeMs() < 1000);
+            stage.player.pause();
+            QTRY_COMPARE(stage.player.state(), State::Paused);
+        }
+    }
+
+    void pauseAndPlayInHasteEndAsLastSaid()
+    {
+        Stage stage;
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        for (int i = 0; i < 10; ++i) {
+            stage.player.pause();
+            stage.player.play();
+        }
+        QTest::qWait(300);
+        QCOMPARE(stage.player.state(), State::Playing);
+        QVERIFY(stage.player.position() < 0.5); // no such pause was taken for the end
+        for (int i = 0; i < 10; ++i) {
+            stage.player.play();
+            stage.player.pause();
+            QTest::qWait(i);
+        }
+        QTRY_COMPARE(stage.player.state(), State::Paused);
+        const auto restingMs = stage.player.timeMs();
+        QTest::qWait(300);
+        QCOMPARE(stage.player.state(), State::Paused);
+        QCOMPARE(stage.player.timeMs(), restingMs);
+        QVERIFY(stage.player.position() < 0.5);
+    }
+
+    void timeFollowsTheRate()
+    {
+        Stage stage;
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        stage.player.setRate(2);
+        QTest::qWait(200);
+        QElapsedTimer clock;
+        clock.start();
+        const auto before = stage.player.timeMs();
+        QTest::qWait(700);
+        const double rate =
+            static_cast<double>(stage.player.timeMs() - before) / static_cast<double>(clock.elapsed());
+        QVERIFY2(rate > 1.6 && rate < 2.4, qPrintable(QString::number(rate)));
+        QVERIFY(stage.pictureErrorMs() < 250);
+    }
+
+    void startsOvertakeEachOther()
+    {
+        Stage stage;
+        for (int i = 0; i < 50; ++i) {
+            stage.start(i % 3 == 0 ? file("mjpeg.avi") : i % 3 == 1 ? file("nowhere.avi") : file("h264.avi"));
+            if (i % 4 == 0)
+                QTest::qWait(i);
+        }
+        stage.failures.clear();
+        stage.start(file("second.avi"));
+        QTRY_COMPARE_WITH_TIMEOUT(stage.player.state(), State::Paused, 5000);
+        QCOMPARE(stage.player.lengthMs(), 1000);
+        QVERIFY(stage.failures.isEmpty());
+
+        // What has been stopped shows nothing more.
+        stage.start(file("h264.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        stage.player.stop();
+        QCOMPARE(stage.player.state(), State::Stopped);
+        QSignalSpy times(&stage.player, &MediaPlayer::timeChanged);
+        QTest::qWait(200);
+        QVERIFY(stage.view.image().isNull());
+        QVERIFY(times.isEmpty());
+        stage.player.play();
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        stage.player.setMedia({});
+        QVERIFY(!stage.player.hasMedia());
+        QCOMPARE(stage.player.state(), State::Idle);
+        QVERIFY(stage.view.image().isNull());
+    }
+
+    void diesWhilePlaying()
+    {
+        for (int delayMs : {0, 1, 5, 20, 60, 200}) {
+            auto view = std::make_unique<VideoView>();
+            auto player = std::make_unique<VlcPlayer>(view.get());
+            player->setMedia(QFile::encodeName(file("h264.avi")).toStdString());
+            player->play();
+            QTest::qWait(delayMs);
+            if (delayMs % 2 == 0)
+                view.reset(); // the view may go first
+            QElapsedTimer clock;
+            clock.start();
+            player.reset();
+            QVERIFY2(clock.elapsed() < 1000, "the end of the player held the window up");
+        }
+    }
+
+    void playsNamesThatAreNotUtf8()
+    {
+        const QByteArray name = QFile::encodeName(m_folder.path()) + "/b\xE9\xFF #%41?.avi";
+        QFile in(file("second.avi"));
+        QVERIFY(in.open(QIODevice::ReadOnly));
+        FILE* out = std::fopen(name.constData(), "wb");
+        QVERIFY(out != nullptr);
+        const QByteArray bytes = in.readAll();
+        QCOMPARE(std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), out),
+                 static_cast<std::size_t>(bytes.size()));
+        std::fclose(out);
+        Stage stage;
+        stage.player.setMedia(name.toStdString());
+        stage.player.play();
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+    }
+
+    void twoPlayersPlayAtOnce()
+    {
+        Stage one;
+        Stage two;
+        one.start(file("h264.avi"));
+        two.start(file("mjpeg.avi"));
+        QTRY_COMPARE(one.player.state(), State::Playing);
+        QTRY_COMPARE(two.player.state(), State::Playing);
+        one.player.stop();
+        const auto before = two.player.timeMs();
+        QTRY_VERIFY(two.player.timeMs() > before + 200);
+    }
+
+    void theViewIsFilled()
+    {
+        Stage stage;
+        stage.view.resize(300, 400); // not the film's shape
+        QCOMPARE(stage.view.grab().toImage().pixelColor(150, 200), QColor(Qt::black));
+        QImage picture(64, 36, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        stage.view.setImage(picture);
+        const QImage shown = stage.view.grab().toImage();
+        for (const QPoint corner : {QPoint(0, 0), QPoint(299, 0), QPoint(0, 399), QPoint(299, 399)})
+            QCOMPARE(shown.pixelColor(corner), QColor(Qt::red));
+    }
+};
+
+QTEST_MAIN(VlcPlayerTest)
+#include "player_test.moc"
