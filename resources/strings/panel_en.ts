@@ -3,7 +3,6 @@
 <TS version="2.1" language="en">
 <context>
     <name></name>
-    <message id="graph.name"><source></source><translation>G-sensor graph</translation></message>
     <message id="graph.value"><source></source><translation>%1 % of the recording</translation></message>
     <message id="graph.no_data"><source></source><translation>No G-sensor readings</translation></message>
 </context>

@@ -73,7 +73,7 @@ GraphView::GraphView(QWidget* parent) : QWidget(parent)
 {
     installAccessibleValues();
     setObjectName(QStringLiteral("graphView"));
-    setAccessibleName(localised("graph.name"));
+    setAccessibleName(localised("viewer.gsensor.graph"));
     setFocusPolicy(Qt::TabFocus); // a click seeks, and leaves the focus with the recording list
 }
 

@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using namespace marvo;
 
@@ -59,60 +60,24 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale(QLocale::German));
     }
 
-    void readingText_data()
+    void readings()
     {
-        QTest::addColumn<float>("x");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char* name, double x, const char* text) {
-            QTest::newRow(name) << static_cast<float>(x) << QString::fromLatin1(text);
+        const std::vector<std::pair<double, const char*>> rows{
+            {0.25, "X=+0.25"},      {-1.5, "X=-1.50"},           {0, "X=0.00"}, {1 / 256., "X=+0.00"},
+            {-1 / 256., "X=-0.00"}, {0.125, "X=+0.12"}, // a tie goes to the even digit
+            {0.375, "X=+0.38"},     {-8388608, "X=-8388608.00"},
         };
-        row("positive", 0.25, "X=+0.25");
-        row("negative", -1.5, "X=-1.50");
-        row("zero", 0, "X=0.00");
-        row("a single step up rounds to nothing", 1 / 256., "X=+0.00");
-        row("a single step down keeps its sign", -1 / 256., "X=-0.00");
-        row("tie to the even digit below", 0.125, "X=+0.12");
-        row("tie to the even digit above", 0.375, "X=+0.38");
-        row("single precision stays what it is", 2.675F, "X=+2.67"); // 2.67499...
-        row("largest raw reading", 8388607.996, "X=+8388608.00");
-        row("smallest raw reading", -8388608, "X=-8388608.00");
-    }
-
-    void readingText()
-    {
-        QFETCH(float, x);
-        QFETCH(QString, text);
-        const MRVGSensor sample{.x = x, .y = -1, .z = 2};
-        const GsensorPanel panel = gsensorPanelAt(0.3, {&sample, 1});
-        QCOMPARE(shown(panel.gsensorXField), text);
-        QCOMPARE(shown(panel.gsensorYField), QStringLiteral("Y=-1.00"));
-        QCOMPARE(shown(panel.gsensorZField), QStringLiteral("Z=+2.00"));
-    }
-
-    void readingOfPosition_data()
-    {
-        QTest::addColumn<double>("position");
-        QTest::addColumn<int>("entry");
-        QTest::newRow("start") << 0.0 << 0;
-        QTest::newRow("middle") << 0.5 << 50;
-        QTest::newRow("just before an entry") << 0.4999999 << 49;
-        QTest::newRow("end") << 1.0 << 99;
-        QTest::newRow("beyond") << 1.7 << 99;
-        QTest::newRow("negative") << -0.5 << 99;
-        QTest::newRow("barely negative truncates to zero") << -0.001 << 0;
-        QTest::newRow("beyond 64 bits") << 1e30 << 99;
-        QTest::newRow("not a number") << notANumber << 99;
-    }
-
-    void readingOfPosition()
-    {
-        QFETCH(double, position);
-        QFETCH(int, entry);
-        std::vector<MRVGSensor> samples(100);
-        for (int i = 0; i < 100; ++i)
-            samples[i].x = static_cast<float>(i + 1);
-        QCOMPARE(shown(gsensorPanelAt(position, samples).gsensorXField),
-                 QStringLiteral("X=+%1.00").arg(entry + 1));
+        std::vector<MRVGSensor> samples;
+        for (const auto& [x, text] : rows)
+            samples.push_back({.x = static_cast<float>(x), .y = -1, .z = 2});
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const GsensorPanel panel = gsensorPanelAt(static_cast<double>(i) / 8, samples);
+            QCOMPARE(shown(panel.gsensorXField), QString::fromLatin1(rows[i].second));
+            QCOMPARE(shown(panel.gsensorYField), QStringLiteral("Y=-1.00"));
+            QCOMPARE(shown(panel.gsensorZField), QStringLiteral("Z=+2.00"));
+        }
+        for (const double past : {1.0, 1.7, -0.5, 1e30, notANumber})
+            QCOMPARE(shown(gsensorPanelAt(past, samples).gsensorXField), QStringLiteral("X=-8388608.00"));
     }
 
     void withoutReadingsFieldsStay()
@@ -121,54 +86,45 @@ private Q_SLOTS:
         QVERIFY(!panel.gsensorXField && !panel.gsensorYField && !panel.gsensorZField);
     }
 
-    void place_data()
-    {
-        QTest::addColumn<double>("latitude");
-        QTest::addColumn<double>("longitude");
-        QTest::addColumn<QString>("hemispheres");
-        QTest::addColumn<QString>("latitudeText");
-        QTest::addColumn<QString>("longitudeText");
-        QTest::addColumn<QString>("script");
-        const auto row = [](const char* name, double latitude, double longitude, const char* hemispheres,
-                            const char* latitudeText, const char* longitudeText, const char* script) {
-            QTest::newRow(name) << latitude << longitude << QString::fromLatin1(hemispheres)
-                                << QString::fromLatin1(latitudeText) << QString::fromLatin1(longitudeText)
-                                << QString::fromLatin1(script);
-        };
-        row("north and east", 3733.1234, 12658.7617, "NE", "37.5521", "126.9794",
-            "setLatLag('126.979362','37.552057')");
-        row("south and west", 3351.12, 7030, "SW", "-33.8520", "-70.5000",
-            "setLatLag('-70.500000','-33.852000')");
-        row("own signs do not count", -3733.1234, -12658.7617, "NW", "37.5521", "-126.9794",
-            "setLatLag('-126.979362','37.552057')");
-        row("any other letter is south and west", 3000, 3000, "n ", "-30.0000", "-30.0000",
-            "setLatLag('-30.000000','-30.000000')");
-        row("seventh decimal a tie", 0.46875, 0, "NE", "0.0078", "0.0000",
-            "setLatLag('0.000000','0.007812')");
-        row("no fix", 0, 0, "SW", "0.0000", "0.0000", "setLatLag('0.000000','0.000000')");
-        row("minutes only", 0.6, 59.9999, "SE", "-0.0100", "1.0000", "setLatLag('0.999998','-0.010000')");
-        row("not degrees on earth, but degrees", 99999.9, 2e11, "NE", "1000.6650", "2000000000.0000",
-            "setLatLag('2000000000.000000','1000.665000')");
-        row("latitude not a number", notANumber, 12658.7, "NE", "-", "-", "(kept)");
-        row("longitude infinite", 3733, -infinite, "NE", "-", "-", "(kept)");
-        row("beyond 32 bits", 3733, 2.2e11, "NE", "-", "-", "(kept)");
-        row("largest number", huge, huge, "SW", "-", "-", "(kept)");
-    }
-
     void place()
     {
-        QFETCH(double, latitude);
-        QFETCH(double, longitude);
-        QFETCH(QString, hemispheres);
-        const _AVI_GPS_DATA_T sample = fix(latitude, longitude);
-        const GpsPanel panel = gpsPanelAt(0.5, {&sample, 1}, snapshots({hemispheres.toLatin1().constData()}),
-                                          SpeedUnit::Kilometres);
-        QTEST(shown(panel.latitudeField), "latitudeText");
-        QTEST(shown(panel.longitudeField), "longitudeText");
-        QTEST(panel.mapPosition ? mapStatement::setLatLag(*panel.mapPosition) : QStringLiteral("(kept)"),
-              "script");
-        QCOMPARE(shown(panel.speedField), QStringLiteral("0 Km/h"));
-        QVERIFY(!panel.mapDebug);
+        struct Row
+        {
+            const char* name;
+            double latitude, longitude;
+            const char *hemispheres, *latitudeText, *longitudeText, *script;
+        };
+        const std::vector<Row> rows{
+            {"north and east", 3733.1234, 12658.7617, "NE", "37.5521", "126.9794",
+             "setLatLag('126.979362','37.552057')"},
+            {"south and west", 3351.12, 7030, "SW", "-33.8520", "-70.5000",
+             "setLatLag('-70.500000','-33.852000')"},
+            {"own signs do not count", -3733.1234, -12658.7617, "NW", "37.5521", "-126.9794",
+             "setLatLag('-126.979362','37.552057')"},
+            {"any other letter", 3000, 3000, "n ", "-30.0000", "-30.0000",
+             "setLatLag('-30.000000','-30.000000')"},
+            {"seventh decimal a tie", 0.46875, 0, "NE", "0.0078", "0.0000",
+             "setLatLag('0.000000','0.007812')"},
+            {"no fix", 0, 0, "SW", "0.0000", "0.0000", "setLatLag('0.000000','0.000000')"},
+            {"minutes only", 0.6, 59.9999, "SE", "-0.0100", "1.0000", "setLatLag('0.999998','-0.010000')"},
+            {"degrees, if not on earth", 99999.9, 2e11, "NE", "1000.6650", "2000000000.0000",
+             "setLatLag('2000000000.000000','1000.665000')"},
+            {"latitude not a number", notANumber, 12658.7, "NE", "-", "-", "(kept)"},
+            {"longitude infinite", 3733, -infinite, "NE", "-", "-", "(kept)"},
+            {"beyond 32 bits", 3733, 2.2e11, "NE", "-", "-", "(kept)"},
+            {"largest number", huge, huge, "SW", "-", "-", "(kept)"},
+        };
+        for (const Row& row : rows) {
+            const _AVI_GPS_DATA_T sample = fix(row.latitude, row.longitude);
+            const GpsPanel panel =
+                gpsPanelAt(0.5, {&sample, 1}, snapshots({row.hemispheres}), SpeedUnit::Kilometres);
+            const QString script =
+                panel.mapPosition ? mapStatement::setLatLag(*panel.mapPosition) : QStringLiteral("(kept)");
+            QVERIFY2(shown(panel.latitudeField) == QLatin1String(row.latitudeText), row.name);
+            QVERIFY2(shown(panel.longitudeField) == QLatin1String(row.longitudeText), row.name);
+            QVERIFY2(script == QLatin1String(row.script), row.name);
+            QVERIFY2(shown(panel.speedField) == QLatin1String("0 Km/h") && !panel.mapDebug, row.name);
+        }
     }
 
     void signsFollowEachSnapshot()
@@ -186,37 +142,35 @@ private Q_SLOTS:
         QCOMPARE(latitudes({}), QStringLiteral("1. 1. 1. 1. 1. 1."));
     }
 
-    void speed_data()
-    {
-        QTest::addColumn<double>("speed");
-        QTest::addColumn<char>("marker");
-        QTest::addColumn<QString>("kilometres");
-        QTest::addColumn<QString>("miles");
-        const auto row = [](const char* name, double speed, char marker, const char* kilometres,
-                            const char* miles) {
-            QTest::newRow(name) << speed << marker << QString::fromLatin1(kilometres)
-                                << QString::fromLatin1(miles);
-        };
-        row("marker 9", 100, '9', "100 Km/h", "160 Mi/h");
-        row("marker 1", 100, '1', "62 Km/h", "100 Mi/h");
-        row("marker byte 9 is no character 9", 100, 9, "100 Km/h", "100 Mi/h");
-        row("marker byte 1 is no character 1", 100, 1, "100 Km/h", "100 Mi/h");
-        row("truncated", 59.9, '9', "59 Km/h", "96 Mi/h");
-        row("truncated toward zero", -59.9, 0, "-59 Km/h", "-59 Mi/h");
-        row("less than one", -0.9, 0, "0 Km/h", "0 Mi/h");
-        row("huge", huge, 0, "2147483647 Km/h", "2147483647 Mi/h");
-        row("huge negative", -1e300, 0, "-2147483648 Km/h", "-2147483648 Mi/h");
-        row("grows beyond all numbers", huge, '9', "2147483647 Km/h", "- Mi/h");
-        row("not a number", notANumber, '1', "- Km/h", "- Mi/h");
-    }
-
     void speed()
     {
-        QFETCH(double, speed);
-        QFETCH(char, marker);
-        const _AVI_GPS_DATA_T sample = fix(0, 0, speed, marker);
-        QTEST(shown(gpsPanelAt(0, {&sample, 1}, {}, SpeedUnit::Kilometres).speedField), "kilometres");
-        QTEST(shown(gpsPanelAt(0, {&sample, 1}, {}, SpeedUnit::Miles).speedField), "miles");
+        struct Row
+        {
+            const char* name;
+            double speed;
+            char marker;
+            const char *kilometres, *miles;
+        };
+        const std::vector<Row> rows{
+            {"marker 9", 100, '9', "100 Km/h", "160 Mi/h"},
+            {"marker 1", 100, '1', "62 Km/h", "100 Mi/h"},
+            {"marker byte 9 is no character 9", 100, 9, "100 Km/h", "100 Mi/h"},
+            {"marker byte 1 is no character 1", 100, 1, "100 Km/h", "100 Mi/h"},
+            {"truncated", 59.9, '9', "59 Km/h", "96 Mi/h"},
+            {"truncated toward zero", -59.9, 0, "-59 Km/h", "-59 Mi/h"},
+            {"huge", huge, 0, "2147483647 Km/h", "2147483647 Mi/h"},
+            {"huge negative", -1e300, 0, "-2147483648 Km/h", "-2147483648 Mi/h"},
+            {"grows beyond all numbers", huge, '9', "2147483647 Km/h", "- Mi/h"},
+            {"not a number", notANumber, '1', "- Km/h", "- Mi/h"},
+        };
+        for (const Row& row : rows) {
+            const _AVI_GPS_DATA_T sample = fix(0, 0, row.speed, row.marker);
+            const auto text = [&](SpeedUnit unit) {
+                return shown(gpsPanelAt(0, {&sample, 1}, {}, unit).speedField);
+            };
+            QVERIFY2(text(SpeedUnit::Kilometres) == QLatin1String(row.kilometres), row.name);
+            QVERIFY2(text(SpeedUnit::Miles) == QLatin1String(row.miles), row.name);
+        }
     }
 
     void withoutFixesTheReceiverStillShows()
@@ -247,16 +201,6 @@ private Q_SLOTS:
             gpsPanelAt(0, {}, {std::make_shared<const MRVGpsData>(state)}, SpeedUnit::Kilometres);
         QCOMPARE(shown(panel.sateliteField), QStringLiteral("-1"));
         QCOMPARE(shown(panel.hdopField), QStringLiteral("-"));
-    }
-
-    void initialFields()
-    {
-        QCOMPARE(shown(initialGsensorPanel().gsensorZField), QStringLiteral("Z=+0.00"));
-        const GpsPanel gps = initialGpsPanel();
-        for (const auto& field :
-             {gps.longitudeField, gps.latitudeField, gps.speedField, gps.hdopField, gps.sateliteField})
-            QCOMPARE(shown(field), QString());
-        QVERIFY(!gps.mapPosition && !gps.mapDebug);
     }
 
     void wayHoldsThePlacesOnEarth()
