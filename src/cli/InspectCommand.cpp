@@ -1,20 +1,211 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "cli/FileArguments.h"
+#include "cli/GpsStateJson.h"
+#include "cli/TextNumbers.h"
+#include "recording/MRVBlackBoxData.h"
+#include "recording/RecordingSummary.h"
+#include "support/FileSource.h"
+#include "support/JsonWriter.h"
 
 namespace marvo::cli {
 
 namespace {
 
-ExitCode run(const Arguments&);
+ExitCode run(const Arguments& arguments);
+
+constexpr std::string_view usage =
+    "Usage: marvo-cli inspect FILE [--json]\n"
+    "\n"
+    "Reads the camera's data area of one AVI recording. Without --json it prints a summary: how long the "
+    "data\n"
+    "lasts, its samples, first and last fix (decimal degrees, north and east positive), distance, top speed\n"
+    "and the strongest G-sensor reading.\n"
+    "\n"
+    "  --json  print everything that was read as one JSON document: file, result, m_GSensors (g),\n"
+    "          m_vGSensorData, m_vGpsData and m_NMEAs. result is false when there is no data area or when "
+    "it\n"
+    "          is damaged; the lists then hold what stands before the damage.\n"
+    "\n"
+    "Exit code: 0 when the file could be read, damaged or not; 1 when it could not.\n";
 
 } // namespace
 
-const Command inspectCommand{"inspect", "", "", run};
+const Command inspectCommand{"inspect", "shows the camera's data in one recording", usage, run};
 
 namespace {
 
-ExitCode run(const Arguments&) { return failed(inspectCommand, "is not there yet"); }
+/// Writes a long document out in pieces, so that it never stands in memory as a whole.
+class DocumentOutput
+{
+public:
+    explicit DocumentOutput(JsonWriter& json) : m_json(json) {}
+
+    void afterElement()
+    {
+        constexpr std::size_t pieceSize = 256 * 1024;
+        if (m_json.text().size() >= pieceSize)
+            m_taken = m_taken && writeOut(m_json.take());
+    }
+    bool finish()
+    {
+        m_taken = m_taken && writeOut(m_json.take() + "\n");
+        return m_taken;
+    }
+    /// False once stdout has refused a piece: there is no point in going on.
+    bool wanted() const { return m_taken; }
+
+private:
+    JsonWriter& m_json;
+    bool m_taken = true;
+};
+
+template <typename List, typename WriteElement>
+void writeList(JsonWriter& json, DocumentOutput& output, std::string_view name, const List& list,
+               WriteElement&& writeElement)
+{
+    json.key(name);
+    json.beginArray();
+    for (const auto& element : list) {
+        if (!output.wanted())
+            return;
+        writeElement(element);
+        output.afterElement();
+    }
+    json.endArray();
+}
+
+bool writeDocument(const std::string& file, bool result, const MRVBlackBoxData& recording)
+{
+    JsonWriter json;
+    DocumentOutput output(json);
+    json.beginObject();
+    json.member("file", file);
+    json.member("result", result);
+    writeList(json, output, "m_GSensors", recording.m_GSensors(), [&](const MRVGSensor& axes) {
+        json.beginArray();
+        for (const float axis : {axes.x, axes.y, axes.z})
+            json.value(static_cast<double>(axis));
+        json.endArray();
+    });
+    writeList(json, output, "m_vGSensorData", recording.m_vGSensorData(), [&](const MRVAviGSensorData& raw) {
+        const _AVI_GSENSOR_DATA_T data = raw.data();
+        json.beginArray();
+        json.value(data.nTimestamp);
+        for (const std::int32_t number : {data.xAxis, data.yAxis, data.zAxis, data.nTemperature})
+            json.value(number);
+        json.endArray();
+    });
+    writeList(json, output, "m_vGpsData", recording.m_vGpsData(), [&](const MRVAviGpsData& sample) {
+        const _AVI_GPS_DATA_T data = sample.data();
+        json.beginObject();
+        json.member("nTimestamp", data.nTimestamp);
+        json.member("dwExtLength", data.dwExtLength);
+        json.member("nQualityIndicator", data.nQualityIndicator);
+        json.member("fLatitude", data.fLatitude);
+        json.member("fLongitude", data.fLongitude);
+        json.member("fSpeed", data.fSpeed);
+        json.member("KM", data.KM);
+        json.endObject();
+    });
+    GpsStateJson states;
+    std::string text;
+    writeList(json, output, "m_NMEAs", recording.m_NMEAs(), [&](const auto& state) {
+        text.clear();
+        states.append(text, *state);
+        json.rendered(text);
+    });
+    json.endObject();
+    return output.finish();
+}
+
+std::string secondsText(std::int64_t timestampMs)
+{
+    return fixedText(static_cast<double>(timestampMs) / 1000, 1) + " s";
+}
+
+std::string fixText(const std::optional<RecordingSummary::Fix>& fix)
+{
+    if (!fix)
+        return "none";
+    return fixedText(fix->position.latitude, 6) + ", " + fixedText(fix->position.longitude, 6) + " at " +
+           secondsText(fix->timestampMs);
+}
+
+std::string speedText(const std::optional<RecordingSummary::Speed>& top)
+{
+    if (!top)
+        return "none";
+    const bool printable = top->KM >= 0x20 && top->KM < 0x7F;
+    const std::string marker =
+        printable ? "'" + std::string(1, static_cast<char>(top->KM)) + "'" : std::to_string(top->KM);
+    return fixedText(top->speed, 1) + " at " + secondsText(top->timestampMs) +
+           ", in the camera's own unit (marker byte " + marker + ")";
+}
+
+std::string readingText(const std::optional<RecordingSummary::Reading>& strongest)
+{
+    if (!strongest)
+        return "none";
+    const auto axis = [](const char* name, float value) {
+        return name + signedText(static_cast<double>(value), 2);
+    };
+    return fixedText(strongest->magnitude, 2) + " g at " + secondsText(strongest->timestampMs) + " (" +
+           axis("X=", strongest->axes.x) + " " + axis("Y=", strongest->axes.y) + " " +
+           axis("Z=", strongest->axes.z) + ")";
+}
+
+std::string dataAreaText(bool result, const MRVBlackBoxData& recording)
+{
+    if (result)
+        return "complete";
+    if (recording.m_GSensors().empty() && recording.m_NMEAs().empty())
+        return "none found, or damaged at its start";
+    return "damaged; what stands before the damage is shown";
+}
+
+std::string summaryText(const std::string& file, bool result, const MRVBlackBoxData& recording)
+{
+    const RecordingSummary summary = summarise(recording);
+    const auto line = [](std::string_view name, const std::string& value) {
+        std::string text(name);
+        text.append(name.size() < 20 ? 20 - name.size() : 1, ' ');
+        return text + value + "\n";
+    };
+    const auto count = [](const auto& list) { return std::to_string(list.size()); };
+    return line("File", file) + line("Camera data", dataAreaText(result, recording)) +
+           line("Duration of data",
+                summary.durationSeconds ? fixedText(*summary.durationSeconds, 1) + " s" : "none") +
+           line("G-sensor readings", count(recording.m_GSensors())) +
+           line("GPS samples", count(recording.m_vGpsData())) +
+           line("NMEA sentences", count(recording.m_NMEAs())) + line("First fix", fixText(summary.firstFix)) +
+           line("Last fix", fixText(summary.lastFix)) +
+           line("Distance", fixedText(summary.distanceMetres / 1000, 3) + " km") +
+           line("Top speed", speedText(summary.topSpeed)) +
+           line("Strongest reading", readingText(summary.strongestReading));
+}
+
+ExitCode run(const Arguments& words)
+{
+    const auto arguments = FileArguments::parse(inspectCommand, words);
+    if (!arguments)
+        return WrongUsage;
+    FileSource source(arguments->file);
+    if (!source.isOpen())
+        return failed(inspectCommand, "cannot open '" + arguments->file + "': " + source.error());
+
+    MRVBlackBoxData recording;
+    const bool result = recording.ExtractStreamInformation(source);
+    const bool written = arguments->format == OutputFormat::Json
+                             ? writeDocument(arguments->file, result, recording)
+                             : writeOut(summaryText(arguments->file, result, recording));
+    if (!written)
+        return failed(inspectCommand, "the result could not be written");
+    if (!source.error().empty())
+        return failed(inspectCommand, "cannot read all of '" + arguments->file + "': " + source.error());
+    return Done;
+}
 
 } // namespace
 

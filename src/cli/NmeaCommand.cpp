@@ -1,20 +1,160 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "cli/FileArguments.h"
+#include "cli/GpsStateJson.h"
+#include "cli/StandardInput.h"
+#include "cli/TextNumbers.h"
+#include "recording/MRVNMEASentenceParser.h"
+#include "recording/Positions.h"
+#include "recording/SentenceStream.h"
+
+#include <algorithm>
+#include <cstdio>
 
 namespace marvo::cli {
 
 namespace {
 
-ExitCode run(const Arguments&);
+ExitCode run(const Arguments& arguments);
+
+constexpr std::string_view usage =
+    "Usage: marvo-cli nmea FILE|- [--json]\n"
+    "\n"
+    "Reads NMEA 0183 text, of a file or with - of standard input, the way the camera's recordings are read:\n"
+    "every sentence that starts with \"$G\" and is ended by CR, LF or a zero byte goes through the parser.\n"
+    "Without --json it prints how many there are and what they add up to.\n"
+    "\n"
+    "  --json  print one JSON document: accepted tells of each sentence whether the parser took it, "
+    "snapshots\n"
+    "          holds the state after each.\n"
+    "\n"
+    "A sentence of more than 64 KiB is not accepted.\n";
 
 } // namespace
 
-const Command nmeaCommand{"nmea", "", "", run};
+const Command nmeaCommand{"nmea", "shows what NMEA 0183 sentences say", usage, run};
 
 namespace {
 
-ExitCode run(const Arguments&) { return failed(nmeaCommand, "is not there yet"); }
+/// Feeds every sentence to a fresh parser. Sink: void(bool accepted, const MRVGpsData& state).
+template <typename Sink>
+void parseAll(ByteSource& source, Sink&& sink)
+{
+    MRVNMEASentenceParser parser;
+    splitSource(source, [&](std::string_view sentence, SentenceFit fit) {
+        const bool accepted = fit == SentenceFit::Whole && parser.parse(sentence);
+        sink(accepted, parser.m_Current());
+    });
+}
+
+/// The two lists are written one after the other without either standing in memory: the text is read once for
+/// each.
+bool writeDocument(ByteSource& source)
+{
+    constexpr std::size_t pieceSize = 256 * 1024;
+    bool taken = true;
+    std::string text = "{\"accepted\":[";
+    text.reserve(pieceSize * 2);
+    bool first = true;
+    const auto separate = [&] {
+        if (text.size() >= pieceSize) {
+            taken = taken && writeOut(text);
+            text.clear();
+        }
+        if (!first)
+            text += ',';
+        first = false;
+    };
+
+    const auto satellites = MRVNMEASentenceParser::satelliteListState();
+    parseAll(source, [&](bool accepted, const MRVGpsData&) {
+        separate();
+        text += accepted ? "true" : "false";
+    });
+    text += "],\"snapshots\":[";
+    first = true;
+    GpsStateJson states;
+    MRVNMEASentenceParser::setSatelliteListState(satellites);
+    parseAll(source, [&](bool, const MRVGpsData& state) {
+        separate();
+        states.append(text, state);
+    });
+    text += "]}\n";
+    return taken && writeOut(text);
+}
+
+std::string timeText(const _SYSTEMTIME& time)
+{
+    if (time == _SYSTEMTIME{})
+        return "none";
+    char text[64];
+    std::snprintf(text, sizeof text, "%04u-%02u-%02u %02u:%02u:%02u.%03u UTC", unsigned{time.wYear},
+                  unsigned{time.wMonth}, unsigned{time.wDay}, unsigned{time.wHour}, unsigned{time.wMinute},
+                  unsigned{time.wSecond}, unsigned{time.wMilliseconds});
+    return text;
+}
+
+std::string summaryText(ByteSource& source)
+{
+    constexpr double kilometresPerHour = 1.852; // one knot
+    std::uint64_t sentences = 0;
+    std::uint64_t acceptedCount = 0;
+    double topKnots = 0;
+    _SYSTEMTIME firstTime;
+    MRVGpsData last;
+    parseAll(source, [&](bool accepted, const MRVGpsData& state) {
+        ++sentences;
+        acceptedCount += accepted ? 1 : 0;
+        topKnots = std::max(topKnots, state.SpeedOverGround);
+        if (firstTime == _SYSTEMTIME{})
+            firstTime = state.Now;
+        last = state;
+    });
+
+    const auto line = [](std::string_view name, const std::string& value) {
+        std::string text(name);
+        text.append(name.size() < 20 ? 20 - name.size() : 1, ' ');
+        return text + value + "\n";
+    };
+    const auto speed = [](double knots) {
+        return fixedText(knots, 1) + " knots (" + fixedText(knots * kilometresPerHour, 1) + " km/h)";
+    };
+    const double latitude = nmeaToDegrees(last.Latitude);
+    const double longitude = nmeaToDegrees(last.Longitude);
+    return line("Sentences", std::to_string(sentences)) + line("Accepted", std::to_string(acceptedCount)) +
+           line("First time", timeText(firstTime)) + line("Last time", timeText(last.Now)) +
+           line("Last position", fixedText(last.NS == 'N' ? latitude : -latitude, 6) + ", " +
+                                     fixedText(last.EW == 'E' ? longitude : -longitude, 6)) +
+           line("Last speed", speed(last.SpeedOverGround)) + line("Top speed", speed(topKnots)) +
+           line("Last course", fixedText(last.CourseOverGround, 1) + " degrees") +
+           line("Satellites", std::to_string(last.SatelliteUsedCount) + " used, " +
+                                  std::to_string(last.SatelliteCount) + " in view") +
+           line("HDOP", fixedText(last.HDOP, 1));
+}
+
+ExitCode run(const Arguments& words)
+{
+    const auto arguments = FileArguments::parse(nmeaCommand, words);
+    if (!arguments)
+        return WrongUsage;
+    const bool fromInput = arguments->file == "-";
+    const std::string name = fromInput ? "standard input" : "'" + arguments->file + "'";
+    StandardInput input =
+        fromInput ? StandardInput::open()
+                  : StandardInput{.source = std::make_unique<FileSource>(arguments->file), .error = {}};
+    if (!input.source || !input.source->isOpen())
+        return failed(nmeaCommand,
+                      "cannot open " + name + ": " + (input.source ? input.source->error() : input.error));
+
+    const bool written = arguments->format == OutputFormat::Json ? writeDocument(*input.source)
+                                                                 : writeOut(summaryText(*input.source));
+    if (!written)
+        return failed(nmeaCommand, "the result could not be written");
+    if (!input.source->error().empty())
+        return failed(nmeaCommand, "cannot read all of " + name + ": " + input.source->error());
+    return Done;
+}
 
 } // namespace
 

@@ -69,24 +69,25 @@ std::optional<std::uint32_t> readSize(BlockReader& reader)
     return size;
 }
 
-/// Number of leading words that are no record's tag. Words are looked at sixteen at a time without a branch
-/// in between, which the compiler turns into vector instructions: between records a card may hold gigabytes.
+/// Number of leading words that are no record's tag. They are looked at in groups of a fixed size without a
+/// branch inside, which compilers turn into vector instructions: a card may hold gigabytes between records.
 std::size_t wordsWithoutTag(std::span<const std::byte> bytes)
 {
-    constexpr std::size_t group = 16;
+    constexpr std::size_t group = 32;
     const std::size_t count = bytes.size() / tagSize;
     const std::byte* const data = bytes.data();
+    const auto isRecordTag = [](Tag tag) {
+        return static_cast<Tag>(tag == gpsTag) | static_cast<Tag>(tag == gSensorTag);
+    };
     std::size_t i = 0;
     for (; i + group <= count; i += group) {
         Tag found = 0;
-        for (std::size_t k = i; k < i + group; ++k) {
-            const Tag tag = tagAt(data + k * tagSize);
-            found |= static_cast<Tag>(tag == gpsTag) | static_cast<Tag>(tag == gSensorTag);
-        }
+        for (std::size_t k = 0; k < group; ++k)
+            found |= isRecordTag(tagAt(data + (i + k) * tagSize));
         if (found)
             break;
     }
-    while (i < count && tagAt(data + i * tagSize) != gpsTag && tagAt(data + i * tagSize) != gSensorTag)
+    while (i < count && !isRecordTag(tagAt(data + i * tagSize)))
         ++i;
     return i;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <charconv>
 #include <concepts>
 #include <cstdint>
 #include <string>
@@ -33,9 +34,13 @@ public:
     void value(std::same_as<bool> auto flag) { token(flag ? "true" : "false"); }
     void value(std::integral auto number) requires(!std::same_as<decltype(number), bool>)
     {
-        token(std::to_string(number));
+        char digits[24];
+        const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        token(std::string_view(digits, static_cast<std::size_t>(end - digits)));
     }
     void null() { token("null"); }
+    /// A value that is JSON text already.
+    void rendered(std::string_view json) { token(json); }
 
     /// A key and its value in one call.
     template <typename Value>

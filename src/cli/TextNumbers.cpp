@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "cli/TextNumbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace marvo::cli {
+
+std::string fixedText(double number, int decimals)
+{
+    constexpr double longest = 1e12;
+    std::array<char, 64> digits;
+    const auto format = std::abs(number) < longest ? std::chars_format::fixed : std::chars_format::general;
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number, format, decimals);
+    return {digits.data(), result.ptr};
+}
+
+std::string signedText(double number, int decimals)
+{
+    return (number > 0 ? "+" : "") + fixedText(number, decimals);
+}
+
+} // namespace marvo::cli

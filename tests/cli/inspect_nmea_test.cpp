@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "cli/CliProcess.h"
+#include "recording/RecordingBytes.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace marvo {
+namespace {
+
+using test::Bytes;
+using test::CliResult;
+
+const std::string rmc = "$GPRMC,123519.000,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
+const std::string gga = "$GPGGA,123519,4807.038,S,01131.000,\xC2\xB5,1,08,1e39,545.4,M,46.9,M,,*47\r\n";
+const std::string gsv = "$GPGSV,3,1,09,12,,,40,13,,,41*7F\r\n";
+
+QJsonObject object(const CliResult& result)
+{
+    QJsonParseError error;
+    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(result.output), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << result.output.substr(0, 400);
+    EXPECT_TRUE(result.output.ends_with("}\n"));
+    return document.object();
+}
+
+std::string compact(const QJsonValue& value)
+{
+    return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).toStdString();
+}
+
+class Cli : public testing::Test
+{
+protected:
+    CliResult run(const std::string& arguments, const std::string& before = {}) const
+    {
+        return test::runCli(folder.path(), arguments, before);
+    }
+    std::string file(const std::string& content) const
+    {
+        const std::string path = folder.path("file");
+        std::ofstream(path, std::ios::binary) << content;
+        return path;
+    }
+
+    test::TemporaryFolder folder;
+};
+
+TEST_F(Cli, InspectWritesEverythingThatWasRead)
+{
+    const std::string path =
+        file(avi(Bytes().reading(-1, 1, -2, 3).longGps(INT64_MAX, rmc + gga + gsv).reading(7)));
+    const CliResult result = run("inspect --json '" + path + "'");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    const QJsonObject root = object(result);
+    EXPECT_EQ(root.size(), 6);
+    EXPECT_EQ(root[QStringLiteral("file")].toString().toStdString(), path);
+    EXPECT_TRUE(root[QStringLiteral("result")].toBool());
+    EXPECT_EQ(compact(root[QStringLiteral("m_GSensors")]), "[[[0.00390625,-0.0078125,0.01171875],[0,0,1]]]");
+    EXPECT_EQ(compact(root[QStringLiteral("m_vGSensorData")]), "[[[-1,1,-2,3,21],[7,0,0,256,21]]]");
+    EXPECT_NE(result.output.find("\"m_vGpsData\":[{\"nTimestamp\":9223372036854775807,\"dwExtLength\":" +
+                                 std::to_string((rmc + gga + gsv).size()) +
+                                 ",\"nQualityIndicator\":1,\"fLatitude\":3733.1234,\"fLongitude\":12658.5,"
+                                 "\"fSpeed\":59.9,\"KM\":49}]"),
+              std::string::npos)
+        << result.output;
+    const QJsonArray states = root[QStringLiteral("m_NMEAs")].toArray();
+    ASSERT_EQ(states.size(), 3);
+    // The character of EW is the first byte of what stood there.
+    const std::string last =
+        "{\"SVonChannel\":[[12,40],[13,41],[0,0],[0,0],[0,0],[0,0],[0,0],[0,0],[0,0],[0,0],"
+        "[0,0],[0,0]],\"SatelliteUsed\":[0,0,0,0,0,0,0,0,0,0,0,0],\"NS\":\"S\",\"EW\":\"\xC3\x82"
+        "\",\"SatelliteCount\":9,\"SatelliteUsedCount\":8,\"PDOP\":0,\"HDOP\":null,\"VDOP\":0,"
+        "\"Latitude\":4807.0380859375,\"Longitude\":1131,\"SpeedOverGround\":"
+        "22.399999618530273,\"CourseOverGround\":84.4000015258789,\"Now\":[2094,3,0,23,12,"
+        "35,19,0]}]}\n";
+    EXPECT_TRUE(result.output.ends_with(last)) << result.output;
+}
+
+TEST_F(Cli, InspectSumsUpInWords)
+{
+    const CliResult result =
+        run("inspect '" + file(avi(Bytes().reading(0, 512).longGps(0, gga).reading(1500))) + "'");
+    EXPECT_EQ(result.exitCode, 0);
+    for (const char* line :
+         {"Camera data         complete\n", "Duration of data    1.5 s\n", "G-sensor readings   2\n",
+          "First fix           -37.552057, -126.975000 at 0.0 s\n", "Distance            0.000 km\n",
+          "Top speed           59.9 at 0.0 s, in the camera's own unit (marker byte '1')\n",
+          "Strongest reading   2.24 g at 0.0 s (X=+2.00 Y=0.00 Z=+1.00)\n"})
+        EXPECT_NE(result.output.find(line), std::string::npos) << line << result.output;
+}
+
+TEST_F(Cli, InspectStandsHostileNumbers)
+{
+    std::string area = Bytes().reading(INT64_MIN).data;
+    for (const std::uint64_t bits : {0x7FF8000000000000ULL, 0xFFEFFFFFFFFFFFFFULL, 0x7FF0000000000000ULL}) {
+        area += Bytes().reading(INT64_MAX).text("0GPS").number(INT64_MAX).number(std::uint64_t{0}).data;
+        area += Bytes().number(bits).number(bits).number(bits).text({"\xFF\0", 2}).data;
+    }
+    const std::string path = file(avi(Bytes{area}));
+    const CliResult text = run("inspect '" + path + "'");
+    EXPECT_EQ(text.exitCode, 0);
+    EXPECT_LT(text.output.size(), 1000U + path.size());
+    EXPECT_NE(text.output.find("First fix           none\n"), std::string::npos) << text.output;
+    const CliResult json = run("inspect '" + path + "' --json");
+    EXPECT_NE(json.output.find("\"fSpeed\":null,\"KM\":255"), std::string::npos) << json.output;
+    object(json);
+}
+
+TEST_F(Cli, InspectTellsDamageFromAFileItCannotOpen)
+{
+    const std::string damaged = file(avi(Bytes().reading(0).gps(0, "", '1', -1)));
+    EXPECT_EQ(run("inspect '" + damaged + "'").exitCode, 0);
+    EXPECT_NE(run("inspect '" + damaged + "'").output.find("Camera data         damaged;"),
+              std::string::npos);
+    const CliResult json = run("inspect --json '" + damaged + "'");
+    EXPECT_EQ(json.exitCode, 0);
+    EXPECT_FALSE(object(json)[QStringLiteral("result")].toBool(true));
+    EXPECT_EQ(object(json)[QStringLiteral("m_GSensors")].toArray().size(), 1);
+    const CliResult noArea = run("inspect '" + file("no recording at all") + "'");
+    EXPECT_NE(noArea.output.find("Camera data         none found"), std::string::npos);
+
+    const std::pair<std::string, std::string> unreadable[] = {
+        {"/nowhere/file.avi", "No such file or directory"},
+        {folder.path(), "Is a directory"},
+        {"/dev/zero", "Not a regular file"}};
+    for (const auto& [path, reason] : unreadable) {
+        for (const char* format : {"", " --json"}) {
+            const CliResult result = run("inspect '" + path + "'" + format);
+            EXPECT_EQ(result.exitCode, 1) << path;
+            EXPECT_EQ(result.output, "") << path;
+            EXPECT_EQ(result.errors, "marvo-cli inspect: cannot open '" + path + "': " + reason + "\n");
+        }
+    }
+    EXPECT_EQ(run("inspect /proc/self/mem --json").exitCode, 1) << "reading failed";
+}
+
+TEST_F(Cli, NmeaTellsOfEachSentence)
+{
+    const std::string text = "noise" + rmc + "$GLGSV*1\n$PABC*1\n" + gga + gsv + "$GPGSV,3,3,09*1\r$GPGGA,1*";
+    const std::string path = file(text);
+    const CliResult fromFile = run("nmea '" + path + "' --json");
+    EXPECT_EQ(fromFile.exitCode, 0);
+    const QJsonObject root = object(fromFile);
+    EXPECT_EQ(compact(root[QStringLiteral("accepted")]), "[[true,false,true,true,false]]");
+    const QJsonArray snapshots = root[QStringLiteral("snapshots")].toArray();
+    ASSERT_EQ(snapshots.size(), 5);
+    EXPECT_EQ(snapshots[0], snapshots[1]);
+    EXPECT_NE(snapshots[1], snapshots[2]);
+    EXPECT_EQ(snapshots[3].toObject()[QStringLiteral("SatelliteCount")].toInt(), 9);
+
+    EXPECT_EQ(run("nmea --json - < '" + path + "'").output, fromFile.output);
+    EXPECT_EQ(run("nmea --json -", "cat '" + path + "' |").output, fromFile.output);
+    const CliResult summary = run("nmea -- '" + path + "'");
+    EXPECT_TRUE(summary.output.starts_with("Sentences           5\nAccepted            3\n"))
+        << summary.output;
+    EXPECT_EQ(run("nmea - --json < /dev/null").output, "{\"accepted\":[],\"snapshots\":[]}\n");
+}
+
+TEST_F(Cli, RefusesWrongUsage)
+{
+    for (const std::string command : {"inspect", "nmea"}) {
+        for (const std::string words : {"", "--json", "a b", "--xml a", "a -j", "-- --json a"}) {
+            const CliResult result = run(command + " " + words);
+            EXPECT_EQ(result.exitCode, 2) << command << " " << words;
+            EXPECT_EQ(result.output, "");
+            EXPECT_TRUE(result.errors.starts_with("marvo-cli " + command + ": ")) << result.errors;
+        }
+        EXPECT_EQ(run(command + " -- --json").exitCode, 1) << "a file of that name";
+        const CliResult help = run(command + " --help");
+        EXPECT_EQ(help.exitCode, 0);
+        EXPECT_TRUE(help.output.starts_with("Usage: marvo-cli " + command + " FILE"));
+    }
+}
+
+TEST_F(Cli, FailsWhenNobodyTakesTheResult)
+{
+    std::string text;
+    for (int i = 0; i < 5000; ++i)
+        text += rmc;
+    const std::string path = file(text);
+    for (const std::string command : {"inspect", "nmea"}) {
+        for (const std::string format : {"", " --json"})
+            EXPECT_EQ(run(command + " '" + path + "'" + format + " > /dev/full").exitCode, 1)
+                << command << format;
+    }
+    EXPECT_EQ(run("nmea - --json < / ").exitCode, 1);
+}
+
+} // namespace
+} // namespace marvo

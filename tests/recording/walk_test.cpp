@@ -1,0 +1,432 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "recording/MRVBlackBoxData.h"
+#include "recording/PlainWalk.h"
+#include "recording/RecordingBytes.h"
+#include "support/ByteSource.h"
+#include "support/Log.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <thread>
+
+namespace marvo {
+namespace {
+
+using test::avi;
+using test::Bytes;
+
+const std::string rmc = "$GPRMC,123519.000,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A";
+const std::string gga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47";
+
+/// Where the source stops giving bytes, as a card does that is pulled out.
+class FailingSource : public MemorySource
+{
+public:
+    FailingSource(std::span<const std::byte> bytes, std::uint64_t failAt)
+        : MemorySource(bytes), m_failAt(failAt)
+    {}
+    std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override
+    {
+        const std::uint64_t left = offset < m_failAt ? m_failAt - offset : 0;
+        return MemorySource::readAt(offset, into.first(std::min<std::uint64_t>(left, into.size())));
+    }
+
+private:
+    std::uint64_t m_failAt;
+};
+
+bool walk(MRVBlackBoxData& recording, const std::string& file)
+{
+    MemorySource source(test::bytesOf(file));
+    return recording.ExtractStreamInformation(source);
+}
+
+void expectAsPlain(const MRVBlackBoxData& recording, bool result, const std::string& file)
+{
+    const test::PlainWalk plain(file);
+    ASSERT_EQ(result, plain.result);
+    ASSERT_EQ(recording.m_GSensors().size(), plain.readings.size());
+    ASSERT_EQ(recording.m_vGSensorData().size(), plain.readings.size());
+    for (std::size_t i = 0; i < plain.readings.size(); ++i)
+        ASSERT_EQ(recording.m_vGSensorData()[i].data().nTimestamp, plain.readings[i]) << i;
+    ASSERT_EQ(recording.m_vGpsData().size(), plain.gpsSamples.size());
+    for (std::size_t i = 0; i < plain.gpsSamples.size(); ++i) {
+        const _AVI_GPS_DATA_T sample = recording.m_vGpsData()[i].data();
+        ASSERT_EQ(std::pair(sample.nTimestamp, sample.dwExtLength), plain.gpsSamples[i]) << i;
+    }
+    ASSERT_EQ(recording.m_NMEAs().size(), plain.sentences);
+}
+
+struct WalkCase
+{
+    const char* name;
+    std::string file;
+    bool result;
+    std::vector<std::int64_t> sampleTimes; ///< of m_vGpsData
+    std::size_t readings;
+    std::size_t sentences;
+};
+void PrintTo(const WalkCase& c, std::ostream* os) { *os << c.name; }
+
+class Walk : public testing::TestWithParam<WalkCase>
+{};
+
+TEST_P(Walk, GivesTheListsWorkedOutByHand)
+{
+    const WalkCase& c = GetParam();
+    MRVBlackBoxData recording;
+    EXPECT_EQ(walk(recording, c.file), c.result);
+    std::vector<std::int64_t> times;
+    for (const MRVAviGpsData& sample : recording.m_vGpsData())
+        times.push_back(sample.data().nTimestamp);
+    EXPECT_EQ(times, c.sampleTimes);
+    EXPECT_EQ(recording.m_GSensors().size(), c.readings);
+    EXPECT_EQ(recording.m_NMEAs().size(), c.sentences);
+    expectAsPlain(recording, c.result, c.file);
+}
+
+Bytes readings(std::initializer_list<std::int64_t> times)
+{
+    Bytes bytes;
+    for (const std::int64_t time : times)
+        bytes.reading(time);
+    return bytes;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, Walk,
+    testing::Values(
+        WalkCase{"Empty", "", false, {}, 0, 0}, WalkCase{"NotRiff", "RIFX1234AVI JUNK", false, {}, 0, 0},
+        WalkCase{"NotAvi", "RIFF1234WAVEJUNK", false, {}, 0, 0},
+        WalkCase{"NoDataArea", std::string("RIFF1234AVI LIST\x02\0\0\0ab", 22), false, {}, 0, 0},
+        WalkCase{"ChunkBeyondTheEnd", "RIFF1234AVI LIST\xFF\xFF\xFF\xFF", false, {}, 0, 0},
+        WalkCase{"DataAreaWithoutSize", std::string("RIFF1234AVI JUNK\x01\0\0", 19), false, {}, 0, 0},
+        WalkCase{"BudgetOfZero", avi(readings({0}), 0), true, {}, 0, 0},
+        WalkCase{"ReadingsOnly", avi(readings({0, 100})), true, {}, 2, 0},
+        WalkCase{"BudgetEndsBeforeTheSecondReading", avi(readings({0, 100}), 24), true, {}, 1, 0},
+        WalkCase{"BudgetMissedReadsToTheEnd", avi(readings({0, 100}), 25), true, {}, 2, 0},
+        WalkCase{"GpsFirstPairsNothing",
+                 avi(Bytes().longGps(500, rmc + "\r\n" + gga + "\r\n").reading(600)),
+                 true,
+                 {},
+                 1,
+                 2},
+        WalkCase{"TwoFixes",
+                 avi(readings({0, 100, 200}).longGps(900, "").reading(300).reading(400).longGps(1900, "")),
+                 true,
+                 {900, 900, 900, 1900, 1900},
+                 5,
+                 0},
+        WalkCase{"PairingStopsAtTheFirstLaterReading",
+                 avi(readings({999, 1000, 1100}).longGps(1099, "").longGps(2000, "")),
+                 true,
+                 {1099, 1099, 2000},
+                 3,
+                 0},
+        // -50 / 100 is 0, not -1: the first reading is not earlier than the fix.
+        WalkCase{"KeysTruncateTowardZero", avi(readings({-50, 0}).longGps(50, "")), true, {50}, 2, 0},
+        WalkCase{"LongTrailerOfNine",
+                 avi(readings({0}).gps(0, "$G\r", '9').text("1234567").reading(1)),
+                 true,
+                 {0},
+                 2,
+                 1},
+        WalkCase{"ShortTrailerEatsTheZeroThatEndsTheText",
+                 avi(readings({0}).gps(0, {"$G\0", 3}, '$').reading(1)),
+                 true,
+                 {0},
+                 2,
+                 1},
+        WalkCase{"ShortTrailerWithoutText", avi(readings({0}).gps(0, "", '\0').reading(1)), true, {0}, 2, 0},
+        // The last byte of the text is the first of the next tag: "x0GD" is passed over and so is the
+        // reading.
+        WalkCase{"ShortTrailerLeavesTheTextsLastByte",
+                 avi(readings({0}).gps(0, "$G\rx", '$').reading(1)),
+                 true,
+                 {0},
+                 1,
+                 1},
+        WalkCase{"ShortTrailerBudget",
+                 avi(readings({0}).gps(0, {"$G\0", 3}, '$').reading(1), 24 + 41 + 3 + 1),
+                 true,
+                 {0},
+                 1,
+                 1},
+        WalkCase{"LongTrailerBudget",
+                 avi(readings({0}).longGps(0, "$G\r").reading(1), 24 + 41 + 3 + 1),
+                 true,
+                 {0},
+                 1,
+                 1},
+        WalkCase{"TextTooLong", avi(readings({0}).gps(0, std::string(600, '$'), '1', 513)), false, {}, 1, 0},
+        WalkCase{"TextOfNegativeLength", avi(readings({0}).gps(0, "$G\r", '1', -1)), false, {}, 1, 0},
+        WalkCase{
+            "LongestText", avi(readings({0}).longGps(0, std::string(509, ' ') + "$G\r")), true, {0}, 1, 1},
+        WalkCase{"TextWithoutEnd", avi(Bytes().longGps(0, gga)), true, {}, 0, 0},
+        WalkCase{"EndInsideTheText", avi(readings({0}).gps(0, "$G\r$G", '1', 400)), true, {0}, 1, 1},
+        WalkCase{"EndInsideAReading", avi(readings({0, 1})).substr(0, 29 + 28 + 27), false, {}, 1, 0},
+        WalkCase{"WordsBetweenRecords", avi(readings({0}).text("junkJUNKRIFF").reading(1)), true, {}, 2, 0},
+        WalkCase{"TagOutOfStep", avi(readings({0}).text("ab").reading(1)), true, {}, 1, 0}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(WalkOfAnyBytes, IsThatOfPlainArithmetic)
+{
+    std::mt19937 random(7);
+    const auto upTo = [&random](unsigned n) { return static_cast<unsigned>(random() % (n + 1)); };
+    const std::string pieces[] = {gga + "\r\n", rmc + "\n", "$GN*1\r",           "$G",
+                                  "$",          "noise",    std::string(1, '\0')};
+    for (int round = 0; round < 400; ++round) {
+        Bytes area;
+        for (unsigned records = upTo(12); records > 0; --records) {
+            std::string text;
+            for (unsigned n = upTo(4); n > 0; --n)
+                text += pieces[upTo(6)];
+            const std::int64_t time = static_cast<std::int64_t>(upTo(4000)) - 2000;
+            switch (upTo(5)) {
+            case 0:
+            case 1:
+                area.reading(time);
+                break;
+            case 2:
+                area.longGps(time, text);
+                break;
+            case 3:
+                area.gps(time, text, "\0$19"[upTo(3)]);
+                break;
+            case 4:
+                area.text(std::string(upTo(300), static_cast<char>(upTo(1) * '0')));
+                break;
+            default:
+                area.gps(time, text, '1', static_cast<std::int64_t>(upTo(600)) - 40);
+            }
+        }
+        const std::string file = avi(area, upTo(3) == 0 ? upTo(400) : 0xFFFFFFFF);
+        MRVBlackBoxData recording;
+        const bool result = walk(recording, file);
+        expectAsPlain(recording, result, file);
+        if (HasFatalFailure())
+            FAIL() << "round " << round;
+    }
+}
+
+TEST(WalkOfACutFile, KeepsWhatStandsBeforeTheCut)
+{
+    const std::string file = avi(readings({0, 100, 200})
+                                     .longGps(150, rmc + "\r\n" + gga + "\r\n")
+                                     .text("....")
+                                     .reading(300)
+                                     .gps(400, {"$GPGGA,,4807.0,S*1\0", 19}, '$')
+                                     .reading(500));
+    for (std::size_t size = 0; size <= file.size(); ++size) {
+        const std::string cut = file.substr(0, size);
+        MRVBlackBoxData recording;
+        const bool result = walk(recording, cut);
+        expectAsPlain(recording, result, cut);
+
+        FailingSource failing(test::bytesOf(file), size);
+        const bool failingResult = recording.ExtractStreamInformation(failing);
+        expectAsPlain(recording, failingResult, cut);
+        if (HasFatalFailure())
+            FAIL() << "cut at " << size;
+    }
+}
+
+TEST(WalkAcrossBlocks, FindsRecordsWhereverTheyStand)
+{
+    // A reading every 10007 bytes, so that records and passed-over words lie across the ends of all reads.
+    Bytes area;
+    std::size_t count = 0;
+    for (; area.data.size() < 1'500'000; ++count)
+        area.reading(static_cast<std::int64_t>(count)).text(std::string(10004, 'x')).longGps(0, "$G\r");
+    const std::string file = avi(area);
+    MRVBlackBoxData recording;
+    EXPECT_TRUE(walk(recording, file));
+    EXPECT_EQ(recording.m_GSensors().size(), count);
+    EXPECT_EQ(recording.m_vGpsData().size(), count);
+}
+
+TEST(WalkOfALargeFile, NeedsOffsetsBeyond32Bits)
+{
+    /// Gigabytes of zeros between a header and a data area, without their memory.
+    class SparseSource : public ByteSource
+    {
+    public:
+        const std::uint64_t areaAt = 12 + 2 * (8 + 0xFFFFFFF0ULL);
+        std::string head = Bytes().text("RIFF....AVI LIST").number(0xFFFFFFF0U).data;
+        std::string second = Bytes().text("LIST").number(0xFFFFFFF0U).data;
+        std::string area = Bytes().text("JUNK").number(24U).reading(42).data;
+        std::uint64_t bytesRead = 0;
+
+        std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override
+        {
+            std::size_t done = 0;
+            for (; done < into.size() && offset + done < areaAt + area.size(); ++done)
+                into[done] = static_cast<std::byte>(at(offset + done));
+            bytesRead += done;
+            return done;
+        }
+        char at(std::uint64_t i) const
+        {
+            if (i < head.size())
+                return head[i];
+            const std::uint64_t secondAt = 12 + 8 + 0xFFFFFFF0ULL;
+            if (i >= secondAt && i < secondAt + second.size())
+                return second[i - secondAt];
+            return i < areaAt ? '\0' : area[i - areaAt];
+        }
+    } source;
+    MRVBlackBoxData recording;
+    EXPECT_TRUE(recording.ExtractStreamInformation(source));
+    ASSERT_EQ(recording.m_vGSensorData().size(), 1U);
+    EXPECT_EQ(recording.m_vGSensorData()[0].data().nTimestamp, 42);
+    EXPECT_LT(source.bytesRead, 100'000U) << "what is skipped is not read";
+}
+
+TEST(WalkThatIsStopped, EndsThoughTheSourceDoesNot)
+{
+    struct Endless : ByteSource
+    {
+        std::stop_source stop;
+        std::string head = avi(readings({7}));
+        std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override
+        {
+            for (std::size_t i = 0; i < into.size(); ++i)
+                into[i] = static_cast<std::byte>(offset + i < head.size() ? head[offset + i] : '\0');
+            if (offset > 1'000'000)
+                stop.request_stop();
+            return into.size();
+        }
+    } source;
+    MRVBlackBoxData recording;
+    EXPECT_FALSE(recording.ExtractStreamInformation(source, source.stop.get_token()));
+    EXPECT_EQ(recording.m_GSensors().size(), 1U);
+}
+
+TEST(WalkTwice, StartsAfresh)
+{
+    static int starts = 0;
+    setLogSink(
+        [](std::string_view line) { starts += line == "#############################   START" ? 1 : 0; });
+    MRVBlackBoxData recording;
+    EXPECT_TRUE(walk(recording, avi(readings({0}).longGps(0, gga + "\r\n"))));
+    EXPECT_EQ(recording.m_NMEAs().back()->SatelliteUsedCount, 8U);
+    EXPECT_TRUE(walk(recording, avi(readings({0}).longGps(0, "$GP*1\r"))));
+    EXPECT_EQ(*recording.m_NMEAs().back(), MRVGpsData());
+    EXPECT_EQ(recording.m_vGpsData().size(), 1U);
+    EXPECT_FALSE(recording.ExtractStreamInformation("/nowhere/to.avi"));
+    EXPECT_TRUE(recording.m_NMEAs().empty());
+    EXPECT_TRUE(recording.m_GSensors().empty());
+    setLogSink(nullptr);
+    EXPECT_EQ(starts, 3);
+}
+
+TEST(Snapshots, ShareOneObjectWhileNothingChanges)
+{
+    std::string text;
+    while (text.size() + 3 <= 512)
+        text += "$G\r";
+    MRVBlackBoxData recording;
+    EXPECT_TRUE(walk(recording, avi(Bytes().longGps(0, text).longGps(0, gga + "\r").longGps(0, text))));
+    ASSERT_EQ(recording.m_NMEAs().size(), 170U + 1 + 170);
+    EXPECT_EQ(recording.m_NMEAs()[0], recording.m_NMEAs()[169]);
+    EXPECT_NE(recording.m_NMEAs()[169], recording.m_NMEAs()[170]);
+    EXPECT_EQ(recording.m_NMEAs()[170], recording.m_NMEAs()[340]);
+}
+
+TEST(Readings, AreInG)
+{
+    MRVBlackBoxData recording;
+    EXPECT_TRUE(walk(recording, avi(Bytes().reading(0, -256, 128, 0).reading(1, INT32_MIN, INT32_MAX, 1))));
+    EXPECT_EQ(recording.m_GSensors()[0], (MRVGSensor{-1.0F, 0.5F, 0.0F}));
+    EXPECT_EQ(recording.m_GSensors()[1], (MRVGSensor{-8388608.0F, 8388608.0F, 0.00390625F}));
+    EXPECT_EQ(recording.m_vGSensorData()[0].data().nTemperature, 21);
+}
+
+TEST(FrameCount, IsOneLessButAtLeastOne)
+{
+    MRVBlackBoxData recording;
+    for (const auto& [count, frames] : {std::pair(0, 1U), {1, 1U}, {2, 1U}, {5, 4U}}) {
+        recording.clear();
+        for (int i = 0; i < count; ++i)
+            recording.ParseGSensor(test::bytesOf(Bytes().reading(i).data).subspan(4));
+        EXPECT_EQ(recording.frameCount(), frames) << count;
+    }
+}
+
+TEST(Blocks, OfTheWrongSizeAreRefused)
+{
+    MRVBlackBoxData recording;
+    const std::string block = "\x01\x02\x03\x04\x05\x06\x07\x08\x09";
+    EXPECT_FALSE(recording.ParseFrameData({}));
+    EXPECT_FALSE(recording.ParseFrameData(test::bytesOf(block).first(7)));
+    EXPECT_FALSE(recording.ParseFrameData(test::bytesOf(block)));
+    EXPECT_TRUE(recording.ParseFrameData(test::bytesOf(block).first(8)));
+    EXPECT_EQ(recording.m_udatSpeedDisplay(), 5);
+    EXPECT_EQ(recording.m_udatRecPark(), 7);
+    EXPECT_EQ(recording.m_udatIncludeEvent(), 8);
+    EXPECT_FALSE(recording.ParseGSensor(test::bytesOf(std::string(23, 'x'))));
+    EXPECT_FALSE(recording.ParseTime(test::bytesOf(std::string(15, 'x'))));
+    EXPECT_FALSE(recording.ParseNMEA(""));
+    EXPECT_TRUE(recording.ParseNMEA("x"));
+    EXPECT_TRUE(recording.ParseTimeEvent({}));
+    recording.clear();
+    EXPECT_EQ(recording.m_udatSpeedDisplay(), 0);
+}
+
+TEST(TimeBlocks, TellTheChangesOfTheEventType)
+{
+    MRVBlackBoxData recording;
+    const auto block = [&recording](std::int32_t seconds, char type) {
+        const Bytes bytes = Bytes().number(seconds).text("........").text({"\0\0\0", 3}).text({&type, 1});
+        return recording.ParseTime(test::bytesOf(bytes.data));
+    };
+    EXPECT_TRUE(block(1000000000, 0));
+    EXPECT_TRUE(block(1000000001, 1)); // 2001-09-09 01:46:41
+    EXPECT_TRUE(block(1000000002, 1));
+    EXPECT_TRUE(block(-1, 2)); // 1969-12-31 23:59:59
+    EXPECT_TRUE(block(5, 0));
+    EXPECT_EQ(recording.m_Times(), (std::vector<std::int32_t>{1000000000, 1000000001, 1000000002, -1, 5}));
+    ASSERT_EQ(recording.m_TimeEvents().size(), 2U);
+    EXPECT_EQ(recording.m_TimeEvents()[0].e, 0U);
+    EXPECT_EQ(recording.m_TimeEvents()[0].f, 1U);
+    EXPECT_EQ(recording.m_TimeEvents()[0].t, (_SYSTEMTIME{2001, 9, 0, 9, 1, 46, 41, 0}));
+    EXPECT_EQ(recording.m_TimeEvents()[1].e, 1U);
+    EXPECT_EQ(recording.m_TimeEvents()[1].f, 3U);
+    EXPECT_EQ(recording.m_TimeEvents()[1].t, (_SYSTEMTIME{1969, 12, 0, 31, 23, 59, 59, 0}));
+    EXPECT_EQ(recording.m_LastTimeEventType(), 0U);
+}
+
+TEST(AtomicRecords, AreNeverSeenByHalves)
+{
+    MRVAviGpsData shared;
+    EXPECT_EQ(shared.data().KM, 0);
+    std::jthread writer([&shared](const std::stop_token& stop) {
+        for (int i = 0; !stop.stop_requested(); ++i) {
+            shared.setData({.nTimestamp = i, .fLatitude = 1.0 * i, .KM = static_cast<unsigned char>(i)});
+        }
+    });
+    for (int i = 0; i < 20000; ++i) {
+        const _AVI_GPS_DATA_T seen = shared.data();
+        ASSERT_EQ(static_cast<double>(seen.nTimestamp), seen.fLatitude);
+        ASSERT_EQ(seen.nTimestamp & 0xFF, seen.KM);
+    }
+}
+
+TEST(WalksAtTheSameTime, AreNoRace)
+{
+    const std::string file =
+        avi(readings({0}).longGps(0, "$GPGSV,1,1,04,01,,,10,02,,,20,03,,,30,04,,,40*1\r"));
+    const auto many = [&file] {
+        for (int i = 0; i < 200; ++i) {
+            MRVBlackBoxData recording;
+            walk(recording, file);
+            ASSERT_EQ(recording.m_NMEAs().back()->SatelliteCount, 4U);
+        }
+    };
+    std::jthread other(many);
+    many();
+}
+
+} // namespace
+} // namespace marvo
