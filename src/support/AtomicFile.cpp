@@ -45,10 +45,12 @@ void closeAndForget(int& descriptor)
         ::close(std::exchange(descriptor, -1));
 }
 
-std::error_code writeAll(int descriptor, std::string_view bytes)
+/// At an offset, or where the descriptor stands.
+std::error_code writeAll(int descriptor, std::string_view bytes, std::optional<std::int64_t> offset = {})
 {
     while (!bytes.empty()) {
-        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+        const ssize_t count = offset ? ::pwrite(descriptor, bytes.data(), bytes.size(), *offset)
+                                     : ::write(descriptor, bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
@@ -56,6 +58,8 @@ std::error_code writeAll(int descriptor, std::string_view bytes)
         if (count == 0)
             return std::make_error_code(std::errc::io_error);
         bytes.remove_prefix(static_cast<std::size_t>(count));
+        if (offset)
+            *offset += count;
     }
     return {};
 }
@@ -213,6 +217,13 @@ std::error_code AtomicFile::write(std::string_view bytes)
 {
     if (!m_error)
         m_error = writeAll(m_staged, bytes);
+    return m_error;
+}
+
+std::error_code AtomicFile::overwrite(std::int64_t offset, std::string_view bytes)
+{
+    if (!m_error)
+        m_error = writeAll(m_staged, bytes, offset);
     return m_error;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -33,6 +34,9 @@ public:
     std::error_code open(const std::string& path);
     /// Adds a piece. After an error nothing more is added, and commit() gives the same error.
     std::error_code write(std::string_view bytes);
+    /// Replaces bytes that were added before, such as a size that is known only at the end; errors as
+    /// write().
+    std::error_code overwrite(std::int64_t offset, std::string_view bytes);
     /// Puts the new content in place. With an error the old file stands and the new content is gone.
     std::error_code commit();
     /// Leaves the file as it is and removes the temporary.
