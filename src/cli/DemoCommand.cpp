@@ -1,20 +1,143 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "cli/Printable.h"
+#include "demo/DemoCard.h"
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <unistd.h>
 
 namespace marvo::cli {
 
 namespace {
 
-ExitCode run(const Arguments&);
+ExitCode run(const Arguments& arguments);
 
 } // namespace
 
-const Command demoCommand{"demo", "", "", run};
+const Command demoCommand{
+    "demo", "write a card with recordings of a drive, as the camera would",
+    "Usage: marvo-cli demo FOLDER\n\n"
+    "Writes a memory card as the camera would into FOLDER, which is made when it is missing: recordings of "
+    "one\n"
+    "drive, front and rear, in AlwaysMovie, EventMovie and MotionMovie, with picture, sound, G-sensor and "
+    "GPS;\n"
+    "the settings config.bin, the clock file timeset.cfg and the driving log DrvInfo/marvo_000.drv. The "
+    "files\n"
+    "are the same every time.\n\n"
+    "An earlier demo card in FOLDER is written anew; other files there are left alone.\n\n"
+    "Exit code: 0 done, 1 the card could not be written, 2 wrong usage.\n",
+    run};
 
 namespace {
 
-ExitCode run(const Arguments&) { return failed(demoCommand, "is not there yet"); }
+std::atomic<bool> interrupted{false};
+
+void onInterrupt(int) { interrupted = true; }
+
+/// Turns Ctrl-C and a request to end into a stop of the work, so that no half-written file is left behind.
+class StopOnInterrupt
+{
+public:
+    StopOnInterrupt()
+    {
+        std::signal(SIGINT, onInterrupt);
+        std::signal(SIGTERM, onInterrupt);
+        std::signal(SIGHUP, onInterrupt);
+        m_watch = std::jthread([this](const std::stop_token& done) {
+            while (!done.stop_requested()) {
+                if (interrupted)
+                    m_stop.request_stop();
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            }
+        });
+    }
+
+    std::stop_token token() const { return m_stop.get_token(); }
+
+private:
+    std::stop_source m_stop;
+    std::jthread m_watch;
+};
+
+/// One line on stderr that is written over and over, when somebody is there to see it.
+class ProgressLine
+{
+public:
+    void show(double fraction)
+    {
+        const int percent = static_cast<int>(fraction * 100);
+        if (!m_terminal || percent == m_percent)
+            return;
+        m_percent = percent;
+        std::fprintf(stderr, "\rWriting the demo card: %3d %%", percent);
+    }
+
+    void clear() const
+    {
+        if (m_percent >= 0)
+            std::fputs("\r\033[K", stderr);
+    }
+
+private:
+    bool m_terminal = isatty(STDERR_FILENO) == 1;
+    int m_percent = -1;
+};
+
+std::string sizeText(std::uintmax_t bytes)
+{
+    char text[64];
+    if (bytes < 1'000'000)
+        std::snprintf(text, sizeof text, "%10ju B ", bytes);
+    else
+        std::snprintf(text, sizeof text, "%10.1f MB", static_cast<double>(bytes) / 1e6);
+    return text;
+}
+
+ExitCode run(const Arguments& arguments)
+{
+    Arguments folders;
+    bool optionsEnded = false;
+    for (const std::string_view argument : arguments) {
+        if (!optionsEnded && argument == "--")
+            optionsEnded = true;
+        else if (!optionsEnded && argument.starts_with('-'))
+            return wrongUsage(demoCommand, "no option '" + printable(argument) + "'");
+        else
+            folders.push_back(argument);
+    }
+    if (folders.size() != 1 || folders[0].empty())
+        return wrongUsage(demoCommand, folders.size() > 1 ? "takes one FOLDER" : "FOLDER is missing");
+
+    const std::string folder(folders[0]);
+    const StopOnInterrupt interrupt;
+    ProgressLine line;
+    const demo::DemoCardResult result = demo::writeDemoCard(
+        folder, {}, [&](double fraction) { line.show(fraction); }, interrupt.token());
+    line.clear();
+    if (result.error)
+        return failed(demoCommand, printable(*result.error));
+
+    std::string text;
+    std::uintmax_t total = 0;
+    for (const std::string& name : result.written) {
+        std::error_code error;
+        const std::uintmax_t bytes = std::filesystem::file_size(folder + "/" + name, error);
+        if (!error)
+            total += bytes;
+        text.append(sizeText(error ? 0 : bytes)).append("  ").append(name).append("\n");
+    }
+    for (const std::string& name : result.kept)
+        text.append("      kept    ").append(name).append(" (was there already)\n");
+    text += sizeText(total) + "  in " + std::to_string(result.written.size()) + " files in " + printable(folder) + "\n";
+    return writeOut(text) ? Done : Failed;
+}
 
 } // namespace
 

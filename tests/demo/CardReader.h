@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace marvo::demo::test {
+namespace marvo::test {
 
 inline std::string contents(const std::string& path)
 {
@@ -143,4 +143,4 @@ inline Walk walkDataArea(const std::string& f)
     }
 }
 
-} // namespace marvo::demo::test
+} // namespace marvo::test

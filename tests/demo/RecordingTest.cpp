@@ -13,7 +13,7 @@
 namespace marvo::demo {
 namespace {
 
-using namespace test;
+using namespace marvo::test;
 
 std::vector<DataRecord> someSeconds(int seconds, const std::string& markers, std::size_t textLength)
 {
@@ -53,8 +53,8 @@ TEST_P(DataAreaWalk, staysInStepAndTheFileStaysAnAviFile)
     options.dataPlace = place;
     const auto records = someSeconds(area.seconds, area.markers, area.textLength);
     options.dataChunks = dataAreaChunks(records, end);
-    ASSERT_EQ(writeRecording(folder / "a.avi", options), std::nullopt);
-    const std::string film = contents(folder / "a.avi");
+    ASSERT_EQ(writeRecording(folder.path("a.avi"), options), std::nullopt);
+    const std::string film = contents(folder.path("a.avi"));
     ASSERT_NO_THROW(chunksOf(film, 12, film.size()));
 
     const Walk walk = walkDataArea(film);
@@ -93,8 +93,8 @@ TEST(Recording, headersIndexAndChunksAgree)
     options.height = 90;
     options.framesPerSecond = 7; // does not divide the sound's rate
     options.frameCount = 30;
-    ASSERT_EQ(writeRecording(folder / "a.avi", options), std::nullopt);
-    const std::string film = contents(folder / "a.avi");
+    ASSERT_EQ(writeRecording(folder.path("a.avi"), options), std::nullopt);
+    const std::string film = contents(folder.path("a.avi"));
     EXPECT_EQ(numberAt<std::uint32_t>(film, 4), film.size() - 8);
     const auto top = chunksOf(film, 12, film.size());
     ASSERT_EQ(top.size(), 3);
@@ -129,7 +129,7 @@ TEST(Recording, headersIndexAndChunksAgree)
 TEST(Recording, aFailureOrAStopLeavesTheOldFile)
 {
     const TemporaryFolder folder;
-    const std::string path = folder / "a.avi";
+    const std::string path = folder.path("a.avi");
     RecordingOptions options;
     options.frameCount = 5;
     ASSERT_EQ(writeRecording(path, options), std::nullopt);
@@ -143,11 +143,11 @@ TEST(Recording, aFailureOrAStopLeavesTheOldFile)
     EXPECT_EQ(writeRecording(path, options, stop.get_token()), "stopped");
     EXPECT_EQ(contents(path), before);
 
-    std::filesystem::create_directory(folder / "b.avi");
-    const auto onFolder = writeRecording(folder / "b.avi", {});
+    std::filesystem::create_directory(folder.path("b.avi"));
+    const auto onFolder = writeRecording(folder.path("b.avi"), {});
     ASSERT_TRUE(onFolder);
     EXPECT_NE(onFolder->find("b.avi': Is a directory"), std::string::npos) << *onFolder;
-    const auto noFolder = writeRecording(folder / "none/c.avi", {});
+    const auto noFolder = writeRecording(folder.path("none/c.avi"), {});
     ASSERT_TRUE(noFolder);
     EXPECT_NE(noFolder->find("No such file"), std::string::npos) << *noFolder;
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2) << "leftovers";
@@ -163,10 +163,10 @@ TEST(Recording, decodesWithoutAComplaint)
         options.width = 161;
         options.dataPlace = place;
         options.dataChunks = dataAreaChunks(someSeconds(2, "9K", 400), DataAreaEnd::BudgetZero);
-        ASSERT_EQ(writeRecording(folder / "a.avi", options), std::nullopt);
-        const std::string log = folder / "log";
-        const std::string command =
-            "ffmpeg -nostdin -v error -xerror -i '" + folder / "a.avi" + "' -f null - >'" + log + "' 2>&1";
+        ASSERT_EQ(writeRecording(folder.path("a.avi"), options), std::nullopt);
+        const std::string log = folder.path("log");
+        const std::string command = "ffmpeg -nostdin -v error -xerror -i '" + folder.path("a.avi") +
+                                    "' -f null - >'" + log + "' 2>&1";
         EXPECT_EQ(std::system(command.c_str()), 0);
         EXPECT_EQ(contents(log), "");
     }

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "demo/Drive.h"
+
+#include <string>
+#include <vector>
+
+namespace marvo::demo {
+
+/// What the receiver in the car knows at a full second of the drive.
+struct Fix
+{
+    bool valid = false; ///< false in tunnels: then there is no position, speed or course
+    GeoPoint position;
+    double speedKmh = 0;
+    double courseDegrees = 0;
+    double altitude = 0; ///< metres
+    double hdop = 0;
+    std::vector<int> used; ///< numbers of the satellites used
+};
+
+/// Degrees in the form that NMEA 0183 writes them: ddmm.mmmm, to four decimals of a minute.
+double nmeaDegrees(double degrees);
+
+/// A GPS receiver of the demo drive. It loses the fix soon after a tunnel swallows the car and needs a moment
+/// behind it to find a new one.
+class GpsReceiver
+{
+public:
+    explicit GpsReceiver(const Drive& drive) : m_drive(drive) {}
+
+    Fix fixAt(int second) const;
+    /// The sentences of one second: RMC, GGA, GSA and GSV of the talker GP, each ended by CR LF, with right
+    /// checksums; without a fix the fields are empty as receivers leave them. At most nmeaLimit bytes.
+    std::string sentencesAt(int second) const;
+
+private:
+    bool hasSight(double seconds) const;
+    int signal(std::size_t satellite, int second) const; ///< dB-Hz, 0 when not heard
+
+    const Drive& m_drive;
+};
+
+} // namespace marvo::demo

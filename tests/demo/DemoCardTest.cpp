@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "demo/DemoCard.h"
+#include "CardReader.h"
+#include "demo/Drive.h"
+#include "demo/DriveData.h"
+#include "demo/GpsReceiver.h"
+#include "demo/Scene.h"
+#include "media/MediaScan.h"
+#include "recording/MRVBlackBoxData.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+#include <set>
+#include <sstream>
+#include <sys/resource.h>
+#include <thread>
+
+namespace marvo::demo {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace marvo::test;
+
+/// Small pictures and few of them: what is tested here does not depend on how fine they are.
+const DemoCardOptions coarse{.frontWidth = 128, .framesPerSecond = 2, .threads = 1};
+
+std::vector<std::string> filesBelow(const std::string& folder)
+{
+    std::vector<std::string> out;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (!entry.is_directory())
+            out.push_back(fs::relative(entry.path(), folder).string());
+    }
+    std::ranges::sort(out);
+    return out;
+}
+
+/// One card for the tests that only read it.
+class DemoCard : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        s_folder = new TemporaryFolder;
+        s_result = new DemoCardResult(writeDemoCard(s_folder->path(), coarse));
+    }
+    static void TearDownTestSuite()
+    {
+        delete s_result;
+        delete s_folder;
+    }
+    static std::vector<MRVMedia> medias() { return scanFolder(s_folder->path()).medias; }
+
+    static inline TemporaryFolder* s_folder = nullptr;
+    static inline DemoCardResult* s_result = nullptr;
+};
+
+TEST_F(DemoCard, everyRecordingIsListedAndAllKindsAreThere)
+{
+    ASSERT_EQ(s_result->error, std::nullopt);
+    EXPECT_EQ(filesBelow(s_folder->path()).size(), s_result->written.size());
+    std::set<int> kinds;
+    std::set<int> directions;
+    for (const MRVMedia& media : medias()) {
+        kinds.insert(media.mediaDivision());
+        directions.insert(mediaDirection(media.path()));
+        EXPECT_NE(media.year(), 0) << media.path();
+    }
+    EXPECT_EQ(medias().size(), s_result->written.size() - 3);
+    EXPECT_EQ(kinds, (std::set{0, 1, 2}));
+    EXPECT_EQ(directions, (std::set{0, 1, 2}));
+}
+
+TEST_F(DemoCard, dataAreasAreReadInStepByBothReaders)
+{
+    std::set<std::pair<bool, bool>> shapes; // data before the movie, budget used up
+    std::set<char> markers;
+    for (const MRVMedia& media : medias()) {
+        SCOPED_TRACE(media.path());
+        const std::string film = contents(media.path());
+        const auto top = chunksOf(film, 12, film.size());
+        const Walk walk = walkDataArea(film);
+        EXPECT_TRUE(walk.result);
+        EXPECT_EQ(walk.g.size(), walk.gps.size() * 10);
+        shapes.insert({top[1].id == "JUNK", walk.budgetUsedUp});
+
+        MRVBlackBoxData data;
+        EXPECT_TRUE(data.ExtractStreamInformation(media.path()));
+        ASSERT_EQ(data.m_GSensors().size(), walk.g.size());
+        ASSERT_EQ(data.m_vGpsData().size(), walk.g.size());
+        for (std::size_t i = 0; i < walk.g.size(); ++i) {
+            EXPECT_EQ(data.m_GSensors()[i].y, static_cast<float>(walk.g[i].y) / 256);
+            EXPECT_EQ(data.m_vGpsData()[i].data().fSpeed, walk.gps[i / 10].speed);
+            EXPECT_TRUE(i == 0 || walk.g[i].time == walk.g[i - 1].time + 100);
+        }
+        markers.insert(walk.gps[0].km);
+
+        // As many seconds of picture, sound and data.
+        const auto header = chunksOf(film, top[0].body + 4, top[0].body + top[0].size);
+        EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body + 16), walk.gps.size() * 2);
+        const auto sound = chunksOf(film, header[2].body + 4, header[2].body + header[2].size);
+        EXPECT_EQ(numberAt<std::uint32_t>(film, sound[0].body + 32), walk.gps.size() * 16'000);
+    }
+    EXPECT_EQ(shapes.size(), 4);
+    EXPECT_EQ(markers, (std::set{'9', 'K'}));
+}
+
+TEST_F(DemoCard, theDriveGoesOnFromClipToClip)
+{
+    std::int64_t next = 0;
+    double hardest = 0;
+    for (const MRVMedia& media : medias()) {
+        if (mediaDirection(media.path()) == RearMedia || media.isMotionMedia())
+            continue;
+        const Walk walk = walkDataArea(contents(media.path()));
+        EXPECT_TRUE(next == 0 || walk.g.front().time == next) << media.path();
+        next = walk.g.back().time + 100;
+        const auto strongest = std::ranges::min(walk.g, {}, &WalkedG::y);
+        if (media.isEventMedia())
+            hardest = strongest.y / 256.0;
+        else
+            EXPECT_GT(strongest.y / 256.0, -0.5) << "an event outside of the event's clip";
+    }
+    EXPECT_LT(hardest, -0.70) << "the driving threshold of the Y axis";
+}
+
+TEST_F(DemoCard, settingsClockAndLogAreAsTheCameraWritesThem)
+{
+    const std::string settings = s_folder->read("config.bin");
+    ASSERT_EQ(settings.size(), 272);
+    EXPECT_EQ(settings.substr(0, 8), std::string("\x26\x57\x0C\x19\x01\x00\x00\x00", 8));
+    EXPECT_EQ(s_folder->read("timeset.cfg"), "2024/05/17 14:20:00");
+
+    const std::string log = s_folder->read("DrvInfo/marvo_000.drv");
+    const auto count = numberAt<std::uint32_t>(log, 0);
+    ASSERT_EQ(log.size(), 12 + count * 40);
+    EXPECT_GT(count, 50);
+    int withoutFix = 0;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::size_t at = 12 + i * 40;
+        EXPECT_EQ(numberAt<std::uint16_t>(log, at), i + 1);
+        EXPECT_EQ(log[at + 2], 5) << "a Friday";
+        EXPECT_EQ(numberAt<std::uint8_t>(log, at + 4), 124);
+        const bool fix = log[at + 3] == 1;
+        withoutFix += fix ? 0 : 1;
+        EXPECT_EQ(numberAt<std::uint16_t>(log, at + 10),
+                  fix ? 3733 + (numberAt<std::uint16_t>(log, at + 10) == 3734) : 0);
+        EXPECT_EQ(numberAt<std::uint16_t>(log, at + 14) / 100, fix ? 126 : 0);
+        EXPECT_LT(numberAt<std::uint16_t>(log, at + 12), 10'000);
+        EXPECT_NEAR(numberAt<std::int16_t>(log, at + 36), 256, 80);
+    }
+    EXPECT_GE(withoutFix, 7);
+}
+
+TEST(Gps, sentencesAreWhatReceiversWrite)
+{
+    const Drive drive;
+    const GpsReceiver receiver(drive);
+    int without = 0;
+    for (int second = 0; second < static_cast<int>(drive.duration()) + 400; second += 3) {
+        const std::string text = receiver.sentencesAt(second);
+        SCOPED_TRACE(text);
+        ASSERT_LE(text.size(), nmeaLimit);
+        ASSERT_TRUE(text.ends_with("\r\n"));
+        const bool valid = receiver.fixAt(second).valid;
+        without += valid ? 0 : 1;
+        std::istringstream lines(text);
+        std::string kinds;
+        for (std::string line; std::getline(lines, line);) {
+            ASSERT_EQ(line.back(), '\r');
+            line.pop_back();
+            unsigned sum = 0;
+            const std::size_t star = line.find('*');
+            for (std::size_t i = 1; i < star; ++i)
+                sum ^= static_cast<unsigned char>(line[i]);
+            EXPECT_EQ(std::stoul(line.substr(star + 1), nullptr, 16), sum);
+            const std::string kind = line.substr(3, 3);
+            kinds += kind[2];
+            std::vector<std::string> fields;
+            std::istringstream parts(line.substr(0, star));
+            for (std::string field; std::getline(parts, field, ',');)
+                fields.push_back(field);
+            if (kind == "RMC") {
+                EXPECT_EQ(fields[1].size(), 10);
+                EXPECT_EQ(fields[2], valid ? "A" : "V");
+                EXPECT_EQ(fields[3].size(), valid ? 9 : 0);
+                EXPECT_EQ(fields[9], "170524");
+            } else if (kind == "GGA") {
+                EXPECT_EQ(fields[6], valid ? "1" : "0");
+                EXPECT_EQ(fields[4].size(), valid ? 10 : 0);
+            } else if (kind == "GSA") {
+                EXPECT_EQ(fields.size(), 18);
+            }
+        }
+        EXPECT_EQ(kinds, "CAAVVV");
+    }
+    EXPECT_GT(without, 12) << "two tunnels";
+    EXPECT_EQ(nmeaDegrees(37.999999999), 3800) << "sixty minutes are a degree";
+    EXPECT_NEAR(nmeaDegrees(126.9595), 12657.57, 1e-9);
+}
+
+TEST(Drive, movesAsACarCan)
+{
+    const Drive drive;
+    double before = drive.at(0).distance;
+    for (double t = 0; t < drive.duration(); t += 0.1) {
+        const Motion motion = drive.at(t);
+        EXPECT_GE(motion.distance, before);
+        EXPECT_NEAR(motion.distance - before, motion.speed * 0.1, 0.1) << t;
+        EXPECT_LT(motion.speed, 20);
+        EXPECT_LT(std::abs(motion.lateral), 3.5);
+        before = motion.distance;
+    }
+    EXPECT_EQ(drive.at(1e9).speed, 0);
+}
+
+TEST(Scene, drawsAtAnyMomentAndSize)
+{
+    const Drive drive;
+    for (const int width : {16, 130, 400}) {
+        for (const Look look : {Look::Ahead, Look::Back}) {
+            const Scene scene(drive, look, width, width * 9 / 16);
+            Canvas picture(width, width * 9 / 16);
+            for (const double t : {-5.0, 0.0, 42.5, 60.0, 75.5, 96.0, 247.0, 270.0, 671.0})
+                scene.draw(picture, t, "2024/05/17 \xFF");
+        }
+    }
+}
+
+TEST_F(DemoCard, isTheSameEveryTimeHoweverManyThreads)
+{
+    const TemporaryFolder other;
+    DemoCardOptions options = coarse;
+    options.threads = 7;
+    ASSERT_EQ(writeDemoCard(other.path("new/card"), options).error, std::nullopt);
+    const auto files = filesBelow(s_folder->path());
+    ASSERT_EQ(files, filesBelow(other.path("new/card")));
+    for (const std::string& file : files)
+        EXPECT_TRUE(s_folder->read(file) == other.read("new/card/" + file)) << file;
+}
+
+TEST(DemoCardWriting, leavesAloneWhatIsSomebodysOwn)
+{
+    const TemporaryFolder card;
+    card.write("AlwaysMovie/alwa_20200101_000000_F.avi", "mine");
+    card.write("EventMovie/notes.txt", "mine");
+    card.write("config.bin", "my settings");
+    for (int round = 0; round < 2; ++round) {
+        const DemoCardResult result = writeDemoCard(card.path(), coarse);
+        ASSERT_EQ(result.error, std::nullopt);
+        EXPECT_EQ(result.kept, std::vector<std::string>{"config.bin"});
+        EXPECT_EQ(card.read("config.bin"), "my settings");
+        EXPECT_FALSE(fs::exists(card.path("timeset.cfg")));
+    }
+    EXPECT_EQ(card.read("AlwaysMovie/alwa_20200101_000000_F.avi"), "mine");
+    EXPECT_EQ(card.read("EventMovie/notes.txt"), "mine");
+}
+
+TEST_F(DemoCard, anOldOneIsWrittenAnew)
+{
+    const TemporaryFolder card;
+    fs::copy(s_folder->path(), card.path(), fs::copy_options::recursive);
+    const std::string& first = s_result->written.front();
+    card.write(first, "cut off");
+    card.write("config.bin", "changed");
+    card.write("timeset.cfg", "2030/01/01 00:00:00");
+    const DemoCardResult again = writeDemoCard(card.path(), coarse);
+    EXPECT_EQ(again.written, s_result->written);
+    EXPECT_TRUE(card.read(first) == s_folder->read(first));
+    EXPECT_TRUE(card.read("config.bin") == s_folder->read("config.bin"));
+}
+
+TEST(DemoCardWriting, aStopLeavesNoHalfFile)
+{
+    const TemporaryFolder card;
+    std::stop_source stop;
+    const DemoCardResult result = writeDemoCard(
+        card.path(), coarse, [&](double fraction) { fraction > 0.3 ? void(stop.request_stop()) : void(); },
+        stop.get_token());
+    EXPECT_EQ(result.error, "stopped");
+    for (const std::string& file : filesBelow(card.path())) {
+        const std::string film = card.read(file);
+        EXPECT_TRUE(file.ends_with(".avi")) << file;
+        EXPECT_EQ(numberAt<std::uint32_t>(film, 4) + 8, film.size()) << file;
+    }
+}
+
+TEST(DemoCardWriting, sayWhichFileCouldNotBeWritten)
+{
+    const TemporaryFolder card;
+    card.write("file");
+    const auto onFile = writeDemoCard(card.path("file"), coarse).error;
+    ASSERT_TRUE(onFile);
+    EXPECT_NE(onFile->find("cannot make the folder '" + card.path("file")), std::string::npos) << *onFile;
+
+    // A disk that is full after so many bytes.
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{.rlim_cur = 100'000, .rlim_max = before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const auto onFull = writeDemoCard(card.path("card"), coarse).error;
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    ASSERT_TRUE(onFull);
+    EXPECT_NE(onFull->find(".avi': File too large"), std::string::npos) << *onFull;
+    EXPECT_TRUE(filesBelow(card.path("card")).empty());
+}
+
+} // namespace
+} // namespace marvo::demo
