@@ -20,6 +20,8 @@ public:
     virtual void selectRow(std::int64_t row) = 0;
     /// Marks a row of the list as unplayable; the reason becomes its tool tip.
     virtual void markUnplayable(std::int64_t row, const QString& reason) = 0;
+    /// The row plays: an earlier mark of it no longer holds.
+    virtual void markPlayable(std::int64_t /*row*/) {}
 
     virtual void showLoading(const QString& text) = 0;
     virtual void hideLoading() = 0;
