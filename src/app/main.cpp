@@ -1,9 +1,86 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "app/StartOptions.h"
+#include "app/Tour.h"
+#include "support/Log.h"
+#include "texts/Localisation.h"
+#include "viewer/Appearance.h"
+#include "viewer/MRVAppDelegate.h"
+
 #include <QApplication>
+#include <QLoggingCategory>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+#include <unistd.h>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcCore, "marvo.core")
+
+int printMessage(const marvo::StartOptions& options)
+{
+    std::fputs(options.message.toLocal8Bit().constData(), options.messageExit == 0 ? stdout : stderr);
+    return options.messageExit;
+}
+
+/// Help and version need no display, so they are answered before one is opened.
+bool asksForText(int argc, char** argv)
+{
+    return std::any_of(argv + std::min(1, argc), argv + argc, [](std::string_view argument) {
+        return argument == "-h" || argument == "--help" || argument == "-v" || argument == "--version";
+    });
+}
+
+void prepareWebEngine()
+{
+    // Its sandbox refuses to work for the administrator, and then it would not start at all.
+    if (::geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
+    if (asksForText(argc, argv))
+        return printMessage(marvo::readStartOptions(argc, argv));
+
+    prepareWebEngine();
+    QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
+    QCoreApplication::setApplicationName(QStringLiteral("marvo"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MARVO_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("MARVO"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("marvo"));
     QApplication application(argc, argv);
+    const marvo::StartOptions options = marvo::readStartOptions(argc, argv);
+    if (options.messageExit >= 0)
+        return printMessage(options);
+
+    marvo::setLogSink(
+        [](std::string_view line) { qCInfo(lcCore, "%.*s", static_cast<int>(line.size()), line.data()); });
+    marvo::installLanguage(marvo::builtLanguage());
+    marvo::applyAppearance(application);
+
+    marvo::MRVAppDelegate delegate;
+    delegate.awakeFromNib();
+    delegate.applicationDidFinishLaunching();
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
+                     &marvo::MRVAppDelegate::applicationWillTerminate);
+
+    std::unique_ptr<marvo::Tour> tour;
+    if (!options.demoReport.isEmpty()) {
+        tour = std::make_unique<marvo::Tour>(delegate, options.demoReport);
+        QObject::connect(tour.get(), &marvo::Tour::finished, &application, &QCoreApplication::exit,
+                         Qt::QueuedConnection);
+        tour->start();
+    }
+    if (!options.folder.empty())
+        delegate.openDirectory(options.folder);
     return QApplication::exec();
 }

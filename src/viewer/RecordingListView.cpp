@@ -3,6 +3,7 @@
 #include "viewer/RecordingListView.h"
 
 #include "texts/Localisation.h"
+#include "viewer/RecordingRowDelegate.h"
 #include "viewer/RecordingTableModel.h"
 
 #include <QAction>
@@ -23,8 +24,7 @@ namespace {
 
 constexpr int listRowHeight = 30;
 constexpr int headerHeight = 28;
-constexpr int cellPadding = 4;
-constexpr int iconWidth = 22;
+constexpr int iconWidth = 20;
 constexpr int leastFileWidth = 48;
 
 } // namespace
@@ -50,8 +50,9 @@ RecordingListView::RecordingListView(QWidget* parent)
     setTabKeyNavigation(false);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setIconSize({iconWidth, 18});
+    setIconSize({iconWidth, 16});
     setCornerButtonEnabled(false);
+    setItemDelegate(new RecordingRowDelegate(this));
 
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -85,10 +86,6 @@ RecordingListView::RecordingListView(QWidget* parent)
     m_scanLine->setObjectName(QStringLiteral("listScanLine"));
     m_scanLine->setAlignment(Qt::AlignCenter);
     m_scanLine->hide();
-    connect(m_openButton, &QPushButton::clicked, this, [this] {
-        if (m_openFolder)
-            m_openFolder->trigger();
-    });
 }
 
 void RecordingListView::setModel(QAbstractItemModel* model)
@@ -109,21 +106,20 @@ void RecordingListView::layoutColumns()
     using Model = RecordingTableModel;
     ensurePolished();
     QFont cells = font();
-    cells.setPointSize(11);
-    cells.setWeight(QFont::DemiBold); // the playing row is the widest
+    cells.setPointSize(RecordingTableModel::fontPointSize);
     const QFontMetrics cell(cells);
     const QFontMetrics head(horizontalHeader()->font());
+    const int textMargins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
     const auto fit = [&](int column, const QStringList& texts, int extra) {
         int width = head.horizontalAdvance(model()->headerData(column, Qt::Horizontal).toString());
         for (const QString& text : texts)
             width = std::max(width, cell.horizontalAdvance(text) + extra);
-        setColumnWidth(column, width + 2 * cellPadding);
+        setColumnWidth(column, width + textMargins + 1);
     };
-    const int iconAndGap = iconWidth + 4;
     fit(Model::SaveMode,
         {localised("media.always"), localised("media.motion"), localised("media.event"),
          localised("media.unknown")},
-        iconAndGap);
+        iconWidth + textMargins);
     fit(Model::Date, {QStringLiteral("2000-00-00")}, 0);
     fit(Model::Time, {QStringLiteral("00:00:00")}, 0);
 }
@@ -144,15 +140,23 @@ std::int64_t RecordingListView::selectedRow() const
     return rows.isEmpty() ? -1 : rows.front().row();
 }
 
-void RecordingListView::showNoFolder(QAction* openFolder)
+void RecordingListView::setOpenCommand(QAction* openFolder)
 {
-    m_openFolder = openFolder;
+    connect(m_openButton, &QPushButton::clicked, openFolder, &QAction::trigger);
+}
+
+void RecordingListView::showEmptyState(const QString& title, const QString& text)
+{
     m_scanLine->hide();
-    m_emptyTitle->setText(localised("viewer.list.noFolder"));
-    m_emptyText->setText(localised("viewer.list.noFolderHelp"));
-    m_openButton->show();
+    m_emptyTitle->setText(title);
+    m_emptyText->setText(text);
     m_emptyState->show();
     placeStatus();
+}
+
+void RecordingListView::showNoFolder()
+{
+    showEmptyState(localised("viewer.list.noFolder"), localised("viewer.list.noFolderHelp"));
 }
 
 void RecordingListView::showScanning(std::int64_t found)
@@ -165,13 +169,15 @@ void RecordingListView::showScanning(std::int64_t found)
 
 void RecordingListView::showRecordings()
 {
+    if (!model() || model()->rowCount() == 0)
+        return showEmptyState(localised("viewer.list.empty"), localised("viewer.list.emptyHelp"));
     m_scanLine->hide();
-    const bool empty = !model() || model()->rowCount() == 0;
-    m_emptyTitle->setText(localised("viewer.list.empty"));
-    m_emptyText->setText(localised("viewer.list.emptyHelp"));
-    m_openButton->show();
-    m_emptyState->setVisible(empty);
-    placeStatus();
+    m_emptyState->hide();
+}
+
+void RecordingListView::showUnreadable(const QString& reason)
+{
+    showEmptyState(localised("viewer.list.unreadable"), localised("viewer.list.unreadableHelp").arg(reason));
 }
 
 QString RecordingListView::statusText() const

@@ -26,11 +26,15 @@ public:
     /// The selected row, or -1.
     std::int64_t selectedRow() const;
 
-    /// Before any folder: what to do, and a button that does it.
-    void showNoFolder(QAction* openFolder);
+    /// What the button that is offered while there are no rows does.
+    void setOpenCommand(QAction* openFolder);
+    /// Before any folder: what to do.
+    void showNoFolder();
     void showScanning(std::int64_t found);
     /// The scan has ended; a folder without recordings says so.
     void showRecordings();
+    /// The folder could not be listed at all, for a reason in the system's words.
+    void showUnreadable(const QString& reason);
     /// The line shown over the rows, or in the place of rows; empty when there is none.
     QString statusText() const;
 
@@ -46,6 +50,7 @@ protected:
 
 private:
     void layoutColumns();
+    void showEmptyState(const QString& title, const QString& text);
     void placeStatus();
 
     QWidget* m_emptyState;
@@ -53,7 +58,6 @@ private:
     QLabel* m_emptyText;
     QPushButton* m_openButton;
     QLabel* m_scanLine;
-    QAction* m_openFolder = nullptr;
 };
 
 } // namespace marvo

@@ -14,8 +14,6 @@ namespace marvo {
 
 namespace {
 
-constexpr int fontPointSize = 11;
-
 struct ColumnRow
 {
     const char* identifier;
@@ -43,8 +41,6 @@ RecordingTableModel::RecordingTableModel(const MRVMediaList& mediaList, QObject*
     m_kinds = {kind("media.always", "alwa"), kind("media.motion", "motion"), kind("media.event", "event"),
                Kind{localised("media.unknown"), QIcon()}};
     m_font.setPointSize(fontPointSize);
-    m_playingFont = m_font;
-    m_playingFont.setWeight(QFont::DemiBold);
 }
 
 void RecordingTableModel::reload()
@@ -68,6 +64,12 @@ void RecordingTableModel::markUnplayable(std::int64_t row, const QString& reason
 {
     m_unplayable.insert(row, reason);
     rowChanged(row);
+}
+
+void RecordingTableModel::markPlayable(std::int64_t row)
+{
+    if (m_unplayable.remove(row) > 0)
+        rowChanged(row);
 }
 
 void RecordingTableModel::rowChanged(std::int64_t row)
@@ -137,7 +139,7 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(columns[static_cast<std::size_t>(index.column())].alignment);
     case Qt::FontRole:
-        return playing ? m_playingFont : m_font;
+        return m_font;
     case Qt::ForegroundRole:
         if (m_unplayable.contains(row))
             return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
@@ -153,6 +155,8 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
         return playing ? localised("viewer.list.playing") : QString();
     case UnplayableRole:
         return m_unplayable.contains(row);
+    case PlayingRole:
+        return playing;
     default:
         return {};
     }

@@ -21,10 +21,13 @@ class RecordingTableModel : public QAbstractTableModel
     Q_OBJECT
 public:
     enum Column { SaveMode, Date, Time, File, ColumnCount };
+    static constexpr int fontPointSize = 11;
     /// The column's own name, "saveMode", "date", "time" or "file"; a header role.
     static constexpr int IdentifierRole = Qt::UserRole + 1;
     /// Whether the recording could not be played; the reason is the row's tool tip.
     static constexpr int UnplayableRole = Qt::UserRole + 2;
+    /// Whether the recording is the one in the player.
+    static constexpr int PlayingRole = Qt::UserRole + 3;
 
     /// The list is not owned and must outlive the model.
     explicit RecordingTableModel(const MRVMediaList& mediaList, QObject* parent = nullptr);
@@ -34,6 +37,7 @@ public:
     /// Marks one row as the one in the player; -1 marks none.
     void setPlayingRow(std::int64_t row);
     void markUnplayable(std::int64_t row, const QString& reason);
+    void markPlayable(std::int64_t row);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -57,7 +61,6 @@ private:
     std::array<QString, ColumnCount> m_columnNames;
     std::array<Kind, 4> m_kinds;
     QFont m_font;
-    QFont m_playingFont;
     int m_rows = 0;
     std::int64_t m_playingRow = -1;
     QHash<std::int64_t, QString> m_unplayable;

@@ -1,0 +1,298 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "viewer/MRVAppDelegate.h"
+
+#include "controls/FractionSlider.h"
+#include "viewer/CustomWindow.h"
+#include "viewer/DataPanelUpdater.h"
+#include "viewer/FullScreenControlBar.h"
+#include "viewer/GraphView.h"
+#include "viewer/HeadBox.h"
+#include "viewer/LanguagePreference.h"
+#include "viewer/MainViews.h"
+#include "viewer/MainWindowCommands.h"
+#include "viewer/MainWindowLayout.h"
+#include "viewer/MainWindowPlaybackHost.h"
+#include "viewer/MapView.h"
+#include "viewer/MediaControlBox.h"
+#include "viewer/PlaybackController.h"
+#include "viewer/RecordingListView.h"
+#include "viewer/TKVideoBackgroundImageView.h"
+#include "viewer/VideoView.h"
+#include "viewer/VlcPlayer.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLocale>
+#include <QScreen>
+#include <QSettings>
+
+namespace marvo {
+
+MRVAppDelegate::MRVAppDelegate() : MRVAppDelegate(Configuration{}) {}
+
+MRVAppDelegate::MRVAppDelegate(const Configuration& configuration)
+    : m_configuration(configuration),
+      m_recordings(m_mediaList),
+      m_cardSettings(configuration.readCardSettings),
+      m_window(std::make_unique<CustomWindow>()),
+      m_commands(new MainWindowCommands(*m_window)),
+      m_views(new MainViews(*m_window, *m_commands)),
+      m_loading(new LoadingIndicator(*m_views->progressIndicator, configuration.loadingTick))
+{
+    m_window->setWindowTitle(QStringLiteral("MARVO"));
+}
+
+MRVAppDelegate::~MRVAppDelegate() { die(); }
+
+void MRVAppDelegate::awakeFromNib()
+{
+    m_player1 = std::make_unique<VlcPlayer>(m_views->video1View);
+    m_dataPanel =
+        std::make_unique<DataPanelUpdater>(m_views->dataPanelFields(), *m_views->graphView,
+                                           *m_views->mapWebView, *m_player1, m_blackBoxData, m_playInfo);
+    m_host = std::make_unique<MainWindowPlaybackHost>(*m_views, m_recordings, *m_loading, *m_dataPanel,
+                                                      [this] { updateSideViewButton(); });
+    m_playback =
+        std::make_unique<PlaybackController>(*m_player1, m_mediaList, m_blackBoxData, m_playInfo, *m_host);
+
+    const QString bar = QStringLiteral("bottom-background");
+    m_views->mediaControlBoxForFullScreen->setImageNames(bar, bar, bar);
+    m_views->player1BackgroundView->setBackgroundNineImageName(QStringLiteral("v1"));
+    m_views->player1BackgroundView->setLogoImage(QStringLiteral("v1_front_logo"));
+
+    m_views->bodyRightBox->mediaListTableView()->setModel(&m_recordings);
+    setupInitialValues();
+}
+
+void MRVAppDelegate::setupInitialValues()
+{
+    connect(&m_mediaList, &MRVMediaList::mediaListChanged, this, &MRVAppDelegate::mediaListChanged);
+    connect(&m_mediaList, &MRVMediaList::scanProgress, this, &MRVAppDelegate::scanProgress);
+    connect(&m_cardSettings, &CardSettingsLookup::settingsKnown, this, &MRVAppDelegate::cardSettingsKnown);
+    connectPlayInfo();
+    connectCommands();
+    connect(m_window.get(), &CustomWindow::contentResized, this, &MRVAppDelegate::contentResized);
+    connect(m_window.get(), &CustomWindow::isFullScreenChanged, m_views, &MainViews::layoutWindow);
+    connect(m_window.get(), &CustomWindow::folderDropped, this,
+            [this](const QString& path) { openDirectory(QFile::encodeName(path).toStdString()); });
+    connect(m_window.get(), &CustomWindow::windowWillClose, m_playback.get(), &PlaybackController::stopPlay);
+
+    m_rightViewMode = RecordingListMode;
+    updateSideViewButton();
+    m_host->showVolume(m_playback->volume());
+    m_views->video1View->hide();
+    m_views->mapWebView->loadPage(
+        m_configuration.language == InterfaceLanguage::Korean ? MapPageName::map2 : MapPageName::map2_eng);
+    m_views->layoutWindow();
+    RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
+    list->setOpenCommand(m_commands->action(Command::OpenMediaDirectoryDialog));
+    list->showNoFolder();
+    setMileDisplay(false); // what the default settings have, until a card says otherwise
+}
+
+void MRVAppDelegate::applicationDidFinishLaunching()
+{
+    QSettings preferences;
+    storeLanguagePreference(preferences);
+    m_korean = m_configuration.language == InterfaceLanguage::Korean;
+
+    m_window->setFrame(minWindowFrame(m_window->screen()->availableGeometry()),
+                       CustomWindow::FrameChange::AtOnce);
+    m_window->setInitialFrame(m_window->frame());
+    connect(m_views->bodyRightBox->mediaListTableView(), &RecordingListView::rowActivated, m_playback.get(),
+            &PlaybackController::changeAndPlay);
+    m_window->show();
+    m_views->bodyRightBox->mediaListTableView()->setFocus();
+}
+
+void MRVAppDelegate::connectPlayInfo()
+{
+    MediaControlBox* controls = m_views->mediaControlBox;
+    FullScreenControlBar* bar = m_views->mediaControlBoxForFullScreen;
+    FractionSlider* const sliders[] = {controls->videoPositionSlider(),
+                                       bar->videoPositionSliderForFullScreen()};
+
+    connect(&m_playInfo, &MRVPlayInfo::speedChanged, controls, &MediaControlBox::showSpeed);
+    connect(&m_playInfo, &MRVPlayInfo::scaleChanged, controls, &MediaControlBox::showScale);
+    connect(&m_playInfo, &MRVPlayInfo::isPlayingChanged, controls, &MediaControlBox::showPlaying);
+    connect(&m_playInfo, &MRVPlayInfo::isPlayingChanged, bar, &FullScreenControlBar::showPlaying);
+    connect(&m_playInfo, &MRVPlayInfo::positionChanged, this, &MRVAppDelegate::showPlayTime);
+    connect(m_player1.get(), &MediaPlayer::stateChanged, this, &MRVAppDelegate::showPlayTime);
+    for (FractionSlider* slider : sliders) {
+        connect(&m_playInfo, &MRVPlayInfo::positionChanged, slider, &FractionSlider::setFraction);
+        connect(slider, &FractionSlider::userMoved, this, [this](double value) {
+            m_playInfo.setPosition(value);
+            m_playback->videoPositionSliderMoved(value);
+        });
+    }
+    connect(m_views->graphView, &GraphView::seekRequested, this, [this](double value) {
+        m_playInfo.setPosition(value);
+        m_playback->videoPositionSliderMoved(value);
+    });
+    connect(controls->volumeSlider(), &FractionSlider::userMoved, this,
+            [this](double value) { m_playback->volumeSliderMoved(static_cast<int>(value)); });
+    connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
+            &RecordingTableModel::setPlayingRow);
+}
+
+void MRVAppDelegate::connectCommands()
+{
+    PlaybackController* playback = m_playback.get();
+    const auto on = [this](Command command, auto* receiver, auto slot) {
+        connect(m_commands->action(command), &QAction::triggered, receiver, slot);
+    };
+    on(Command::OpenMediaDirectoryDialog, this, &MRVAppDelegate::openMediaDirectoryDialog);
+    on(Command::ChangeAndPlay, this, &MRVAppDelegate::changeAndPlay);
+    on(Command::ClickPlayButton, playback, &PlaybackController::clickPlayButton);
+    on(Command::JumpBackward, playback, &PlaybackController::jumpBackward);
+    on(Command::JumpForward, playback, &PlaybackController::jumpForward);
+    on(Command::DecreaseSpeed, playback, &PlaybackController::decreaseSpeed);
+    on(Command::IncreaseSpeed, playback, &PlaybackController::increaseSpeed);
+    on(Command::VolumeDown, playback, &PlaybackController::volumeDown);
+    on(Command::VolumeUp, playback, &PlaybackController::volumeUp);
+    on(Command::SizeDown, playback, &PlaybackController::sizeDown);
+    on(Command::SizeUp, playback, &PlaybackController::sizeUp);
+    on(Command::ToggleFullScreen, this, &MRVAppDelegate::toggleFullScreen);
+    on(Command::ClickMediaListViewButton, this, &MRVAppDelegate::clickMediaListViewButton);
+    on(Command::ClickMapViewButton, this, &MRVAppDelegate::clickMapViewButton);
+    on(Command::CloseWindow, this, &MRVAppDelegate::closeWindow);
+    on(Command::Quit, this, &MRVAppDelegate::closeWindow);
+    connect(m_views->headBox, &HeadBox::minimiseClicked, m_window.get(), &QWidget::showMinimized);
+    connect(m_views->headBox, &HeadBox::zoomRequested, m_window.get(), &CustomWindow::toggleZoom);
+}
+
+void MRVAppDelegate::contentResized()
+{
+    m_views->layoutWindow();
+    m_playback->updatePlayInfoScale();
+}
+
+void MRVAppDelegate::openMediaDirectoryDialog()
+{
+    auto* dialog = new QFileDialog(m_window.get(), localised("viewer.folder.choose"));
+    dialog->setObjectName(QStringLiteral("openMediaDirectoryDialog"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    const QString shown = QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath()));
+    dialog->setDirectory(shown.isEmpty() ? QDir::homePath() : shown);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this](const QString& path) { openDirectory(QFile::encodeName(path).toStdString()); });
+    dialog->open();
+}
+
+void MRVAppDelegate::openDirectory(const std::string& path)
+{
+    m_playback->stop();
+    m_recordings.setPlayingRow(-1);
+    m_mediaList.setDirectoryPath(path);
+    m_cardSettings.lookUp(path);
+    scanProgress(0);
+}
+
+QString MRVAppDelegate::folderName() const
+{
+    const QString path = QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath()));
+    const QString name = QDir(QDir::cleanPath(path)).dirName();
+    return name.isEmpty() ? path : name;
+}
+
+void MRVAppDelegate::scanProgress(qint64 found)
+{
+    m_views->headBox->showFolder(folderName(), localised("viewer.folder.reading"));
+    m_views->bodyRightBox->mediaListTableView()->showScanning(found);
+}
+
+void MRVAppDelegate::mediaListChanged()
+{
+    setRightViewMode(RecordingListMode);
+    m_recordings.reload();
+
+    RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
+    const qint64 count = m_mediaList.count();
+    if (m_mediaList.folderError() && count == 0) {
+        list->showUnreadable(QString::fromStdString(m_mediaList.folderError().message()));
+        m_views->headBox->showFolder(folderName(), localised("viewer.folder.unreadable"));
+    } else {
+        list->showRecordings();
+        m_views->headBox->showFolder(
+            folderName(), count == 1 ? localised("viewer.folder.countOne")
+                                     : localised("viewer.folder.count").arg(QLocale().toString(count)));
+    }
+    Q_EMIT recordingsListed();
+}
+
+void MRVAppDelegate::changeAndPlay()
+{
+    const std::int64_t row = m_views->bodyRightBox->mediaListTableView()->selectedRow();
+    if (row >= 0)
+        m_playback->changeAndPlay(row);
+}
+
+void MRVAppDelegate::toggleFullScreen()
+{
+    if (m_window->isFullScreen())
+        m_window->leaveFullscreen();
+    else
+        m_window->enterFullscreen();
+}
+
+void MRVAppDelegate::clickMediaListViewButton() { setRightViewMode(RecordingListMode); }
+
+void MRVAppDelegate::clickMapViewButton() { setRightViewMode(MapMode); }
+
+void MRVAppDelegate::setRightViewMode(RightViewMode mode)
+{
+    if (m_rightViewMode == mode)
+        return;
+    m_rightViewMode = mode;
+    updateSideViewButton();
+}
+
+void MRVAppDelegate::updateSideViewButton() { m_views->bodyRightBox->updateSideViewButton(m_rightViewMode); }
+
+void MRVAppDelegate::cardSettingsKnown(const _FILEDATA& record)
+{
+    setMileDisplay((record.speedUnit & 0xFF) != 0);
+}
+
+void MRVAppDelegate::setDisplayMile(std::uint32_t speedUnit)
+{
+    if (speedUnit <= 1)
+        setMileDisplay(speedUnit == 1);
+}
+
+void MRVAppDelegate::setMileDisplay(bool miles)
+{
+    m_mileDisplay = miles;
+    m_dataPanel->setSpeedUnit(miles ? SpeedUnit::Miles : SpeedUnit::Kilometres);
+}
+
+void MRVAppDelegate::showPlayTime()
+{
+    const std::int64_t length = m_player1->lengthMs();
+    const auto time = static_cast<std::int64_t>(m_playInfo.position() * static_cast<double>(length));
+    m_views->mediaControlBox->showTime(time, length);
+    m_views->mediaControlBoxForFullScreen->showTime(time, length);
+}
+
+void MRVAppDelegate::closeWindow() { m_window->close(); }
+
+void MRVAppDelegate::applicationWillTerminate() { die(); }
+
+void MRVAppDelegate::die()
+{
+    if (!m_playback)
+        return;
+    m_playback->stopPlay();
+    m_playback.reset();
+    m_host.reset();
+    m_dataPanel.reset();
+    m_player1.reset();
+}
+
+} // namespace marvo

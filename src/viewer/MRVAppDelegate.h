@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "media/MRVMediaList.h"
+#include "recording/MRVBlackBoxData.h"
+#include "texts/Localisation.h"
+#include "viewer/CardSettingsLookup.h"
+#include "viewer/LoadingIndicator.h"
+#include "viewer/MRVPlayInfo.h"
+#include "viewer/RecordingTableModel.h"
+#include "viewer/SidePanel.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace marvo {
+
+class CustomWindow;
+class DataPanelUpdater;
+class MainViews;
+class MainWindowCommands;
+class MainWindowPlaybackHost;
+class PlaybackController;
+class VlcPlayer;
+
+/// The controller of the application's one main window. It owns the player, the play state, the media list
+/// and the extractor for the application's lifetime, and joins them to the window; playback and the data
+/// panels have their own rules elsewhere.
+class MRVAppDelegate : public QObject
+{
+    Q_OBJECT
+public:
+    struct Configuration
+    {
+        InterfaceLanguage language = builtLanguage();
+        std::chrono::milliseconds loadingTick = LoadingIndicator::tickInterval;
+        CardSettingsReader readCardSettings = marvo::readCardSettings;
+    };
+
+    MRVAppDelegate();
+    explicit MRVAppDelegate(const Configuration& configuration);
+    ~MRVAppDelegate() override;
+
+    /// The window has been loaded: makes the engine and the data objects, and joins them to it.
+    void awakeFromNib();
+    /// The application has started: fixes the language, sizes the window, and shows it.
+    void applicationDidFinishLaunching();
+    /// Stops playback and releases the player and its video view.
+    void applicationWillTerminate();
+
+    /// Stops the player and scans a folder (a path as bytes); recordingsListed follows.
+    void openDirectory(const std::string& path);
+
+    void openMediaDirectoryDialog();
+    /// Plays the selected row, as a double click on it does.
+    void changeAndPlay();
+    void toggleFullScreen();
+    void clickMediaListViewButton();
+    void clickMapViewButton();
+    void closeWindow();
+
+    /// 1 shows miles, 0 kilometres; any other value changes nothing.
+    void setDisplayMile(std::uint32_t speedUnit);
+
+    CustomWindow& window() const { return *m_window; }
+    MainViews& views() const { return *m_views; }
+    const MainWindowCommands& commands() const { return *m_commands; }
+    PlaybackController& playback() const { return *m_playback; }
+    const VlcPlayer* player1() const { return m_player1.get(); }
+    const MRVMediaList& mediaList() const { return m_mediaList; }
+    const MRVBlackBoxData& blackBoxData() const { return m_blackBoxData; }
+    const MRVPlayInfo& playInfo() const { return m_playInfo; }
+    const LoadingIndicator& loadingIndicator() const { return *m_loading; }
+    const RecordingTableModel& recordings() const { return m_recordings; }
+    RightViewMode rightViewMode() const { return m_rightViewMode; }
+    bool m_bMileDisplay() const { return m_mileDisplay; }
+    bool m_bKorean() const { return m_korean; }
+
+Q_SIGNALS:
+    /// The scan has ended, and the list shows its result.
+    void recordingsListed();
+
+private:
+    void setupInitialValues();
+    void connectPlayInfo();
+    void connectCommands();
+    void contentResized();
+    void mediaListChanged();
+    void scanProgress(qint64 found);
+    void cardSettingsKnown(const _FILEDATA& record);
+    void setMileDisplay(bool miles);
+    QString folderName() const;
+    void setRightViewMode(RightViewMode mode);
+    void updateSideViewButton();
+    void showPlayTime();
+    void die();
+
+    Configuration m_configuration;
+    MRVPlayInfo m_playInfo;
+    MRVMediaList m_mediaList;
+    MRVBlackBoxData m_blackBoxData;
+    RecordingTableModel m_recordings;
+    CardSettingsLookup m_cardSettings;
+
+    std::unique_ptr<CustomWindow> m_window;
+    MainWindowCommands* m_commands = nullptr; ///< the window's, as are the next two
+    MainViews* m_views = nullptr;
+    LoadingIndicator* m_loading = nullptr;
+
+    std::unique_ptr<VlcPlayer> m_player1;
+    std::unique_ptr<DataPanelUpdater> m_dataPanel;
+    std::unique_ptr<MainWindowPlaybackHost> m_host;
+    std::unique_ptr<PlaybackController> m_playback;
+
+    RightViewMode m_rightViewMode = RecordingListMode;
+    bool m_korean = false;
+    bool m_mileDisplay = false;
+};
+
+} // namespace marvo
