@@ -35,8 +35,9 @@ void MapRequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info)
         return;
     }
     // Public tile servers turn away who does not say where the request comes from. There is no web site to
-    // name.
-    info.setHttpHeader(QByteArrayLiteral("Referer"), QByteArrayLiteral("https://marvo.invalid/"));
+    // name. The engine cancels a request whose referrer is more than an origin or has a safer scheme than the
+    // request.
+    info.setHttpHeader(QByteArrayLiteral("Referer"), url.scheme().toLatin1() + "://marvo.invalid/");
 }
 
 std::shared_ptr<QWebEngineProfile> sharedMapProfile()

@@ -7,15 +7,20 @@
 marvo.LabelLayer = L.Layer.extend({
     options: {pane: 'labels', margin: 0.4},
 
-    initialize: function (data, places, language, options) {
+    initialize: function (data, language, options) {
         L.setOptions(this, options);
         this._countries = data.countries.map(([x, y, zoom, english, korean]) => ({
             lng: x / data.perDegree, lat: y / data.perDegree, zoom, name: language === 'ko' ? korean : english,
         }));
-        this._places = places;
+        this._places = null;
         const style = getComputedStyle(document.documentElement);
         this._colour = (name) => style.getPropertyValue('--' + name).trim();
         this._font = getComputedStyle(document.body).fontFamily;
+    },
+
+    setPlaces: function (places) {
+        this._places = places;
+        this._draw();
     },
 
     onAdd: function (map) {
@@ -53,7 +58,7 @@ marvo.LabelLayer = L.Layer.extend({
         this._canvas.style.height = full.y + 'px';
         L.DomUtil.setPosition(this._canvas, map.containerPointToLayerPoint(L.point(0, 0)).subtract(margin));
 
-        const context = this._canvas.getContext('2d');
+        const context = this._canvas.getContext('2d', marvo.drawnOnce);
         context.scale(ratio, ratio);
         const bounds = L.latLngBounds(map.unproject(this._drawn.getBottomLeft()),
                                       map.unproject(this._drawn.getTopRight()));
@@ -132,7 +137,7 @@ marvo.LabelLayer = L.Layer.extend({
                 write(country.name, x, y, 'center', '600 12px', this._colour('country-text'));
             }
         }
-        if (this._zoom < 4)
+        if (this._zoom < 4 || !this._places)
             return;
         const highestRank = Math.min(8, this._zoom - 4);
         for (const place of this._places.within(bounds, highestRank).slice(0, 400)) {

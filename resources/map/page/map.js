@@ -50,18 +50,21 @@ marvo.MapPage = class {
         this.followControl = new marvo.FollowControl({
             text: texts.follow, changed: () => this.follow(!this.following),
         }).addTo(map);
-        this.attribution = L.control.attribution({position: 'bottomright', prefix: false}).addTo(map);
-        this.attribution.addAttribution('Leaflet');
+        this.attribution = new marvo.CreditsControl({position: 'bottomright', prefix: false}).addTo(map);
         L.control.scale({position: 'bottomleft', imperial: false, maxWidth: 90}).addTo(map);
         this.notice = new marvo.NoticeControl().addTo(map);
     }
 
-    /// The offline map: land, borders, graticule and names.
-    addBaseMap(data) {
-        this.places = new marvo.Places(data.places, this.language);
+    /// The offline map: land, borders, graticule, names of countries.
+    addLand(data) {
         new marvo.BaseMapLayer(data).addTo(this.map);
-        new marvo.LabelLayer(data, this.places, this.language).addTo(this.map);
+        this.labels = new marvo.LabelLayer(data, this.language).addTo(this.map);
         this.attribution.addAttribution('Natural Earth');
+    }
+
+    addPlaces(data) {
+        this.places = new marvo.Places(data, this.language);
+        this.labels.setPlaces(this.places);
         this.attribution.addAttribution(
             '<a href="https://www.geonames.org/">GeoNames</a> '
             + '<a href="https://creativecommons.org/licenses/by/4.0/">CC BY 4.0</a>');
@@ -109,8 +112,7 @@ marvo.MapPage = class {
 
     setPosition(position) {
         const {vehicle, map} = this;
-        // A receiver without a fix writes 0, 0: out in the ocean, so no car has driven there from anywhere.
-        if (position.lat === 0 && position.lng === 0 && vehicle.position
+        if (marvo.isNoFix(position) && vehicle.position
             && marvo.geo.distance(vehicle.position, position) > marvo.Vehicle.gapMetres) {
             vehicle.lose();
             this.notice.show(this.texts.noFix);
@@ -212,18 +214,26 @@ var marvoMap = {
     newRecording() { marvo.page.newRecording(); },
     /// [[longitude, latitude], ...]: the way driven before the page had to be loaded again.
     restoreDriven(points) {
-        for (const [longitude, latitude] of points)
-            setLatLag(longitude, latitude);
+        marvo.page.vehicle.restoreDriven(points
+            .map(([longitude, latitude]) => marvo.parsedPosition(longitude, latitude))
+            .filter((position) => position && !marvo.isNoFix(position)));
     },
 };
 
-// The base map's data is large and not needed for the page to answer; the first paint comes before it.
+// The base map is large and the page can answer without it, so it comes after the first paint, land before names.
 window.addEventListener('load', () => {
-    const script = document.createElement('script');
-    script.src = 'data/baseMapData.js';
-    script.onload = () => {
-        marvo.page.addBaseMap(marvoBaseMap);
-        window.marvoBaseMap = null;
+    const load = (name, then) => {
+        const script = document.createElement('script');
+        script.src = 'data/' + name;
+        script.onload = then;
+        document.head.appendChild(script);
     };
-    document.head.appendChild(script);
+    load('baseMapLand.js', () => {
+        marvo.page.addLand(marvoLand);
+        window.marvoLand = null;
+        load('baseMapPlaces.js', () => {
+            marvo.page.addPlaces(marvoPlaces);
+            window.marvoPlaces = null;
+        });
+    });
 });

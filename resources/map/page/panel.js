@@ -27,6 +27,15 @@ marvo.ReadoutControl = L.Control.extend({
     },
 });
 
+/// Leaflet's own, with the credits side by side in a line that a narrow panel has room for.
+marvo.CreditsControl = L.Control.Attribution.extend({
+    _update: function () {
+        L.Control.Attribution.prototype._update.call(this);
+        this._container.innerHTML = Object.keys(this._attributions)
+            .filter((credit) => this._attributions[credit]).join(' · ');
+    },
+});
+
 marvo.NoticeControl = L.Control.extend({
     options: {position: 'bottomleft'},
 

