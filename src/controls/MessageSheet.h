@@ -4,13 +4,18 @@
 
 #include <QString>
 
+#include <functional>
+
 class QMessageBox;
 class QWidget;
 
 namespace marvo {
 
-/// A warning with one default button, attached to a window. It returns at once; the box deletes itself when
-/// it is answered. The box is returned for those who wait for the answer.
+/// Shows a warning-style message attached to a window: the title as its main text, the message below, one
+/// button "OK". Returns at once; `dismissed`, if any, is called when the user has closed it. The box deletes
+/// itself.
+QMessageBox* showAlertSheet(QWidget* window, const QString& title, const QString& message,
+                            std::function<void()> dismissed);
 QMessageBox* showMessageSheet(QWidget* window, const QString& title, const QString& message);
 
 } // namespace marvo

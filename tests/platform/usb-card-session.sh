@@ -31,7 +31,8 @@ finish() {
     set +e
     # A file system in user space keeps the namespace alive for as long as it is mounted.
     [ -z "$device" ] || while umount "$device" 2>/dev/null; do :; done
-    [ "${#pids[@]}" -eq 0 ] || kill "${pids[@]}" 2>/dev/null
+    # The disk service waits for a bus that may have gone before it: none of them has anything left to put in order.
+    [ "${#pids[@]}" -eq 0 ] || kill -KILL "${pids[@]}" 2>/dev/null
     wait 2>/dev/null
     [ -z "$device" ] || losetup -d "$device" 2>/dev/null
 }

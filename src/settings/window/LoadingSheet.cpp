@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "settings/window/LoadingSheet.h"
+
+#include "controls/PMProgressIndicator.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace marvo {
+
+namespace {
+
+constexpr double giveUpSeconds = 15;
+
+} // namespace
+
+LoadingSheet::LoadingSheet(QWidget* window)
+    : QDialog(window, Qt::Dialog | Qt::FramelessWindowHint),
+      m_progressTitleField(new QLabel(this)),
+      m_progressIndicator(new PMProgressIndicator(this))
+{
+    setObjectName(QStringLiteral("progressPanel"));
+    m_progressTitleField->setObjectName(QStringLiteral("progressTitleField"));
+    m_progressIndicator->setObjectName(QStringLiteral("progressIndicator"));
+    setWindowModality(Qt::WindowModal);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 20);
+    layout->setSpacing(12);
+    layout->addWidget(m_progressTitleField);
+    layout->addWidget(m_progressIndicator);
+    m_progressIndicator->setMinimumWidth(260);
+    m_tick.setInterval(tickInterval);
+    connect(&m_tick, &QTimer::timeout, this, [this] { updateLoadingWindow(giveUpSeconds); });
+}
+
+void LoadingSheet::showLoading(const QString& title)
+{
+    m_progressIndicator->setIndeterminate(true);
+    m_stopLoadingWindow = false;
+    m_progress = 0;
+    m_progressIndicator->setDoubleValue(m_progressIndicator->minValue());
+    m_progressIndicator->startAnimation();
+    m_progressTitleField->setText(title);
+    m_tick.start();
+    open();
+}
+
+void LoadingSheet::updateLoadingWindow(double seconds)
+{
+    m_progress += 100 / (2 * seconds);
+    m_progressIndicator->setDoubleValue(m_progress);
+    if (m_progress < 100 && !m_stopLoadingWindow)
+        return;
+    m_tick.stop();
+    m_progressIndicator->setDoubleValue(m_progressIndicator->minValue());
+    m_progressIndicator->stopAnimation();
+    m_stopLoadingWindow = true;
+    done(QDialog::Accepted);
+}
+
+} // namespace marvo

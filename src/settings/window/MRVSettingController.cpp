@@ -1,0 +1,387 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "settings/window/MRVSettingController.h"
+
+#include "controls/MessageSheet.h"
+#include "controls/SegmentedControl.h"
+#include "platform/Background.h"
+#include "platform/DesktopPrograms.h"
+#include "platform/Disks.h"
+#include "settings/SettingFile.h"
+#include "settings/window/EarlierSettingsDialog.h"
+#include "settings/window/LoadingSheet.h"
+#include "settings/window/ObdPreference.h"
+#include "settings/window/SettingsTabView.h"
+#include "texts/Localisation.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLoggingCategory>
+#include <QMenu>
+#include <QPushButton>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace marvo {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logSettings, "marvo.settings")
+
+QPushButton* windowButton(const char* name, const char* key, QWidget* parent)
+{
+    auto* button = new QPushButton(localised(key), parent);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+} // namespace
+
+MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
+                                           QWidget* parent)
+    : QWidget(parent, Qt::Window), m_disks(disks), m_delegate(delegate), m_tabs(settingsTabs())
+{
+    setObjectName(QStringLiteral("MRVSettingController"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    fillDefaultFileDataForLanguage(m_FileData, m_language);
+    buildWindow();
+    updateTabBar();
+    updateWindowTitle();
+    connect(&m_disks, &Disks::volumesChanged, this, &MRVSettingController::volumesChanged);
+}
+
+MRVSettingController::~MRVSettingController() = default;
+
+void MRVSettingController::buildWindow()
+{
+    m_functionSegmentedControl = new SegmentedControl(this);
+    m_functionSegmentedControl->setObjectName(QStringLiteral("functionSegmentedControl"));
+    m_functionSegmentedControl->setAccessibleName(localised("setting.window_title"));
+    connect(m_functionSegmentedControl, &SegmentedControl::segmentClicked, this,
+            &MRVSettingController::changeViewController);
+
+    m_targetView = new QWidget(this);
+    m_targetView->setObjectName(QStringLiteral("targetView"));
+    auto* targetLayout = new QVBoxLayout(m_targetView);
+    targetLayout->setContentsMargins(0, 0, 0, 0);
+
+    m_resetButton = windowButton("resetButton", "setting.initialize", this);
+    m_saveButton = windowButton("saveButton", "save", this);
+    m_saveButton->setDefault(true);
+    auto* cancelButton = windowButton("cancelButton", "cancel", this);
+    connect(m_resetButton, &QPushButton::clicked, this, &MRVSettingController::onSaveDefaultSetting);
+    connect(m_saveButton, &QPushButton::clicked, this, &MRVSettingController::onSave);
+    connect(cancelButton, &QPushButton::clicked, this, &MRVSettingController::onCloseCmd);
+
+    auto* tools = new QToolButton(this);
+    tools->setObjectName(QStringLiteral("toolsButton"));
+    tools->setText(localised("setting.tools"));
+    tools->setPopupMode(QToolButton::InstantPopup);
+    tools->setMenu(new QMenu(tools));
+    buildToolsMenu(*tools->menu());
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(tools);
+    buttons->addWidget(m_resetButton);
+    buttons->addStretch();
+    buttons->addWidget(cancelButton);
+    buttons->addWidget(m_saveButton);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 14, 16, 14);
+    layout->setSpacing(12);
+    layout->addWidget(m_functionSegmentedControl);
+    layout->addWidget(m_targetView, 1);
+    layout->addLayout(buttons);
+    m_loadingSheet = new LoadingSheet(this);
+    // Whatever a person does in the tab passes by here, whichever control it is.
+    qApp->installEventFilter(this);
+}
+
+void MRVSettingController::buildToolsMenu(QMenu& menu)
+{
+    const auto add = [&](const char* name, const char* key) {
+        QAction* action = menu.addAction(localised(key));
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
+    connect(add("onDiskUtil", "setting.disk_utility"), &QAction::triggered, this,
+            &MRVSettingController::onDiskUtil);
+    connect(add("restoreEarlierFile", "setting.restore_earlier"), &QAction::triggered, this,
+            &MRVSettingController::restoreEarlierFile);
+    menu.addSeparator();
+    QAction* obd = add("obdAdapter", "setting.camera_with_obd");
+    obd->setCheckable(true);
+    obd->setChecked(ObdPreference::isOn());
+    connect(obd, &QAction::toggled, this, [this](bool on) {
+        ObdPreference::set(on);
+        updateTabBar();
+    });
+}
+
+void MRVSettingController::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (m_initialised)
+        return;
+    m_initialised = true;
+    const QRect visible = screen()->availableGeometry();
+    resize(size().expandedTo(sizeHint()).boundedTo(visible.size()));
+    move(visible.topLeft() + QPoint(visible.width() - width(), visible.height() - height()) / 2);
+    onInitDIalog();
+    changeViewController(0);
+}
+
+void MRVSettingController::onInitDIalog()
+{
+    fillDefaultFileDataForLanguage(m_FileData, m_language);
+    setTabEnabled(false);
+    showLoading(QStringLiteral("Loading..."));
+    runInBackground(
+        this,
+        [disks = &m_disks, language = m_language, earlier = m_card] {
+            return loadSettingFile(*disks, CardNaming::RenameToCardName, language, earlier);
+        },
+        [this](LoadedSettings loaded) { settingsRead(std::move(loaded)); });
+}
+
+void MRVSettingController::settingsRead(LoadedSettings loaded)
+{
+    m_card = std::move(loaded.card);
+    m_FileData = loaded.record;
+    hideLoading();
+    setTabEnabled(true);
+    if (m_targetController)
+        m_targetController->setFileData(&m_FileData);
+    updateWindowTitle();
+    updateTabBar();
+    Q_EMIT settingsLoaded();
+}
+
+void MRVSettingController::volumesChanged()
+{
+    if (!m_loaded)
+        return;
+    struct Found
+    {
+        bool changed = false;
+        LoadedSettings loaded;
+    };
+    runInBackground(
+        this,
+        [disks = &m_disks, language = m_language, card = m_card] {
+            Found found;
+            found.changed = !isStillThere(*disks, card);
+            if (found.changed)
+                found.loaded = loadSettingFile(*disks, CardNaming::RenameToCardName, language, {});
+            return found;
+        },
+        [this](Found found) {
+            if (!m_loaded || !found.changed)
+                return;
+            m_card = std::move(found.loaded.card);
+            // What the user has already chosen is worth more than what a card holds that came later.
+            if (found.loaded.wasRead && !m_touched) {
+                m_FileData = found.loaded.record;
+                if (m_targetController)
+                    m_targetController->setFileData(&m_FileData);
+            }
+            updateWindowTitle();
+            updateTabBar();
+        });
+}
+
+bool MRVSettingController::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isInput = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress ||
+                         event->type() == QEvent::Wheel;
+    if (isInput && watched->isWidgetType() && m_targetView->isAncestorOf(static_cast<QWidget*>(watched)))
+        m_touched = true;
+    return QWidget::eventFilter(watched, event);
+}
+
+void MRVSettingController::setTabEnabled(bool enabled)
+{
+    m_loaded = enabled;
+    m_targetView->setEnabled(enabled);
+    m_functionSegmentedControl->setEnabled(enabled);
+    m_saveButton->setEnabled(enabled);
+    m_resetButton->setEnabled(enabled);
+}
+
+void MRVSettingController::updateWindowTitle()
+{
+    const QString title = localised("setting.window_title");
+    const QString version = QStringLiteral(MARVO_VERSION);
+    if (m_card.m_SettingFilePath) {
+        setWindowTitle(QStringLiteral("%1[Ver %2] : %3")
+                           .arg(title, version, QFile::decodeName(m_card.m_SettingFilePath->c_str())));
+    } else {
+        setWindowTitle(QStringLiteral("%1[Ver %2]").arg(title, version));
+    }
+}
+
+void MRVSettingController::updateTabBar()
+{
+    m_tabs = settingsTabs();
+    if (ObdPreference::isOn() || m_card.holdsObdLog)
+        m_tabs.push_back(obdSettingsTab());
+    QStringList labels;
+    for (const SettingsTab& tab : m_tabs)
+        labels.append(localised(tab.labelKey));
+    if (labels == m_functionSegmentedControl->labels())
+        return;
+    if (m_lastSelectedTabIndex >= labels.size())
+        changeViewController(0);
+    m_functionSegmentedControl->setLabels(labels);
+    m_functionSegmentedControl->setSelectedSegment(m_lastSelectedTabIndex);
+}
+
+void MRVSettingController::changeViewController(int index)
+{
+    if (index == m_lastSelectedTabIndex || index < 0 || static_cast<std::size_t>(index) >= m_tabs.size())
+        return;
+    if (m_targetController) {
+        if (const auto message = m_targetController->validateUserInput()) {
+            m_functionSegmentedControl->setSelectedSegment(m_lastSelectedTabIndex);
+            showMessageSheet(this, QStringLiteral("MARVO"), *message);
+            return;
+        }
+        m_targetController->populate();
+        m_targetController->onHide();
+        // Its own click may have led here.
+        m_targetController->hide();
+        m_targetController->deleteLater();
+        m_targetController = nullptr;
+    }
+    showTab(index);
+}
+
+void MRVSettingController::showTab(int index)
+{
+    const SettingsTab& tab = m_tabs[static_cast<std::size_t>(index)];
+    m_targetController = tab.create(m_targetView);
+    m_targetController->setAccessibleName(localised(tab.titleKey));
+    m_targetView->layout()->addWidget(m_targetController);
+    m_targetController->setMainController(this);
+    m_targetController->setFileData(&m_FileData);
+    m_targetController->show();
+    m_lastSelectedTabIndex = index;
+    m_functionSegmentedControl->setSelectedSegment(index);
+}
+
+void MRVSettingController::populate()
+{
+    if (m_targetController)
+        m_targetController->populate();
+}
+
+std::optional<QString> MRVSettingController::validateUserInput()
+{
+    return m_targetController ? m_targetController->validateUserInput() : std::nullopt;
+}
+
+void MRVSettingController::onSave()
+{
+    if (!m_loaded)
+        return;
+    if (const auto message = validateUserInput()) {
+        showMessageSheet(this, QStringLiteral("MARVO"), *message);
+        return;
+    }
+    populate();
+    sealFileData(m_FileData);
+    setTabEnabled(false);
+    runInBackground(
+        this, [disks = &m_disks, card = m_card] { return saveDestination(*disks, card); },
+        [this](const std::optional<std::string>& destination) {
+            setTabEnabled(true);
+            if (destination)
+                writeTo(*destination);
+            else
+                askWhereToSave();
+        });
+}
+
+void MRVSettingController::askWhereToSave()
+{
+    const QString desktop = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+    auto* dialog = new QFileDialog(this, QStringLiteral("Save Settings"), desktop);
+    dialog->setObjectName(QStringLiteral("saveDialog"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->selectFile(QStringLiteral("config.bin"));
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this](const QString& path) { writeTo(QFile::encodeName(path).toStdString()); });
+    dialog->open();
+}
+
+void MRVSettingController::writeTo(const std::string& path)
+{
+    setTabEnabled(false);
+    runInBackground(
+        this,
+        [record = m_FileData, path, backups = m_backups]() mutable {
+            return saveToCard(record, path, backups);
+        },
+        [this, path](const std::optional<QString>& error) { saved(path, error); });
+}
+
+void MRVSettingController::saved(const std::string& path, const std::optional<QString>& error)
+{
+    setTabEnabled(true);
+    if (error) {
+        qCWarning(logSettings, "%s", qUtf8Printable(*error));
+        showMessageSheet(this, QStringLiteral("Warn"), localised("msg.write_protected_disk"));
+        return;
+    }
+    showAlertSheet(this, QStringLiteral("Information"),
+                   localised("msg.saved") + QFile::decodeName(path.c_str()), [this] { onCloseCmd(); });
+    if (m_delegate)
+        m_delegate->setDisplayMile(m_FileData.speedUnit);
+}
+
+void MRVSettingController::onCloseCmd() { close(); }
+
+void MRVSettingController::onDiskUtil()
+{
+    if (!startDiskUtility())
+        showMessageSheet(this, QStringLiteral("MARVO"), localised("msg.no_disk_utility"));
+}
+
+void MRVSettingController::onSaveDefaultSetting()
+{
+    fillDefaultFileDataForLanguage(m_FileData, m_language);
+    if (m_targetController)
+        m_targetController->setFileData(&m_FileData);
+}
+
+void MRVSettingController::restoreEarlierFile()
+{
+    auto* dialog = new EarlierSettingsDialog(m_backups.copies(), this);
+    connect(dialog, &EarlierSettingsDialog::chosen, this, &MRVSettingController::useEarlierFile);
+    dialog->open();
+}
+
+void MRVSettingController::useEarlierFile(const std::string& path)
+{
+    _FILEDATA earlier{};
+    if (!readSettingFile(path, earlier)) {
+        showMessageSheet(this, QStringLiteral("MARVO"), localised("msg.earlier_unreadable"));
+        return;
+    }
+    m_FileData = earlier;
+    if (m_targetController)
+        m_targetController->setFileData(&m_FileData);
+}
+
+void MRVSettingController::showLoading(const QString& title) { m_loadingSheet->showLoading(title); }
+
+void MRVSettingController::hideLoading() { m_loadingSheet->hideLoading(); }
+
+} // namespace marvo

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "settings/FileData.h"
+#include "settings/window/CardSettings.h"
+#include "settings/window/SettingsBackups.h"
+#include "settings/window/SettingsTabs.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QMenu;
+class QPushButton;
+
+namespace marvo {
+
+class Disks;
+class LoadingSheet;
+class SegmentedControl;
+class viewControllerForMRVSettingDelegate;
+
+/// The settings window: finds the camera's card, reads its settings into the one record, shows one tab at a
+/// time over that record, and writes it back. Nothing reaches the card before onSave().
+class MRVSettingController : public QWidget
+{
+    Q_OBJECT
+public:
+    /// The disks must outlive every window of the application; the delegate, which may be null, this one.
+    MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
+                         QWidget* parent = nullptr);
+    ~MRVSettingController() override;
+
+    _FILEDATA* filedata() { return &m_FileData; }
+    const SelectedCard& selectedCard() const { return m_card; }
+    Disks& disks() { return m_disks; }
+
+    /// Shows the tab of a segment, after the shown one has been checked and stored; with invalid input it
+    /// stays.
+    void changeViewController(int index);
+    /// Forwarded to the tab shown.
+    void populate();
+    std::optional<QString> validateUserInput();
+
+    void onSave();
+    void onCloseCmd();
+    void onDiskUtil();
+    /// The defaults of the language into the record and the tab shown; nothing is written.
+    void onSaveDefaultSetting();
+
+    /// The loading sheet; it goes by itself after 15 s. Also used by the views in the window's tabs.
+    void showLoading(const QString& title);
+    void hideLoading();
+
+Q_SIGNALS:
+    /// The record has been read from the card, or was found to stay as it is.
+    void settingsLoaded();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildWindow();
+    void buildToolsMenu(QMenu& menu);
+    void onInitDIalog();
+    void settingsRead(LoadedSettings loaded);
+    void volumesChanged();
+    void updateWindowTitle();
+    void updateTabBar();
+    void showTab(int index);
+    void setTabEnabled(bool enabled);
+    void askWhereToSave();
+    void writeTo(const std::string& path);
+    void saved(const std::string& path, const std::optional<QString>& error);
+    void restoreEarlierFile();
+    void useEarlierFile(const std::string& path);
+
+    Disks& m_disks;
+    viewControllerForMRVSettingDelegate* m_delegate;
+    InterfaceLanguage m_language = builtLanguage(); ///< of the defaults
+    _FILEDATA m_FileData{};
+    SelectedCard m_card;
+    SettingsBackups m_backups;
+    std::vector<SettingsTab> m_tabs; ///< of the segments now offered
+    int m_lastSelectedTabIndex = -1;
+    bool m_initialised = false;
+    bool m_touched = false; ///< a person has done something in a tab
+    bool m_loaded = false;  ///< the record is whole: no read of the card is under way
+
+    SegmentedControl* m_functionSegmentedControl = nullptr;
+    QPushButton* m_saveButton = nullptr;
+    QPushButton* m_resetButton = nullptr;
+    QWidget* m_targetView = nullptr;
+    SettingsTabView* m_targetController = nullptr;
+    LoadingSheet* m_loadingSheet = nullptr;
+};
+
+} // namespace marvo
