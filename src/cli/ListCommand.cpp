@@ -42,8 +42,10 @@ struct Request
     Format format = Format::Table;
 };
 
-std::string asJson(const std::vector<MRVMedia>& medias)
+/// Written in pieces, so that a list of thousands is not in memory once more as text.
+bool writeJson(const std::vector<MRVMedia>& medias)
 {
+    static constexpr std::size_t pieceSize = 60000;
     JsonWriter json;
     json.beginArray();
     for (const MRVMedia& media : medias) {
@@ -54,9 +56,11 @@ std::string asJson(const std::vector<MRVMedia>& medias)
         json.member("yyyymmddhhmiss", media.yyyymmddhhmiss());
         json.member("mediaDirection", mediaDirection(media.path()));
         json.endObject();
+        if (json.text().size() > pieceSize && !writeOut(json.take()))
+            return false;
     }
     json.endArray();
-    return json.take() + '\n';
+    return writeOut(json.take() + '\n');
 }
 
 std::string asTable(const std::vector<MRVMedia>& medias)
@@ -95,7 +99,7 @@ ExitCode list(const Request& request)
     const std::string reason = printable(folder) + ": " + scan.folderError.message();
     if (scan.folderError && scan.medias.empty())
         return failed(listCommand, reason);
-    if (!writeOut(request.format == Format::Json ? asJson(scan.medias) : asTable(scan.medias)))
+    if (!(request.format == Format::Json ? writeJson(scan.medias) : writeOut(asTable(scan.medias))))
         return failed(listCommand, "the list could not be written");
     // The medium gave up half way: what it told is there, but the list is not whole.
     return scan.folderError ? failed(listCommand, reason) : Done;

@@ -4,10 +4,16 @@
 
 #include "support/Utf8.h"
 
+#include <algorithm>
+
 namespace marvo::cli {
 
 std::string printable(std::string_view bytes)
 {
+    const auto isPlain = [](char c) { return c >= ' ' && c < '\x7F'; };
+    if (std::ranges::all_of(bytes, isPlain))
+        return std::string(bytes);
+
     std::string text;
     while (!bytes.empty()) {
         const std::size_t length = utf8CharacterLength(bytes);

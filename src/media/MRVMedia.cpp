@@ -4,9 +4,6 @@
 
 #include "support/Utf8.h"
 
-#include <array>
-#include <cstdio>
-
 namespace marvo {
 
 namespace {
@@ -55,38 +52,55 @@ MRVMedia::MRVMedia(std::string_view path) { parsePath(path); }
 void MRVMedia::parsePath(std::string_view path)
 {
     m_path = absoluteFilePath(path);
-    const std::string_view whole = m_path;
-    const std::size_t slash = whole.rfind('/');
-    const SplitFileName name =
-        splitFileName(slash == std::string_view::npos ? whole : whole.substr(slash + 1));
-    m_mediaName = name.base;
-    m_extension = name.extension;
-    if (slash != std::string_view::npos)
-        m_dir = whole.substr(0, slash == 0 ? 1 : slash);
+    m_nameStart = m_path.rfind('/') + 1; // 0 when there is none
+    m_nameLength = splitFileName(std::string_view(m_path).substr(m_nameStart)).base.size();
 
-    if (!hasMediaNameLength(m_mediaName))
+    if (!hasMediaNameLength(mediaName()))
         return;
-    const MediaNamePattern* pattern = patternOfMediaName(m_mediaName);
+    const MediaNamePattern* pattern = patternOfMediaName(mediaName());
     if (pattern == nullptr)
         return;
     m_mediaDivision = pattern->mediaDivision;
-    m_time = readMediaTime(m_mediaName, pattern->timeStart).value_or(MediaTime{});
+    m_time = readMediaTime(mediaName(), pattern->timeStart).value_or(MediaTime{});
     m_timeDigits = digitsOf(m_time);
 }
 
-std::string MRVMedia::fileName() const { return m_mediaName + '.' + m_extension; }
+std::string_view MRVMedia::mediaName() const
+{
+    return std::string_view(m_path).substr(m_nameStart, m_nameLength);
+}
+
+std::string_view MRVMedia::extension() const
+{
+    return splitFileName(std::string_view(m_path).substr(m_nameStart)).extension;
+}
+
+std::string_view MRVMedia::dir() const
+{
+    return std::string_view(m_path).substr(0, m_nameStart > 1 ? m_nameStart - 1 : m_nameStart);
+}
+
+std::string MRVMedia::fileName() const
+{
+    const std::string_view name = mediaName();
+    const std::string_view end = extension();
+    std::string text;
+    text.reserve(name.size() + 1 + end.size());
+    return text.append(name).append(1, '.').append(end);
+}
 
 std::string MRVMedia::mediaGroupName() const
 {
+    const std::string_view name = mediaName();
     std::size_t last = 0;
     std::size_t beforeLast = 0;
-    for (std::size_t at = 0; at < m_mediaName.size();) {
+    for (std::size_t at = 0; at < name.size();) {
         beforeLast = last;
         last = at;
-        const std::size_t length = utf8CharacterLength(std::string_view(m_mediaName).substr(at));
+        const std::size_t length = utf8CharacterLength(name.substr(at));
         at += length == 0 ? 1 : length;
     }
-    return m_mediaName.substr(0, beforeLast);
+    return std::string(name.substr(0, beforeLast));
 }
 
 QString MRVMedia::displayFileName() const { return displayed(fileName()); }
@@ -95,9 +109,11 @@ QString MRVMedia::displayPath() const { return displayed(m_path); }
 
 std::string MRVMedia::yyyymmddhhmiss() const
 {
-    std::array<char, 16> text;
-    std::snprintf(text.data(), text.size(), "%014lld", static_cast<long long>(m_timeDigits));
-    return text.data();
+    std::string text(14, '0');
+    std::int64_t digits = m_timeDigits;
+    for (std::size_t place = text.size(); digits > 0; digits /= 10)
+        text[--place] = static_cast<char>('0' + digits % 10);
+    return text;
 }
 
 int MRVMedia::compareDate(const MRVMedia& other) const

@@ -29,11 +29,11 @@ class MRVMedia
 public:
     explicit MRVMedia(std::string_view path);
 
-    const std::string& path() const { return m_path; }           ///< absolute
-    const std::string& mediaName() const { return m_mediaName; } ///< base name without extension
-    const std::string& extension() const { return m_extension; } ///< without the dot, as written
-    const std::string& dir() const { return m_dir; }             ///< path without its last component
-    std::string fileName() const;                                ///< base name, dot, extension
+    const std::string& path() const { return m_path; } ///< absolute
+    std::string_view mediaName() const;                ///< base name without extension
+    std::string_view extension() const;                ///< without the dot, as written
+    std::string_view dir() const;                      ///< path without its last component
+    std::string fileName() const;                      ///< base name, dot, extension
     /// Base name without the channel suffix, its last two characters. Not to be asked of a shorter name.
     std::string mediaGroupName() const;
     QString displayFileName() const;
@@ -59,10 +59,10 @@ public:
 private:
     void parsePath(std::string_view path);
 
+    // The parts of the path are looked up in it: a list of thousands keeps one text a record.
     std::string m_path;
-    std::string m_mediaName;
-    std::string m_extension;
-    std::string m_dir;
+    std::size_t m_nameStart = 0;
+    std::size_t m_nameLength = 0; ///< of mediaName
     MediaTime m_time;
     std::int64_t m_timeDigits = 0; ///< the digits of yyyymmddhhmiss as one number, to sort by
     int m_mediaDivision = 0;

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <thread>
 #include <utility>
@@ -14,9 +15,18 @@ namespace marvo {
 
 /// One scan on its worker. The worker shares the ownership, so that a list can go, or begin another scan,
 /// without waiting for a medium that does not answer; the abandoned worker ends when it can and is not heard.
+///
+/// What the worker has to tell is laid down here, and the list is only woken to fetch it. So a late wake-up
+/// of an abandoned scan brings nothing with it.
 class MRVMediaList::Scan : public std::enable_shared_from_this<Scan>
 {
 public:
+    struct News
+    {
+        std::size_t found = 0;
+        std::optional<MediaScan> result; ///< once, at the end
+    };
+
     explicit Scan(MRVMediaList& list) : m_list(&list) {}
 
     void start(const std::string& folder)
@@ -28,12 +38,19 @@ public:
         }
     }
 
-    /// Main thread. Behind it the list is not touched any more.
+    /// Behind it the list is not touched any more.
     void abandon()
     {
         m_stop.request_stop();
         const std::lock_guard lock(m_mutex);
         m_list = nullptr;
+    }
+
+    /// What came up since it was last asked.
+    News takeNews()
+    {
+        const std::lock_guard lock(m_mutex);
+        return std::exchange(m_news, {});
     }
 
 private:
@@ -48,38 +65,30 @@ private:
             if (now - lastProgress < progressInterval)
                 return;
             lastProgress = now;
-            post(
-                [found](Scan&, MRVMediaList& list) { Q_EMIT list.scanProgress(static_cast<qint64>(found)); });
+            const std::lock_guard lock(m_mutex);
+            m_news.found = found;
+            wakeList();
         };
         deliver(scanFolder(folder, m_stop.get_token(), onFound));
     }
 
     void deliver(MediaScan result)
     {
-        post([shared = std::make_shared<MediaScan>(std::move(result))](Scan& scan, MRVMediaList& list) {
-            list.publish(scan, *shared);
-        });
+        const std::lock_guard lock(m_mutex);
+        m_news.result = std::move(result);
+        wakeList();
     }
 
-    /// Has the list's thread do something with the list, unless the scan has been abandoned by then.
-    template <typename Action>
-    void post(Action action)
+    void wakeList()
     {
-        const std::lock_guard lock(m_mutex);
-        if (m_list == nullptr)
-            return;
-        QMetaObject::invokeMethod(
-            m_list,
-            [self = shared_from_this(), action] {
-                if (self->m_list != nullptr) // only this thread writes it
-                    action(*self, *self->m_list);
-            },
-            Qt::QueuedConnection);
+        if (m_list != nullptr)
+            QMetaObject::invokeMethod(m_list, "takeNews", Qt::QueuedConnection);
     }
 
     std::stop_source m_stop;
-    std::mutex m_mutex;
+    std::mutex m_mutex;   ///< of what follows
     MRVMediaList* m_list; ///< null once the scan is abandoned
+    News m_news;
 };
 
 MRVMediaList::MRVMediaList(QObject* parent) : QObject(parent) {}
@@ -107,13 +116,17 @@ const MRVMedia* MRVMediaList::mediaAtIndex(std::int64_t index) const
     return index >= 0 && index < count() ? &m_medias[static_cast<std::size_t>(index)] : nullptr;
 }
 
-void MRVMediaList::publish(Scan& scan, MediaScan& result)
+void MRVMediaList::takeNews()
 {
-    m_medias = std::move(result.medias);
-    m_folderError = result.folderError;
-    scan.abandon();
-    m_scan.reset();
-    Q_EMIT mediaListChanged();
+    Scan::News news = m_scan ? m_scan->takeNews() : Scan::News();
+    if (news.result) {
+        m_medias = std::move(news.result->medias);
+        m_folderError = news.result->folderError;
+        m_scan.reset();
+        Q_EMIT mediaListChanged();
+    } else if (news.found > 0) {
+        Q_EMIT scanProgress(static_cast<qint64>(news.found));
+    }
 }
 
 } // namespace marvo

@@ -46,15 +46,16 @@ Q_SIGNALS:
     /// Once at the end of each scan, after the new list has been published; main thread.
     void mediaListChanged();
 
+private Q_SLOTS:
+    void takeNews();
+
 private:
     class Scan;
-
-    void publish(Scan& scan, MediaScan& result);
 
     std::vector<MRVMedia> m_medias;
     std::error_code m_folderError;
     std::string m_directoryPath;
-    std::shared_ptr<Scan> m_scan; ///< the one whose result will be published
+    std::shared_ptr<Scan> m_scan; ///< the one running; its result will be published
 };
 
 } // namespace marvo

@@ -62,10 +62,16 @@ bool isWithin(int number, int lowest, int highest) { return number >= lowest && 
 
 std::string absoluteFilePath(std::string_view path)
 {
+    const bool isPlain = path.size() > 1 && path.front() == '/' && path.back() != '/' &&
+                         path.find("//") == std::string_view::npos &&
+                         path.find("/.") == std::string_view::npos;
+    if (isPlain)
+        return std::string(path);
+
     std::string result;
     if (path.empty() || path.front() != '/')
         result = currentDirectory();
-    bool absolute = !result.empty() || (!path.empty() && path.front() == '/');
+    const bool absolute = !result.empty() || (!path.empty() && path.front() == '/');
     if (result == "/")
         result.clear();
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <deque>
 #include <memory>
 #include <numeric>
 #include <set>
@@ -60,7 +61,7 @@ public:
 
     /// Walks a folder and all below it; tells why the folder itself could not be listed.
     std::error_code eachDir(const std::string& folder);
-    std::vector<MRVMedia> takeFound() { return std::move(m_found); }
+    std::deque<MRVMedia> takeFound() { return std::move(m_found); }
 
 private:
     struct Entry
@@ -82,7 +83,7 @@ private:
 
     const std::stop_token& m_stop;
     const std::function<void(std::size_t)>& m_onFound;
-    std::vector<MRVMedia> m_found;
+    std::deque<MRVMedia> m_found; ///< grows without moving what is there
     std::set<std::pair<dev_t, ino_t>> m_walked;
     std::vector<Level> m_levels;
     std::string m_path; ///< the folder or file that the walk is at
@@ -168,7 +169,7 @@ void FolderWalk::takeFile(Level& level)
 }
 
 /// Sorts places instead of the records themselves, which are large to move.
-std::vector<MRVMedia> sortedByDate(std::vector<MRVMedia> medias)
+std::vector<MRVMedia> sortedByDate(std::deque<MRVMedia> medias)
 {
     std::vector<std::size_t> order(medias.size());
     std::iota(order.begin(), order.end(), std::size_t{0});

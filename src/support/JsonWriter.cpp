@@ -4,12 +4,20 @@
 
 #include "support/Utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <utility>
 
 namespace marvo {
+
+namespace {
+
+/// Most text is plain and copied in one go.
+bool needsCare(char c) { return c < ' ' || c == '"' || c == '\\' || static_cast<unsigned char>(c) >= 0x80; }
+
+} // namespace
 
 void JsonWriter::beginObject()
 {
@@ -80,6 +88,12 @@ void JsonWriter::quoted(std::string_view text)
     static constexpr char hex[] = "0123456789abcdef";
     m_text += '"';
     while (!text.empty()) {
+        const auto special = std::ranges::find_if(text, needsCare);
+        const auto plain = static_cast<std::size_t>(special - text.begin());
+        m_text += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (text.empty())
+            break;
         const std::size_t length = utf8CharacterLength(text);
         const auto first = static_cast<unsigned char>(text.front());
         if (length == 0) {
