@@ -424,6 +424,7 @@ void VlcPlayer::handle(std::uint64_t generation, const VlcEvent& event)
         m_isEnded = true;
         return handleEnd();
     case VlcEvent::Kind::TimeChanged:
+        m_session->dropSoundIfFailed();
         if (m_state == State::Opening) {
             if (++m_timeReportsBeforeFrame >= PatienceForPicture)
                 fail("play.error_unreadable");

@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/VlcSession.h"
 
+#include "viewer/SoundOutput.h"
+
 #include <vlc/vlc.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdarg>
 #include <cstring>
 #include <mutex>
 #include <utility>
@@ -33,6 +37,14 @@ SharedInstance& sharedInstance()
     return shared;
 }
 
+bool isSoundOutputChosen()
+{
+    SharedInstance& shared = sharedInstance();
+    const std::scoped_lock lock(shared.mutex);
+    return std::any_of(shared.extraOptions.cbegin(), shared.extraOptions.cend(),
+                       [](const QByteArray& option) { return option.startsWith("--aout="); });
+}
+
 } // namespace
 
 // VlcInstance
@@ -45,8 +57,9 @@ std::shared_ptr<VlcInstance> VlcInstance::shared()
         return instance;
     // No window of libVLC's own, nothing written over the picture, and no search for subtitles, which would
     // list the card's folder at every start.
-    QByteArrayList options = {"--no-xlib", "--quiet", "--no-video-title-show", "--no-osd",
-                              "--no-sub-autodetect-file"};
+    QByteArrayList options = {
+        "--no-xlib",         "--quiet", "--no-video-title-show", "--no-osd", "--no-sub-autodetect-file",
+        "--file-caching=150"};
     options += shared.extraOptions;
     std::vector<const char*> arguments;
     for (const QByteArray& option : std::as_const(options))
@@ -66,7 +79,21 @@ void VlcInstance::setExtraOptions(const QByteArrayList& options)
     shared.extraOptions = options;
 }
 
-VlcInstance::~VlcInstance() { libvlc_release(m_instance); }
+VlcInstance::VlcInstance(libvlc_instance_t* instance) : m_instance(instance)
+{
+    // No event tells of a sound output that cannot be opened, only a line of the log does.
+    const auto log = [](void* self, int level, const libvlc_log_t*, const char* format, va_list) {
+        if (level >= LIBVLC_ERROR && std::strstr(format, "failed to create audio output") != nullptr)
+            ++static_cast<VlcInstance*>(self)->m_soundFailures;
+    };
+    libvlc_log_set(m_instance, log, this);
+}
+
+VlcInstance::~VlcInstance()
+{
+    libvlc_log_unset(m_instance);
+    libvlc_release(m_instance);
+}
 
 // What libVLC calls, on threads of its own.
 
@@ -161,6 +188,9 @@ std::unique_ptr<VlcSession> VlcSession::create(std::shared_ptr<VlcInstance> inst
     session->m_player.reset(libvlc_media_player_new_from_media(session->m_media.get()));
     if (!session->m_player)
         return nullptr;
+    session->m_soundFailuresBefore = session->m_instance->soundFailures();
+    if (!isSoundOutputChosen() && !mayHaveSoundOutput())
+        libvlc_audio_output_set(session->m_player.get(), "adummy");
     session->attach();
     return session;
 }
@@ -210,6 +240,13 @@ int VlcSession::audioTrackCount() const
     if (count > 0)
         libvlc_media_tracks_release(tracks, count);
     return audio;
+}
+
+void VlcSession::dropSoundIfFailed()
+{
+    const int failures = m_instance->soundFailures();
+    if (std::exchange(m_soundFailuresBefore, failures) != failures)
+        libvlc_audio_set_track(m_player.get(), -1);
 }
 
 } // namespace marvo

@@ -6,6 +6,7 @@
 
 #include <QByteArrayList>
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -27,14 +28,17 @@ public:
     /// Options that later instances are made with besides the product's own, such as "--aout=dummy".
     static void setExtraOptions(const QByteArrayList& options);
 
-    explicit VlcInstance(libvlc_instance_t* instance) : m_instance(instance) {}
+    explicit VlcInstance(libvlc_instance_t* instance);
     VlcInstance(const VlcInstance&) = delete;
     VlcInstance& operator=(const VlcInstance&) = delete;
     ~VlcInstance();
     libvlc_instance_t* get() const { return m_instance; }
+    /// How often a player could not open the sound output; it tries again with each bit of sound.
+    int soundFailures() const { return m_soundFailures; }
 
 private:
     libvlc_instance_t* m_instance;
+    std::atomic<int> m_soundFailures = 0;
 };
 
 /// What happened in a session: plain values, to be passed on to another thread.
@@ -71,6 +75,8 @@ public:
     void setRate(float rate);
     void setVolume(int percent, bool muted);
     int audioTrackCount() const;
+    /// Gives the sound up if its output could not be opened since the session was made.
+    void dropSoundIfFailed();
     FrameExchange& frames() { return m_frames; }
 
 private:
@@ -90,6 +96,7 @@ private:
     std::shared_ptr<VlcInstance> m_instance;
     Report m_report;
     FrameExchange m_frames;
+    int m_soundFailuresBefore = 0;
     std::unique_ptr<libvlc_media_t, MediaRelease> m_media;
     std::unique_ptr<libvlc_media_player_t, PlayerRelease> m_player;
 };

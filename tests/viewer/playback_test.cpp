@@ -8,7 +8,6 @@
 #include "viewer/playback_fakes.h"
 #include "viewer/PlaybackController.h"
 #include "viewer/VlcPlayer.h"
-#include "viewer/VlcSession.h"
 #include "viewer/WindowStep.h"
 
 #include <QDir>
@@ -95,8 +94,6 @@ class PlaybackTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"}); }
-
     void startsTheNearestRow_data()
     {
         QTest::addColumn<int>("index");
@@ -525,8 +522,8 @@ private Q_SLOTS:
         QCOMPARE(stage.host.frame.size(), QSize(1224, 768));
     }
 
-    /// The whole with the real player: from a start by hand through one recording into the next, and on to
-    /// one that cannot be played.
+    /// The whole with the real player, and the sound that this machine has: from a start by hand through one
+    /// recording into the next, and on to one that cannot be played.
     void realRecordingsPlayInTurn()
     {
         Stage<VlcPlayer> stage(new VlcPlayer(nullptr));
