@@ -3,6 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/FileArguments.h"
 #include "cli/GpsStateJson.h"
+#include "cli/Printable.h"
 #include "cli/TextNumbers.h"
 #include "recording/MRVBlackBoxData.h"
 #include "recording/RecordingSummary.h"
@@ -137,9 +138,9 @@ std::string speedText(const std::optional<RecordingSummary::Speed>& top)
 {
     if (!top)
         return "none";
-    const bool printable = top->KM >= 0x20 && top->KM < 0x7F;
+    const bool isCharacter = top->KM >= 0x20 && top->KM < 0x7F;
     const std::string marker =
-        printable ? "'" + std::string(1, static_cast<char>(top->KM)) + "'" : std::to_string(top->KM);
+        isCharacter ? std::string{'\'', static_cast<char>(top->KM), '\''} : std::to_string(unsigned{top->KM});
     return fixedText(top->speed, 1) + " at " + secondsText(top->timestampMs) +
            ", in the camera's own unit (marker byte " + marker + ")";
 }
@@ -174,7 +175,7 @@ std::string summaryText(const std::string& file, bool result, const MRVBlackBoxD
         return text + value + "\n";
     };
     const auto count = [](const auto& list) { return std::to_string(list.size()); };
-    return line("File", file) + line("Camera data", dataAreaText(result, recording)) +
+    return line("File", printable(file)) + line("Camera data", dataAreaText(result, recording)) +
            line("Duration of data",
                 summary.durationSeconds ? fixedText(*summary.durationSeconds, 1) + " s" : "none") +
            line("G-sensor readings", count(recording.m_GSensors())) +
@@ -193,7 +194,7 @@ ExitCode run(const Arguments& words)
         return WrongUsage;
     FileSource source(arguments->file);
     if (!source.isOpen())
-        return failed(inspectCommand, "cannot open '" + arguments->file + "': " + source.error());
+        return failed(inspectCommand, "cannot open " + printable(arguments->file) + ": " + source.error());
 
     MRVBlackBoxData recording;
     const bool result = recording.ExtractStreamInformation(source);
@@ -203,7 +204,8 @@ ExitCode run(const Arguments& words)
     if (!written)
         return failed(inspectCommand, "the result could not be written");
     if (!source.error().empty())
-        return failed(inspectCommand, "cannot read all of '" + arguments->file + "': " + source.error());
+        return failed(inspectCommand,
+                      "cannot read all of " + printable(arguments->file) + ": " + source.error());
     return Done;
 }
 

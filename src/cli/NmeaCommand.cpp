@@ -3,6 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/FileArguments.h"
 #include "cli/GpsStateJson.h"
+#include "cli/Printable.h"
 #include "cli/StandardInput.h"
 #include "cli/TextNumbers.h"
 #include "recording/MRVNMEASentenceParser.h"
@@ -139,7 +140,7 @@ ExitCode run(const Arguments& words)
     if (!arguments)
         return WrongUsage;
     const bool fromInput = arguments->file == "-";
-    const std::string name = fromInput ? "standard input" : "'" + arguments->file + "'";
+    const std::string name = fromInput ? "standard input" : printable(arguments->file);
     StandardInput input =
         fromInput ? StandardInput::open()
                   : StandardInput{.source = std::make_unique<FileSource>(arguments->file), .error = {}};

@@ -19,7 +19,10 @@ std::string fixedText(double number, int decimals)
 
 std::string signedText(double number, int decimals)
 {
-    return (number > 0 ? "+" : "") + fixedText(number, decimals);
+    std::string text = fixedText(number, decimals);
+    if (number > 0)
+        text.insert(text.begin(), '+');
+    return text;
 }
 
 } // namespace marvo::cli

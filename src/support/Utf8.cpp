@@ -2,7 +2,29 @@
 // SPDX-License-Identifier: MIT
 #include "support/Utf8.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace marvo {
+
+namespace {
+
+/// Number of leading ASCII bytes. Most text is nothing else, so it is looked at eight bytes at a time.
+std::size_t asciiLength(std::string_view text)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::size_t i = 0;
+    for (std::uint64_t word; i + sizeof word <= text.size(); i += sizeof word) {
+        std::memcpy(&word, text.data() + i, sizeof word);
+        if (word & highBits)
+            break;
+    }
+    while (i < text.size() && static_cast<unsigned char>(text[i]) < 0x80)
+        ++i;
+    return i;
+}
+
+} // namespace
 
 std::size_t utf8CharacterLength(std::string_view text)
 {
@@ -39,13 +61,15 @@ std::size_t utf8CharacterLength(std::string_view text)
 
 bool isValidUtf8(std::string_view text)
 {
-    while (!text.empty()) {
+    for (;;) {
+        text.remove_prefix(asciiLength(text));
+        if (text.empty())
+            return true;
         const std::size_t length = utf8CharacterLength(text);
         if (length == 0)
             return false;
         text.remove_prefix(length);
     }
-    return true;
 }
 
 std::size_t utf8Length(std::string_view text)

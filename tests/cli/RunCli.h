@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <optional>
 #include <string>
@@ -25,11 +26,14 @@ struct CliRun
 };
 
 /// Runs marvo-cli with the words as they are, no shell in between. An output path replaces the collecting of
-/// stdout; a file size limit (bytes) makes its writes fail beyond it.
+/// stdout; a file size limit (bytes) makes its writes fail beyond it. Standard input is the input path, or a
+/// pipe that the text (short enough for a pipe's buffer) has been put into.
 struct CliOptions
 {
-    std::optional<std::string> outputPath;
-    std::optional<rlim_t> fileSizeLimit;
+    std::string inputPath = "/dev/null";
+    std::optional<std::string> pipedInput = std::nullopt;
+    std::optional<std::string> outputPath = std::nullopt;
+    std::optional<rlim_t> fileSizeLimit = std::nullopt;
 };
 
 inline CliRun runCli(const std::vector<std::string>& words, const CliOptions& options = {})
@@ -44,9 +48,16 @@ inline CliRun runCli(const std::vector<std::string>& words, const CliOptions& op
     const std::string output = options.outputPath.value_or(folder.path("output"));
     const std::string errors = folder.path("errors");
 
+    std::array<int, 2> pipe{-1, -1};
+    if (options.pipedInput) {
+        if (::pipe(pipe.data()) != 0 ||
+            ::write(pipe[1], options.pipedInput->data(), options.pipedInput->size()) < 0)
+            return {};
+        ::close(pipe[1]);
+    }
     const pid_t child = ::fork();
     if (child == 0) {
-        ::dup2(::open("/dev/null", O_RDONLY), 0);
+        ::dup2(options.pipedInput ? pipe[0] : ::open(options.inputPath.c_str(), O_RDONLY), 0);
         ::dup2(::open(output.c_str(), O_WRONLY | O_CREAT, 0600), 1);
         ::dup2(::open(errors.c_str(), O_WRONLY | O_CREAT, 0600), 2);
         if (options.fileSizeLimit) {
@@ -57,6 +68,7 @@ inline CliRun runCli(const std::vector<std::string>& words, const CliOptions& op
         ::execv(MARVO_CLI, argv.data());
         ::_exit(127);
     }
+    ::close(pipe[0]);
     int status = 0;
     ::waitpid(child, &status, 0);
     return {.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1,

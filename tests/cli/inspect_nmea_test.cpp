@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "cli/CliProcess.h"
+#include "cli/RunCli.h"
 #include "recording/RecordingBytes.h"
 #include "TemporaryFolder.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,13 +14,14 @@ namespace marvo {
 namespace {
 
 using test::Bytes;
-using test::CliResult;
+using test::CliRun;
+using test::runCli;
 
 const std::string rmc = "$GPRMC,123519.000,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 const std::string gga = "$GPGGA,123519,4807.038,S,01131.000,\xC2\xB5,1,08,1e39,545.4,M,46.9,M,,*47\r\n";
 const std::string gsv = "$GPGSV,3,1,09,12,,,40,13,,,41*7F\r\n";
 
-QJsonObject object(const CliResult& result)
+QJsonObject object(const CliRun& result)
 {
     QJsonParseError error;
     const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(result.output), &error);
@@ -36,10 +38,6 @@ std::string compact(const QJsonValue& value)
 class Cli : public testing::Test
 {
 protected:
-    CliResult run(const std::string& arguments, const std::string& before = {}) const
-    {
-        return test::runCli(folder.path(), arguments, before);
-    }
     std::string file(const std::string& content) const
     {
         const std::string path = folder.path("file");
@@ -54,7 +52,7 @@ TEST_F(Cli, InspectWritesEverythingThatWasRead)
 {
     const std::string path =
         file(avi(Bytes().reading(-1, 1, -2, 3).longGps(INT64_MAX, rmc + gga + gsv).reading(7)));
-    const CliResult result = run("inspect --json '" + path + "'");
+    const CliRun result = runCli({"inspect", "--json", path});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
     const QJsonObject root = object(result);
@@ -84,8 +82,8 @@ TEST_F(Cli, InspectWritesEverythingThatWasRead)
 
 TEST_F(Cli, InspectSumsUpInWords)
 {
-    const CliResult result =
-        run("inspect '" + file(avi(Bytes().reading(0, 512).longGps(0, gga).reading(1500))) + "'");
+    const CliRun result =
+        runCli({"inspect", file(avi(Bytes().reading(0, 512).longGps(0, gga).reading(1500)))});
     EXPECT_EQ(result.exitCode, 0);
     for (const char* line :
          {"Camera data         complete\n", "Duration of data    1.5 s\n", "G-sensor readings   2\n",
@@ -103,11 +101,11 @@ TEST_F(Cli, InspectStandsHostileNumbers)
         area += Bytes().number(bits).number(bits).number(bits).text({"\xFF\0", 2}).data;
     }
     const std::string path = file(avi(Bytes{area}));
-    const CliResult text = run("inspect '" + path + "'");
+    const CliRun text = runCli({"inspect", path});
     EXPECT_EQ(text.exitCode, 0);
     EXPECT_LT(text.output.size(), 1000U + path.size());
     EXPECT_NE(text.output.find("First fix           none\n"), std::string::npos) << text.output;
-    const CliResult json = run("inspect '" + path + "' --json");
+    const CliRun json = runCli({"inspect", path, "--json"});
     EXPECT_NE(json.output.find("\"fSpeed\":null,\"KM\":255"), std::string::npos) << json.output;
     object(json);
 }
@@ -115,14 +113,13 @@ TEST_F(Cli, InspectStandsHostileNumbers)
 TEST_F(Cli, InspectTellsDamageFromAFileItCannotOpen)
 {
     const std::string damaged = file(avi(Bytes().reading(0).gps(0, "", '1', -1)));
-    EXPECT_EQ(run("inspect '" + damaged + "'").exitCode, 0);
-    EXPECT_NE(run("inspect '" + damaged + "'").output.find("Camera data         damaged;"),
-              std::string::npos);
-    const CliResult json = run("inspect --json '" + damaged + "'");
+    EXPECT_EQ(runCli({"inspect", damaged}).exitCode, 0);
+    EXPECT_NE(runCli({"inspect", damaged}).output.find("Camera data         damaged;"), std::string::npos);
+    const CliRun json = runCli({"inspect", "--json", damaged});
     EXPECT_EQ(json.exitCode, 0);
     EXPECT_FALSE(object(json)[QStringLiteral("result")].toBool(true));
     EXPECT_EQ(object(json)[QStringLiteral("m_GSensors")].toArray().size(), 1);
-    const CliResult noArea = run("inspect '" + file("no recording at all") + "'");
+    const CliRun noArea = runCli({"inspect", file("no recording at all")});
     EXPECT_NE(noArea.output.find("Camera data         none found"), std::string::npos);
 
     const std::pair<std::string, std::string> unreadable[] = {
@@ -130,21 +127,21 @@ TEST_F(Cli, InspectTellsDamageFromAFileItCannotOpen)
         {folder.path(), "Is a directory"},
         {"/dev/zero", "Not a regular file"}};
     for (const auto& [path, reason] : unreadable) {
-        for (const char* format : {"", " --json"}) {
-            const CliResult result = run("inspect '" + path + "'" + format);
+        for (const std::string option : {"--", "--json"}) {
+            const CliRun result = runCli({"inspect", option, path});
             EXPECT_EQ(result.exitCode, 1) << path;
             EXPECT_EQ(result.output, "") << path;
-            EXPECT_EQ(result.errors, "marvo-cli inspect: cannot open '" + path + "': " + reason + "\n");
+            EXPECT_EQ(result.errors, "marvo-cli inspect: cannot open " + path + ": " + reason + "\n");
         }
     }
-    EXPECT_EQ(run("inspect /proc/self/mem --json").exitCode, 1) << "reading failed";
+    EXPECT_EQ(runCli({"inspect", "/proc/self/mem", "--json"}).exitCode, 1) << "reading failed";
 }
 
 TEST_F(Cli, NmeaTellsOfEachSentence)
 {
     const std::string text = "noise" + rmc + "$GLGSV*1\n$PABC*1\n" + gga + gsv + "$GPGSV,3,3,09*1\r$GPGGA,1*";
     const std::string path = file(text);
-    const CliResult fromFile = run("nmea '" + path + "' --json");
+    const CliRun fromFile = runCli({"nmea", path, "--json"});
     EXPECT_EQ(fromFile.exitCode, 0);
     const QJsonObject root = object(fromFile);
     EXPECT_EQ(compact(root[QStringLiteral("accepted")]), "[[true,false,true,true,false]]");
@@ -154,25 +151,28 @@ TEST_F(Cli, NmeaTellsOfEachSentence)
     EXPECT_NE(snapshots[1], snapshots[2]);
     EXPECT_EQ(snapshots[3].toObject()[QStringLiteral("SatelliteCount")].toInt(), 9);
 
-    EXPECT_EQ(run("nmea --json - < '" + path + "'").output, fromFile.output);
-    EXPECT_EQ(run("nmea --json -", "cat '" + path + "' |").output, fromFile.output);
-    const CliResult summary = run("nmea -- '" + path + "'");
+    EXPECT_EQ(runCli({"nmea", "--json", "-"}, {.inputPath = path}).output, fromFile.output);
+    EXPECT_EQ(runCli({"nmea", "--json", "-"}, {.pipedInput = text}).output, fromFile.output);
+    const CliRun summary = runCli({"nmea", "--", path});
     EXPECT_TRUE(summary.output.starts_with("Sentences           5\nAccepted            3\n"))
         << summary.output;
-    EXPECT_EQ(run("nmea - --json < /dev/null").output, "{\"accepted\":[],\"snapshots\":[]}\n");
+    EXPECT_EQ(runCli({"nmea", "-", "--json"}).output, "{\"accepted\":[],\"snapshots\":[]}\n");
 }
 
 TEST_F(Cli, RefusesWrongUsage)
 {
+    const std::vector<std::vector<std::string>> wrong = {
+        {}, {"--json"}, {"a", "b"}, {"--xml", "a"}, {"a", "-j"}, {"--", "--json", "a"}};
     for (const std::string command : {"inspect", "nmea"}) {
-        for (const std::string words : {"", "--json", "a b", "--xml a", "a -j", "-- --json a"}) {
-            const CliResult result = run(command + " " + words);
-            EXPECT_EQ(result.exitCode, 2) << command << " " << words;
+        for (std::vector<std::string> words : wrong) {
+            words.insert(words.begin(), command);
+            const CliRun result = runCli(words);
+            EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(words);
             EXPECT_EQ(result.output, "");
             EXPECT_TRUE(result.errors.starts_with("marvo-cli " + command + ": ")) << result.errors;
         }
-        EXPECT_EQ(run(command + " -- --json").exitCode, 1) << "a file of that name";
-        const CliResult help = run(command + " --help");
+        EXPECT_EQ(runCli({command, "--", "--json"}).exitCode, 1) << "a file of that name";
+        const CliRun help = runCli({command, "--help"});
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_TRUE(help.output.starts_with("Usage: marvo-cli " + command + " FILE"));
     }
@@ -185,11 +185,10 @@ TEST_F(Cli, FailsWhenNobodyTakesTheResult)
         text += rmc;
     const std::string path = file(text);
     for (const std::string command : {"inspect", "nmea"}) {
-        for (const std::string format : {"", " --json"})
-            EXPECT_EQ(run(command + " '" + path + "'" + format + " > /dev/full").exitCode, 1)
-                << command << format;
+        for (const std::string option : {"--", "--json"})
+            EXPECT_EQ(runCli({command, option, path}, {.outputPath = "/dev/full"}).exitCode, 1) << option;
     }
-    EXPECT_EQ(run("nmea - --json < / ").exitCode, 1);
+    EXPECT_EQ(runCli({"nmea", "-", "--json"}, {.inputPath = "/"}).exitCode, 1);
 }
 
 } // namespace
