@@ -45,7 +45,7 @@ struct Request
 /// Written in pieces, so that a list of thousands is not in memory once more as text.
 bool writeJson(const std::vector<MRVMedia>& medias)
 {
-    static constexpr std::size_t pieceSize = 60000;
+    static constexpr std::size_t pieceSize = 30000;
     JsonWriter json;
     json.beginArray();
     for (const MRVMedia& media : medias) {

@@ -61,8 +61,7 @@ void MRVMedia::parsePath(std::string_view path)
     if (pattern == nullptr)
         return;
     m_mediaDivision = pattern->mediaDivision;
-    m_time = readMediaTime(mediaName(), pattern->timeStart).value_or(MediaTime{});
-    m_timeDigits = digitsOf(m_time);
+    m_timeDigits = digitsOf(readMediaTime(mediaName(), pattern->timeStart).value_or(MediaTime{}));
 }
 
 std::string_view MRVMedia::mediaName() const

@@ -45,12 +45,12 @@ public:
     bool isEventMedia() const { return m_mediaDivision == 2; }
 
     /// All six are 0 when the name tells no time.
-    int year() const { return m_time.year; }
-    int month() const { return m_time.month; }
-    int day() const { return m_time.day; }
-    int hour() const { return m_time.hour; }
-    int minute() const { return m_time.minute; }
-    int second() const { return m_time.second; }
+    int year() const { return static_cast<int>(m_timeDigits / 10000000000); }
+    int month() const { return twoDigits(100000000); }
+    int day() const { return twoDigits(1000000); }
+    int hour() const { return twoDigits(10000); }
+    int minute() const { return twoDigits(100); }
+    int second() const { return twoDigits(1); }
     std::string yyyymmddhhmiss() const;
 
     /// Negative, 0 or positive: by time, and at equal times the higher kind code first.
@@ -58,13 +58,14 @@ public:
 
 private:
     void parsePath(std::string_view path);
+    int twoDigits(std::int64_t unit) const { return static_cast<int>(m_timeDigits / unit % 100); }
 
-    // The parts of the path are looked up in it: a list of thousands keeps one text a record.
+    // A list holds thousands of records: the parts of the path are looked up in it, those of the time in its
+    // digits.
     std::string m_path;
     std::size_t m_nameStart = 0;
-    std::size_t m_nameLength = 0; ///< of mediaName
-    MediaTime m_time;
-    std::int64_t m_timeDigits = 0; ///< the digits of yyyymmddhhmiss as one number, to sort by
+    std::size_t m_nameLength = 0;  ///< of mediaName
+    std::int64_t m_timeDigits = 0; ///< yyyymmddhhmiss as one number; 0 when unknown
     int m_mediaDivision = 0;
 };
 

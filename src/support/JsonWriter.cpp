@@ -4,7 +4,6 @@
 
 #include "support/Utf8.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -14,8 +13,13 @@ namespace marvo {
 
 namespace {
 
-/// Most text is plain and copied in one go.
-bool needsCare(char c) { return c < ' ' || c == '"' || c == '\\' || static_cast<unsigned char>(c) >= 0x80; }
+/// By byte: what cannot be copied as it stands. Most text is plain and copied in one go.
+constexpr auto needsCare = [] {
+    std::array<bool, 256> bytes{};
+    for (std::size_t byte = 0; byte < bytes.size(); ++byte)
+        bytes[byte] = byte < ' ' || byte == '"' || byte == '\\' || byte >= 0x80;
+    return bytes;
+}();
 
 } // namespace
 
@@ -88,8 +92,9 @@ void JsonWriter::quoted(std::string_view text)
     static constexpr char hex[] = "0123456789abcdef";
     m_text += '"';
     while (!text.empty()) {
-        const auto special = std::ranges::find_if(text, needsCare);
-        const auto plain = static_cast<std::size_t>(special - text.begin());
+        std::size_t plain = 0;
+        while (plain < text.size() && !needsCare[static_cast<unsigned char>(text[plain])])
+            ++plain;
         m_text += text.substr(0, plain);
         text.remove_prefix(plain);
         if (text.empty())
