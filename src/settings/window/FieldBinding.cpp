@@ -106,4 +106,10 @@ void storeFlags(const QWidget& tab, const std::vector<FlagBinding>& bindings, _F
     }
 }
 
+void storeToggled(std::uint32_t& flag, bool on)
+{
+    if ((flag != 0) != on)
+        flag = on ? 1 : 0;
+}
+
 } // namespace marvo

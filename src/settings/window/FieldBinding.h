@@ -74,5 +74,8 @@ void showChoices(QWidget& tab, const std::vector<ChoiceBinding>& bindings, const
 void storeChoices(const QWidget& tab, const std::vector<ChoiceBinding>& bindings, _FILEDATA& record);
 void showFlags(QWidget& tab, const std::vector<FlagBinding>& bindings, const _FILEDATA& record);
 void storeFlags(const QWidget& tab, const std::vector<FlagBinding>& bindings, _FILEDATA& record);
+/// For a check box that stores as soon as it is toggled: showing a record toggles it, too, and must leave as
+/// it is a value that means the same already.
+void storeToggled(std::uint32_t& flag, bool on);
 
 } // namespace marvo

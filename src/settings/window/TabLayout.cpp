@@ -22,6 +22,15 @@ QGroupBox* titledBox(const char* name, const char* titleKey, QWidget* parent)
     return box;
 }
 
+QGroupBox* titledBoxWith(const char* name, const char* titleKey, std::initializer_list<QWidget*> contents)
+{
+    auto* box = titledBox(name, titleKey, nullptr);
+    for (QWidget* content : contents)
+        box->layout()->addWidget(content);
+    static_cast<QVBoxLayout*>(box->layout())->addStretch();
+    return box;
+}
+
 QLabel* captionLabel(const char* name, const char* key, QWidget* buddy)
 {
     auto* label = new QLabel(localised(key));

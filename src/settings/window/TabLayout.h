@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
+
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -20,6 +22,8 @@ class SegmentedControl;
 
 /// A titled box with an empty vertical layout.
 QGroupBox* titledBox(const char* name, const char* titleKey, QWidget* parent);
+/// A titled box with widgets below each other, at its top where it is given more height.
+QGroupBox* titledBoxWith(const char* name, const char* titleKey, std::initializer_list<QWidget*> contents);
 /// A caption in front of a control, whose keyboard shortcut and accessible name it gives where `buddy` is not
 /// null.
 QLabel* captionLabel(const char* name, const char* key, QWidget* buddy = nullptr);

@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "settings/tabs/MRVSettingForAudioViewController.h"
+
+#include "controls/RadioMatrix.h"
+#include "controls/SegmentedControl.h"
+#include "settings/FileData.h"
+#include "settings/window/FieldBinding.h"
+#include "settings/window/LabelFilling.h"
+#include "settings/window/TabLayout.h"
+#include "texts/Localisation.h"
+
+#include <algorithm>
+#include <array>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QRadioButton>
+
+namespace marvo {
+
+namespace {
+
+constexpr std::array<std::uint32_t, 3> kSpeakerVolumes = {39, 51, 63};
+constexpr std::uint32_t kMalaysianLanguage = 20;
+constexpr int kLanguageRows = 4;
+constexpr int kLanguageColumns = 5;
+constexpr int kLanguagePointSize = 12;
+
+const std::vector<ChoiceBinding>& choices()
+{
+    static const std::vector<ChoiceBinding> bindings = {
+        {"micSeg", &_FILEDATA::micLevel, {1, 2, 3}},
+        {"voiceLangRadio", &_FILEDATA::voiceLanguage, indexValues(kLanguageRows * kLanguageColumns)},
+    };
+    return bindings;
+}
+
+const std::vector<FlagBinding>& flags()
+{
+    static const std::vector<FlagBinding> bindings = {
+        {"useVoiceRecordingChk", &_FILEDATA::voiceRecording},
+        {"useVoiceGuidanceChk", &_FILEDATA::voiceGuidance},
+        {"useEveryHourNoticeChk", &_FILEDATA::hourlyNotice},
+    };
+    return bindings;
+}
+
+/// In the order of the values that the camera knows them by.
+QStringList languageTitles()
+{
+    return localisedList({"Korean",
+                          "English",
+                          "French",
+                          "Spanish.Europe",
+                          "Arabic",
+                          "Chinese",
+                          "Russian",
+                          "Japanese",
+                          "Thai",
+                          "BahasaIndonesia",
+                          "Vietnamese",
+                          "Mongolian",
+                          "Spanish.SouthAmerica",
+                          "German",
+                          "Turkish",
+                          "Italian",
+                          "Hindi",
+                          "Cantonese",
+                          "Czech",
+                          "Portuguese"});
+}
+
+QStringList levelLabels()
+{
+    return {labelWith("1(%@)", "setting.aux.volume_down"), QStringLiteral("2"),
+            labelWith("3(%@)", "setting.aux.volume_up")};
+}
+
+} // namespace
+
+// ---- the controls
+
+MRVSettingForAudioViewController::MRVSettingForAudioViewController(QWidget* parent)
+    : SettingsTabView(parent),
+      m_useVoiceRecordingChk(checkBox("useVoiceRecordingChk", "setting.aux.enable_voice_recording")),
+      m_micSeg(segmentedControl("micSeg", "setting.aux.mic_volume", levelLabels())),
+      m_useVoiceGuidanceChk(checkBox("useVoiceGuidanceChk", "setting.aux.enable_voice_guidance")),
+      m_speakerSeg(segmentedControl("speakerSeg", "setting.aux.speaker_volume", levelLabels())),
+      m_voiceLangRadio(new RadioMatrix(kLanguageRows, kLanguageColumns)),
+      m_malaysiaRadio(new QRadioButton(localised("Malaysia")))
+{
+    auto* page = new QGridLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    page->setSpacing(12);
+    page->addWidget(titledBoxWith("boxOfMic", "setting.aux.record_settings", {m_useVoiceRecordingChk}), 0, 0);
+    page->addWidget(titledBoxWith("boxOfMicVolume", "setting.aux.mic_volume", {m_micSeg}), 0, 1);
+    page->addWidget(titledBoxWith("boxOfSpeaker", "setting.aux.speaker_volume",
+                                  {m_useVoiceGuidanceChk,
+                                   checkBox("useEveryHourNoticeChk", "setting.aux.enable_hourly_alarm")}),
+                    1, 0);
+    page->addWidget(titledBoxWith("boxOfSpeakerVolume", "setting.aux.speaker_volume", {m_speakerSeg}), 1, 1);
+    page->addWidget(voiceLangBox(), 2, 0, 1, 2);
+    page->setColumnStretch(0, 1);
+    page->setColumnStretch(1, 1);
+    page->setRowStretch(3, 1);
+
+    // toggled(), not clicked(): assistive technology toggles without a click.
+    connect(m_useVoiceRecordingChk, &QCheckBox::toggled, this,
+            &MRVSettingForAudioViewController::clickVoiceRecordingChk);
+    connect(m_useVoiceGuidanceChk, &QCheckBox::toggled, this,
+            &MRVSettingForAudioViewController::clickVoiceGuidanceChk);
+    connect(m_voiceLangRadio, &RadioMatrix::selectedCellChanged, this,
+            &MRVSettingForAudioViewController::voiceLangMatrixSelected);
+    connect(m_malaysiaRadio, &QRadioButton::toggled, this,
+            &MRVSettingForAudioViewController::malaysiaRadioSelected);
+}
+
+QWidget* MRVSettingForAudioViewController::voiceLangBox()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPointSize(kLanguagePointSize);
+
+    m_voiceLangRadio->setObjectName(QStringLiteral("voiceLangRadio"));
+    m_voiceLangRadio->setAccessibleName(localised("setting.aux.voice_guidance_lang_setting"));
+    m_voiceLangRadio->setFont(font);
+    fillMatrixTitles(*m_voiceLangRadio, languageTitles());
+
+    m_malaysiaRadio->setObjectName(QStringLiteral("malaysiaRadio"));
+    m_malaysiaRadio->setFont(font);
+    // A radio button that is alone would go off at a second click.
+    auto* group = new QButtonGroup(m_malaysiaRadio);
+    group->addButton(m_malaysiaRadio);
+
+    return titledBoxWith("boxOfVoiceLang", "setting.aux.voice_guidance_lang_setting",
+                         {m_voiceLangRadio, m_malaysiaRadio});
+}
+
+// ---- the record
+
+void MRVSettingForAudioViewController::displayFileData(const _FILEDATA& record)
+{
+    showFlags(*this, flags(), record);
+    updateVoiceRecordingUI();
+    updateVoiceGuidanceUI();
+    showChoices(*this, choices(), record);
+    showSpeakerVolume(record.speakerVolume);
+    setMalaysiaRadioOn(record.voiceLanguage == kMalaysianLanguage);
+}
+
+void MRVSettingForAudioViewController::storeControls(_FILEDATA& record)
+{
+    storeFlags(*this, flags(), record);
+    storeChoices(*this, choices(), record);
+    const int speaker = m_speakerSeg->selectedSegment();
+    if (speaker >= 0)
+        record.speakerVolume = kSpeakerVolumes.at(static_cast<std::size_t>(speaker));
+    if (m_malaysiaRadio->isChecked())
+        record.voiceLanguage = kMalaysianLanguage;
+}
+
+void MRVSettingForAudioViewController::showSpeakerVolume(std::uint32_t volume)
+{
+    // The loudest of the levels is no item for what is louder still: the control stays as it is.
+    const auto* const level = std::lower_bound(kSpeakerVolumes.begin(), kSpeakerVolumes.end(), volume);
+    if (level != kSpeakerVolumes.end())
+        m_speakerSeg->setSelectedSegment(static_cast<int>(level - kSpeakerVolumes.begin()));
+}
+
+// ---- sound recording and voice guidance
+
+void MRVSettingForAudioViewController::updateVoiceRecordingUI()
+{
+    m_micSeg->setEnabled(fileData() && fileData()->voiceRecording != 0);
+}
+
+void MRVSettingForAudioViewController::updateVoiceGuidanceUI()
+{
+    m_speakerSeg->setEnabled(fileData() && fileData()->voiceGuidance != 0);
+}
+
+void MRVSettingForAudioViewController::clickVoiceRecordingChk()
+{
+    if (fileData())
+        storeToggled(fileData()->voiceRecording, m_useVoiceRecordingChk->isChecked());
+    updateVoiceRecordingUI();
+}
+
+void MRVSettingForAudioViewController::clickVoiceGuidanceChk()
+{
+    if (fileData())
+        storeToggled(fileData()->voiceGuidance, m_useVoiceGuidanceChk->isChecked());
+    updateVoiceGuidanceUI();
+}
+
+// ---- the language of the guidance
+
+void MRVSettingForAudioViewController::voiceLangMatrixSelected()
+{
+    if (m_voiceLangRadio->selectedCell() >= 0)
+        setMalaysiaRadioOn(false);
+}
+
+void MRVSettingForAudioViewController::malaysiaRadioSelected()
+{
+    if (!m_malaysiaRadio->isChecked())
+        return;
+    m_voiceLangRadio->deselectAllCells();
+    if (fileData())
+        fileData()->voiceLanguage = kMalaysianLanguage;
+}
+
+void MRVSettingForAudioViewController::setMalaysiaRadioOn(bool on)
+{
+    // The one that is on in an exclusive group cannot be turned off.
+    m_malaysiaRadio->group()->setExclusive(false);
+    m_malaysiaRadio->setChecked(on);
+    m_malaysiaRadio->group()->setExclusive(true);
+}
+
+} // namespace marvo
