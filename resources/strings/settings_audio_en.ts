@@ -24,7 +24,7 @@
     <message id="BahasaIndonesia"><source></source><translation>Indonesian</translation></message>
     <message id="Vietnamese"><source></source><translation>Vietnamese</translation></message>
     <message id="Mongolian"><source></source><translation>Mongolian</translation></message>
-    <message id="Spanish.SouthAmerica"><source></source><translation>Spanish (South America)</translation></message>
+    <message id="Spanish.SouthAmerica"><source></source><translation>Spanish (Americas)</translation></message>
     <message id="German"><source></source><translation>German</translation></message>
     <message id="Turkish"><source></source><translation>Turkish</translation></message>
     <message id="Italian"><source></source><translation>Italian</translation></message>

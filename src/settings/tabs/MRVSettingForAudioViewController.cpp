@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFontDatabase>
@@ -125,8 +126,10 @@ QWidget* MRVSettingForAudioViewController::voiceLangBox()
 
     m_voiceLangRadio->setObjectName(QStringLiteral("voiceLangRadio"));
     m_voiceLangRadio->setAccessibleName(localised("setting.aux.voice_guidance_lang_setting"));
-    m_voiceLangRadio->setFont(font);
     fillMatrixTitles(*m_voiceLangRadio, languageTitles());
+    // Where the application has a style sheet, the cells do not take over the grid's font.
+    for (int cell = 0; cell < m_voiceLangRadio->cellCount(); ++cell)
+        m_voiceLangRadio->cell(cell)->setFont(font);
 
     m_malaysiaRadio->setObjectName(QStringLiteral("malaysiaRadio"));
     m_malaysiaRadio->setFont(font);

@@ -28,6 +28,8 @@ constexpr std::uint32_t kParkingOn = 0x10;
 constexpr std::uint32_t kThirdInterval = 3;
 constexpr std::uint32_t kLastInterval = 4;
 
+constexpr int kColumns = 3;
+
 constexpr std::uint32_t kLowestVoltageMv = 11800;
 constexpr std::uint32_t kVoltageStepMv = 100;
 
@@ -116,17 +118,21 @@ MRVSettingForObdViewController::MRVSettingForObdViewController(QWidget* parent)
     auto* page = new QGridLayout(this);
     page->setContentsMargins(0, 0, 0, 0);
     page->setSpacing(12);
-    page->addWidget(guideLabel("obdGuide1Field", "setting.obd.obd_guide1"), 0, 0, 1, 2);
+    page->addWidget(guideLabel("obdGuide1Field", "setting.obd.obd_guide1"), 0, 0, 1, kColumns);
     const QStringList days = localisedList({"none", "mon", "tue", "wed", "thu", "fri", "sat", "sun"});
     page->addWidget(titledBoxWith("boxOfDay", "setting.obd.weekly_alarm",
                                   {segmentedControl("drivingDaySeg", "setting.obd.weekly_alarm", days)}),
-                    1, 0, 1, 2);
+                    1, 0, 1, kColumns);
     page->addWidget(timeBox(), 2, 0);
     page->addWidget(titledBoxWith("boxOfSpeedDisplayUnit", "setting.obd.speed_display",
                                   {segmentedControl("speedDisplayUnitSeg", "setting.obd.speed_display",
                                                     {QStringLiteral("Km/h"), QStringLiteral("Mi/h")}),
                                    guideLabel("speedGuide1Field", "setting.obd.obd_speed_guide1")}),
                     2, 1);
+    page->addWidget(
+        titledBoxWith("boxOfObdSpeedDisplay", "setting.obd.osd_speed_display",
+                      {segmentedControl("osdSpeedDisplaySeg", "setting.obd.osd_speed_display", offOn())}),
+        2, 2);
     page->addWidget(powerBox(), 3, 0);
     page->addWidget(
         titledBoxWith("boxOfNightTime", "setting.obd.obd_on_parking_mode",
@@ -134,15 +140,11 @@ MRVSettingForObdViewController::MRVSettingForObdViewController(QWidget* parent)
         3, 1);
     page->addWidget(titledBoxWith("boxOfSaveDuration", "setting.obd.driving_route_info_saving_interval",
                                   {m_saveDurationSeg}),
-                    4, 0);
-    page->addWidget(
-        titledBoxWith("boxOfObdSpeedDisplay", "setting.obd.osd_speed_display",
-                      {segmentedControl("osdSpeedDisplaySeg", "setting.obd.osd_speed_display", offOn())}),
-        4, 1);
-    page->addWidget(ecoBox(), 5, 0, 1, 2);
-    page->setColumnStretch(0, 1);
-    page->setColumnStretch(1, 1);
-    page->setRowStretch(6, 1);
+                    3, 2);
+    page->addWidget(ecoBox(), 4, 0, 1, kColumns);
+    for (int column = 0; column < kColumns; ++column)
+        page->setColumnStretch(column, 1);
+    page->setRowStretch(5, 1);
 
     m_ecoSlider->bind(SMDoubleSlider::Binding::ObjectLoValue, this, "ecoLoValue");
     m_ecoSlider->bind(SMDoubleSlider::Binding::ObjectHiValue, this, "ecoHiValue");
