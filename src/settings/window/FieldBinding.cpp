@@ -42,6 +42,8 @@ void RecordField::setValue(_FILEDATA& record, std::uint32_t value) const
 
 int ChoiceBinding::itemFor(std::uint32_t stored) const
 {
+    if (itemOf)
+        return itemOf(stored);
     const auto found = std::find(values.begin(), values.end(), stored);
     return found != values.end() ? static_cast<int>(found - values.begin()) : fallback.item.value_or(-1);
 }

@@ -45,6 +45,8 @@ struct ChoiceBinding
     RecordField field;
     std::vector<std::uint32_t> values; ///< what each item stands for
     Fallback fallback = {};
+    /// Finds the item in place of the value list, where more than the list's own values are shown by an item.
+    int (*itemOf)(std::uint32_t stored) = nullptr;
 
     /// The item that shows a stored value; -1 for none.
     int itemFor(std::uint32_t stored) const;

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+class QGroupBox;
+
+namespace marvo {
+
+class RadioMatrix;
+
+/// The cells of a one-row radio matrix framed by titled boxes, as many cells in each box. To the keyboard and
+/// to assistive technology they stay one matrix; the boxes only lie behind it.
+class BoxedCells : public QWidget
+{
+    Q_OBJECT
+public:
+    /// Takes over both; the cells can be divided evenly among the boxes.
+    BoxedCells(RadioMatrix* cells, const QList<QGroupBox*>& boxes, QWidget* parent = nullptr);
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void placeBoxes();
+
+    RadioMatrix* m_cells;
+    QList<QGroupBox*> m_boxes;
+};
+
+} // namespace marvo
