@@ -3,10 +3,6 @@
 // Land and borders, drawn from the data that comes with the application: there with or without a network.
 'use strict';
 
-/// For canvases that are drawn once and then only shown: without this they go through the graphics processor, which a
-/// machine that has none emulates at a hundredth of the speed.
-marvo.drawnOnce = {willReadFrequently: true};
-
 /// [x0, y0, dx, dy, ...] in units of 1/perDegree as [[longitude, latitude], ...].
 marvo.decodedLine = function (steps, perDegree) {
     const line = [];
@@ -44,7 +40,7 @@ marvo.BaseMapLayer = L.GridLayer.extend({
         canvas.width = Math.round(size.x * ratio);
         canvas.height = Math.round(size.y * ratio);
         canvas.setAttribute('aria-hidden', 'true');
-        const context = canvas.getContext('2d', marvo.drawnOnce);
+        const context = canvas.getContext('2d');
         context.lineJoin = 'round';
         if (this._trace(context, this._land, coords, canvas.width)) {
             context.fillStyle = this._colours.land;

@@ -58,7 +58,7 @@ marvo.LabelLayer = L.Layer.extend({
         this._canvas.style.height = full.y + 'px';
         L.DomUtil.setPosition(this._canvas, map.containerPointToLayerPoint(L.point(0, 0)).subtract(margin));
 
-        const context = this._canvas.getContext('2d', marvo.drawnOnce);
+        const context = this._canvas.getContext('2d');
         context.scale(ratio, ratio);
         const bounds = L.latLngBounds(map.unproject(this._drawn.getBottomLeft()),
                                       map.unproject(this._drawn.getTopRight()));
