@@ -6,14 +6,13 @@
 #include "controls/SegmentedControl.h"
 #include "lib/RangeSlider/EcoSliderAxisView.h"
 #include "lib/RangeSlider/SMDoubleSlider.h"
-#include "settings/FileDataFields.h"
-#include "settings/window/FieldBinding.h"
+
+#include "TabTesting.h"
 
 #include <cmath>
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
-#include <QRandomGenerator>
 #include <QtTest>
 
 namespace marvo::testing {
@@ -34,13 +33,10 @@ public:
     template <class Control>
     Control& control(const char* name)
     {
-        auto* found = tab.template findChild<Control*>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return *found;
+        return marvo::testing::control<Control>(tab, name);
     }
     QWidget& widget(const char* name) { return control<QWidget>(name); }
-    int chosen(const char* name) { return choice(widget(name)); }
+    int chosen(const char* name) { return shownItem(tab, name); }
     QString text(const char* name) { return control<QLabel>(name).text(); }
 
     /// Chooses an item of a segmented control, a radio matrix or a combo box.
@@ -100,20 +96,6 @@ inline void setField(_FILEDATA& record, const char* name, std::int64_t number)
 inline std::int64_t fieldOf(const _FILEDATA& record, const char* name)
 {
     return findFileDataField(name)->number(record);
-}
-
-/// Every byte of the record by chance, or every field small, as its choices are.
-inline _FILEDATA randomRecord(quint32 seed)
-{
-    QRandomGenerator random(seed);
-    FileDataBytes bytes{};
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes.at(i) = static_cast<std::byte>(seed % 2 == 0 || i % 4 == 0 ? random.bounded(256) : 0);
-    if (seed % 2 != 0) {
-        for (std::size_t i = 0; i < bytes.size(); i += 4)
-            bytes.at(i) &= std::byte{0x1F};
-    }
-    return decodeFileData(bytes);
 }
 
 /// The names of the fields that differ.

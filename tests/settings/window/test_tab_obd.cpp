@@ -191,20 +191,20 @@ private Q_SLOTS:
         QCOMPARE(driven.record.useEcoDrive, 0U);
     }
 
-    void otherFieldsStay()
+    void randomRecordsSurvive()
     {
-        const QStringList own{QStringLiteral("summerTime"), QStringLiteral("useExternalPower"),
-                              QStringLiteral("useEcoDrive"), QStringLiteral("routeSaveInterval")};
-        Driven driven(defaultRecord());
-        for (quint32 seed = 0; seed < 60; ++seed) {
-            _FILEDATA record = randomRecord(seed);
-            const _FILEDATA loaded = record;
-            driven.tab.setFileData(&record);
-            driven.tab.populate();
-            for (const QString& name : changedFields(loaded, record))
-                QVERIFY2(own.contains(name), qPrintable(name));
-            driven.tab.setFileData(&driven.record);
-        }
+        MRVSettingForObdViewController tab;
+        verifyRandomRecordsSurvive(tab, {{"drivingDay", upTo(7)},
+                                         {"speedUnit", upTo(1)},
+                                         {"timeZoneIndex", upTo(33)},
+                                         {"summerTime", upTo(1)},
+                                         {"osdSpeedDisplay", upTo(1)},
+                                         {"powerVoltage", {11800, 11900, 12000, 12100, 12200, 12300, 12400}},
+                                         {"useExternalPower", upTo(1)},
+                                         {"routeSaveInterval", {1, 2, 4, 0x11, 0x12, 0x14}},
+                                         {"useEcoDrive", upTo(1)},
+                                         {"ecoLow", upTo(100)},
+                                         {"ecoHigh", upTo(100)}});
     }
 };
 
