@@ -14,7 +14,7 @@
     <message id="viewer.list.noFolder"><source></source><translation>No folder open</translation></message>
     <message id="viewer.list.noFolderHelp"><source></source><translation>Open the camera's card or a folder of recordings, or drop it here.</translation></message>
     <message id="viewer.list.empty"><source></source><translation>No recordings in this folder</translation></message>
-    <message id="viewer.list.emptyHelp"><source></source><translation>Recordings are AVI files named by the camera, such as event_20240517_081530_F.avi. Open the card itself or one of its movie folders.</translation></message>
+    <message id="viewer.list.emptyHelp"><source></source><translation>Recordings are AVI files named by the camera, such as event_20240517_081530.avi. Open the card itself or one of its movie folders.</translation></message>
     <message id="viewer.list.unreadable"><source></source><translation>This folder cannot be read</translation></message>
     <message id="viewer.list.unreadableHelp"><source></source><translation>%1. Check that the card is still inserted and that you may read it, then open it again.</translation></message>
     <message id="viewer.folder.count"><source></source><translation>%1 recordings</translation></message>
@@ -22,7 +22,7 @@
     <message id="viewer.folder.reading"><source></source><translation>Reading…</translation></message>
     <message id="viewer.folder.unreadable"><source></source><translation>Cannot be read</translation></message>
     <message id="viewer.folder.choose"><source></source><translation>Open a folder of recordings</translation></message>
-    <message id="viewer.folder.missing"><source></source><translation>There is no folder “%1”.</translation></message>
+    <message id="viewer.folder.cannotOpen"><source></source><translation>The folder “%1” cannot be opened. Check its name, and that the card is inserted.</translation></message>
     <message id="viewer.loading"><source></source><translation>Loading…</translation></message>
     <message id="viewer.side.recordings"><source></source><translation>Recordings</translation></message>
     <message id="viewer.side.map"><source></source><translation>Map</translation></message>

@@ -14,7 +14,7 @@
     <message id="viewer.list.noFolder"><source></source><translation>열린 폴더 없음</translation></message>
     <message id="viewer.list.noFolderHelp"><source></source><translation>카메라의 카드나 녹화 폴더를 열거나 여기로 끌어다 놓으세요.</translation></message>
     <message id="viewer.list.empty"><source></source><translation>이 폴더에 녹화가 없습니다</translation></message>
-    <message id="viewer.list.emptyHelp"><source></source><translation>녹화는 event_20240517_081530_F.avi처럼 카메라가 이름을 붙인 AVI 파일입니다. 카드나 그 안의 동영상 폴더를 여세요.</translation></message>
+    <message id="viewer.list.emptyHelp"><source></source><translation>녹화는 event_20240517_081530.avi처럼 카메라가 이름을 붙인 AVI 파일입니다. 카드나 그 안의 동영상 폴더를 여세요.</translation></message>
     <message id="viewer.list.unreadable"><source></source><translation>이 폴더를 읽을 수 없습니다</translation></message>
     <message id="viewer.list.unreadableHelp"><source></source><translation>%1. 카드가 꽂혀 있고 읽을 권한이 있는지 확인한 뒤 다시 여세요.</translation></message>
     <message id="viewer.folder.count"><source></source><translation>녹화 %1개</translation></message>
@@ -22,7 +22,7 @@
     <message id="viewer.folder.reading"><source></source><translation>읽는 중…</translation></message>
     <message id="viewer.folder.unreadable"><source></source><translation>읽을 수 없음</translation></message>
     <message id="viewer.folder.choose"><source></source><translation>녹화 폴더 열기</translation></message>
-    <message id="viewer.folder.missing"><source></source><translation>“%1” 폴더가 없습니다.</translation></message>
+    <message id="viewer.folder.cannotOpen"><source></source><translation>“%1” 폴더를 열 수 없습니다. 이름을 확인하고 카드가 꽂혀 있는지 확인하세요.</translation></message>
     <message id="viewer.loading"><source></source><translation>불러오는 중…</translation></message>
     <message id="viewer.side.recordings"><source></source><translation>녹화</translation></message>
     <message id="viewer.side.map"><source></source><translation>지도</translation></message>

@@ -2,18 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "app/StartOptions.h"
 #include "app/Tour.h"
+#include "controls/MessageSheet.h"
 #include "support/Log.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
+#include "viewer/CustomWindow.h"
 #include "viewer/MRVAppDelegate.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLoggingCategory>
 #include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include <unistd.h>
@@ -34,6 +38,22 @@ bool asksForText(int argc, char** argv)
     return std::any_of(argv + std::min(1, argc), argv + argc, [](std::string_view argument) {
         return argument == "-h" || argument == "--help" || argument == "-v" || argument == "--version";
     });
+}
+
+/// A folder named by hand may be misspelt, which deserves a word; one that was chosen in the window is there.
+void openAtStart(marvo::MRVAppDelegate& delegate, const std::string& folder, bool mayAsk)
+{
+    if (mayAsk)
+        QObject::connect(
+            &delegate, &marvo::MRVAppDelegate::recordingsListed, &delegate,
+            [&delegate, folder] {
+                if (delegate.mediaList().folderError() && delegate.mediaList().directoryPath() == folder)
+                    marvo::showMessageSheet(&delegate.window(), QStringLiteral("MARVO"),
+                                            marvo::localised("viewer.folder.cannotOpen")
+                                                .arg(QFile::decodeName(QByteArray::fromStdString(folder))));
+            },
+            Qt::SingleShotConnection);
+    delegate.openDirectory(folder);
 }
 
 void prepareWebEngine()
@@ -81,6 +101,6 @@ int main(int argc, char** argv)
         tour->start();
     }
     if (!options.folder.empty())
-        delegate.openDirectory(options.folder);
+        openAtStart(delegate, options.folder, tour == nullptr);
     return QApplication::exec();
 }

@@ -20,6 +20,7 @@
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/VideoView.h"
 #include "viewer/VlcPlayer.h"
+#include "viewer/WindowSurface.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -44,6 +45,7 @@ MRVAppDelegate::MRVAppDelegate(const Configuration& configuration)
       m_loading(new LoadingIndicator(*m_views->progressIndicator, configuration.loadingTick))
 {
     m_window->setWindowTitle(QStringLiteral("MARVO"));
+    prepareWindowForWebView(*m_window);
 }
 
 MRVAppDelegate::~MRVAppDelegate() { die(); }
@@ -76,7 +78,11 @@ void MRVAppDelegate::setupInitialValues()
     connectPlayInfo();
     connectCommands();
     connect(m_window.get(), &CustomWindow::contentResized, this, &MRVAppDelegate::contentResized);
-    connect(m_window.get(), &CustomWindow::isFullScreenChanged, m_views, &MainViews::layoutWindow);
+    connect(m_window.get(), &CustomWindow::isFullScreenChanged, this, [this] {
+        m_views->layoutWindow();
+        updateSideViewButton();
+    });
+    connect(m_views, &MainViews::videoDoubleClicked, this, &MRVAppDelegate::toggleFullScreen);
     connect(m_window.get(), &CustomWindow::folderDropped, this,
             [this](const QString& path) { openDirectory(QFile::encodeName(path).toStdString()); });
     connect(m_window.get(), &CustomWindow::windowWillClose, m_playback.get(), &PlaybackController::stopPlay);
@@ -106,7 +112,6 @@ void MRVAppDelegate::applicationDidFinishLaunching()
     connect(m_views->bodyRightBox->mediaListTableView(), &RecordingListView::rowActivated, m_playback.get(),
             &PlaybackController::changeAndPlay);
     m_window->show();
-    m_views->bodyRightBox->mediaListTableView()->setFocus();
 }
 
 void MRVAppDelegate::connectPlayInfo()
@@ -180,6 +185,7 @@ void MRVAppDelegate::openMediaDirectoryDialog()
     dialog->setOption(QFileDialog::ShowDirsOnly);
     const QString shown = QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath()));
     dialog->setDirectory(shown.isEmpty() ? QDir::homePath() : shown);
+    dialog->resize(760, 460);
     connect(dialog, &QFileDialog::fileSelected, this,
             [this](const QString& path) { openDirectory(QFile::encodeName(path).toStdString()); });
     dialog->open();
@@ -253,7 +259,15 @@ void MRVAppDelegate::setRightViewMode(RightViewMode mode)
     updateSideViewButton();
 }
 
-void MRVAppDelegate::updateSideViewButton() { m_views->bodyRightBox->updateSideViewButton(m_rightViewMode); }
+void MRVAppDelegate::updateSideViewButton()
+{
+    // The keyboard is the list's while the list is shown, and the window's otherwise; it must not wander to
+    // whatever button comes next.
+    m_window->setFocus();
+    m_views->bodyRightBox->updateSideViewButton(m_rightViewMode);
+    if (m_rightViewMode == RecordingListMode && !m_window->isFullScreen())
+        m_views->bodyRightBox->mediaListTableView()->setFocus();
+}
 
 void MRVAppDelegate::cardSettingsKnown(const _FILEDATA& record)
 {

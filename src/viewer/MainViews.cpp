@@ -15,6 +15,8 @@
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/VideoView.h"
 
+#include <QEvent>
+
 namespace marvo {
 
 namespace {
@@ -58,6 +60,16 @@ MainViews::MainViews(CustomWindow& mainWindow, const MainWindowCommands& command
     progressIndicator->setObjectName(QStringLiteral("progressIndicator"));
     player1BackgroundView->setObjectName(QStringLiteral("player1BackgroundView"));
     video1View->setObjectName(QStringLiteral("video1View"));
+    videoBox->installEventFilter(this);
+}
+
+bool MainViews::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == videoBox && event->type() == QEvent::MouseButtonDblClick) {
+        Q_EMIT videoDoubleClicked();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void MainViews::layoutWindow()

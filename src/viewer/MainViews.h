@@ -33,6 +33,13 @@ public:
     void layoutWindow();
     DataPanelFields dataPanelFields() const;
 
+Q_SIGNALS:
+    void videoDoubleClicked();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+public:
     CustomWindow& window;
 
     QWidget* backgroundBox;

@@ -16,7 +16,7 @@ namespace {
 
 struct MenuSection
 {
-    const char* titleKey; ///< of a submenu; none puts the commands into the menu itself
+    const char* titleKey; ///< of a submenu; none puts a line and the commands into the menu itself
     std::vector<Command> commands;
 };
 
@@ -27,6 +27,7 @@ const std::vector<MenuSection>& menuTable()
         {nullptr, {OpenMediaDirectoryDialog}},
         {nullptr, {ShowSettingPanel, ShowTimeSetupPanel}},
         {nullptr, {CaptureVideo, Print}},
+        {nullptr, {}}, // a line between the commands and the submenus
         {"viewer.menu.playback",
          {ChangeAndPlay, ClickPlayButton, JumpBackward, JumpForward, DecreaseSpeed, IncreaseSpeed}},
         {"viewer.menu.sound", {VolumeDown, VolumeUp}},
@@ -107,16 +108,18 @@ void MainWindowCommands::buildMenu()
 {
     m_menu->setObjectName(QStringLiteral("mainMenu"));
     m_menu->setToolTipsVisible(true);
+    bool separate = false;
     for (const MenuSection& section : menuTable()) {
         QMenu* menu = m_menu;
         if (section.titleKey) {
             menu = m_menu->addMenu(localised(section.titleKey));
             menu->setToolTipsVisible(true);
+        } else if (separate) {
+            m_menu->addSeparator();
         }
         for (const Command command : section.commands)
             menu->addAction(action(command));
-        if (!section.titleKey)
-            m_menu->addSeparator();
+        separate = true;
     }
 }
 

@@ -75,7 +75,7 @@ MediaControlBox::MediaControlBox(const MainWindowCommands& commands, QWidget* pa
       m_videoPositionSlider(new FractionSlider(1.0, 0.01, 0.1, FractionSlider::Keys::HomeEndPages, this)),
       m_volumeSlider(new FractionSlider(200, 5, 20, FractionSlider::Keys::All, this)),
       m_speedTextButton(valueText("speedTextButton", "2.0x", "viewer.control.speed", this)),
-      m_sizeTextButton(valueText("sizeTextButton", "0.00x", "viewer.control.size", this)),
+      m_sizeTextButton(valueText("sizeTextButton", "00.00x", "viewer.control.size", this)),
       m_timeText(valueText("timeText", "0:00:00", "viewer.control.time", this)),
       m_lengthText(valueText("lengthText", "0:00:00", "viewer.control.length", this))
 {
@@ -142,7 +142,7 @@ void MediaControlBox::showSpeed(double speed)
 
 void MediaControlBox::showScale(double scale)
 {
-    m_sizeTextButton->setText(QString::asprintf("%.2fx", scale));
+    m_sizeTextButton->setText(scale > 0 ? QString::asprintf("%.2fx", scale) : QStringLiteral("–"));
 }
 
 void MediaControlBox::showTime(std::int64_t timeMs, std::int64_t lengthMs)

@@ -43,7 +43,8 @@ void RecordingRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
                                  const QModelIndex& index) const
 {
     QStyledItemDelegate::paint(painter, option, index);
-    if (index.column() == RecordingTableModel::SaveMode && index.data(RecordingTableModel::PlayingRole).toBool())
+    if (index.column() == RecordingTableModel::SaveMode &&
+        index.data(RecordingTableModel::PlayingRole).toBool())
         painter->fillRect(QRect(option.rect.topLeft(), QSize(barWidth, option.rect.height())),
                           option.palette.color(QPalette::Link));
 }
