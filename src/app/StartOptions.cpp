@@ -43,7 +43,10 @@ StartOptions readStartOptions(int argc, char** argv)
         QStringLiteral("Play the folder's first recording for some seconds, save a screenshot to OUT.png and "
                        "one of the map beside it, print what was done, and end."),
         QStringLiteral("OUT.png"));
-    parser.addOptions({help, version, demoReport});
+    const QCommandLineOption card(QStringLiteral("card"),
+                                  QStringLiteral("Take CARD, a folder, for the camera's card in a reader."),
+                                  QStringLiteral("CARD"));
+    parser.addOptions({help, version, demoReport, card});
 
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
@@ -67,6 +70,8 @@ StartOptions readStartOptions(int argc, char** argv)
     }
     if (options.messageExit < 0) {
         options.demoReport = parser.value(demoReport);
+        if (parser.isSet(card))
+            options.card = absolutePath(argc, argv, parser.value(card));
         if (!parser.positionalArguments().isEmpty())
             options.folder = absolutePath(argc, argv, parser.positionalArguments().front());
     }

@@ -11,7 +11,8 @@ namespace marvo {
 /// What the command line asks for.
 struct StartOptions
 {
-    std::string folder;   ///< absolute, as bytes; empty when none was given
+    std::string folder; ///< absolute, as bytes; empty when none was given
+    std::string card; ///< a folder that stands for the camera's card, absolute; empty to look for a real one
     QString demoReport;   ///< where to save the screenshot of the self-report; empty for an ordinary start
     QString message;      ///< help, version or the fault, to be printed instead of a start
     int messageExit = -1; ///< the exit code after the message; -1 when there is none

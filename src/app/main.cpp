@@ -3,6 +3,9 @@
 #include "app/StartOptions.h"
 #include "app/Tour.h"
 #include "controls/MessageSheet.h"
+#include "platform/FolderDisks.h"
+#include "platform/UDisks2Disks.h"
+#include "settings/window/CardSettings.h"
 #include "support/Log.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
@@ -17,6 +20,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -64,6 +68,28 @@ void prepareWebEngine()
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
 
+/// The machine's disks, or the folder that stands for the camera's card. They are asked on workers that
+/// nobody waits for, so they stay until the process is gone.
+marvo::Disks& disksFor(const marvo::StartOptions& options)
+{
+    static marvo::Disks* const disks = options.card.empty()
+                                           ? static_cast<marvo::Disks*>(new marvo::UDisks2Disks)
+                                           : new marvo::FolderDisks(options.card);
+    return *disks;
+}
+
+/// The settings on the card that a folder lies on, else those of the card in the reader.
+std::optional<marvo::_FILEDATA> settingsFor(const std::string& folder, marvo::Disks& disks)
+{
+    if (!folder.empty()) {
+        if (const auto record = marvo::readCardSettings(folder))
+            return record;
+    }
+    const marvo::LoadedSettings loaded =
+        marvo::loadSettingFile(disks, marvo::CardNaming::Keep, marvo::builtLanguage(), {});
+    return loaded.wasRead ? std::optional(loaded.record) : std::nullopt;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -87,7 +113,13 @@ int main(int argc, char** argv)
     marvo::installLanguage(marvo::builtLanguage());
     marvo::applyAppearance(application);
 
-    marvo::MRVAppDelegate delegate;
+    marvo::Disks& disks = disksFor(options);
+    marvo::MRVAppDelegate::Configuration configuration;
+    configuration.readCardSettings = [&disks](const std::string& folder) {
+        return settingsFor(folder, disks);
+    };
+    configuration.disks = &disks;
+    marvo::MRVAppDelegate delegate(configuration);
     delegate.awakeFromNib();
     delegate.applicationDidFinishLaunching();
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,

@@ -35,6 +35,8 @@ std::optional<_FILEDATA> readRecord(const std::filesystem::path& folder)
 
 std::optional<_FILEDATA> readCardSettings(const std::string& folder)
 {
+    if (folder.empty())
+        return std::nullopt;
     std::filesystem::path path(folder);
     if (!path.has_filename())
         path = path.parent_path(); // "card/" names the same folder as "card"

@@ -3,6 +3,7 @@
 #include "viewer/MRVAppDelegate.h"
 
 #include "controls/FractionSlider.h"
+#include "settings/window/MRVSettingController.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/DataPanelUpdater.h"
 #include "viewer/FullScreenControlBar.h"
@@ -112,6 +113,7 @@ void MRVAppDelegate::applicationDidFinishLaunching()
     connect(m_views->bodyRightBox->mediaListTableView(), &RecordingListView::rowActivated, m_playback.get(),
             &PlaybackController::changeAndPlay);
     m_window->show();
+    m_cardSettings.lookUp({}); // the card in the reader, before any folder is opened
 }
 
 void MRVAppDelegate::connectPlayInfo()
@@ -162,6 +164,7 @@ void MRVAppDelegate::connectCommands()
     on(Command::SizeDown, playback, &PlaybackController::sizeDown);
     on(Command::SizeUp, playback, &PlaybackController::sizeUp);
     on(Command::ToggleFullScreen, this, &MRVAppDelegate::toggleFullScreen);
+    on(Command::ShowSettingPanel, this, &MRVAppDelegate::showSettingPanel);
     on(Command::ClickMediaListViewButton, this, &MRVAppDelegate::clickMediaListViewButton);
     on(Command::ClickMapViewButton, this, &MRVAppDelegate::clickMapViewButton);
     on(Command::CloseWindow, this, &MRVAppDelegate::closeWindow);
@@ -237,6 +240,20 @@ void MRVAppDelegate::changeAndPlay()
     const std::int64_t row = m_views->bodyRightBox->mediaListTableView()->selectedRow();
     if (row >= 0)
         m_playback->changeAndPlay(row);
+}
+
+void MRVAppDelegate::showSettingPanel()
+{
+    if (!m_configuration.disks)
+        return;
+    if (!m_lastDialogController) {
+        m_lastDialogController = new MRVSettingController(*m_configuration.disks, this);
+        // It is a window of its own, but goes with the main window.
+        connect(m_window.get(), &CustomWindow::windowWillClose, m_lastDialogController, &QWidget::close);
+    }
+    m_lastDialogController->show();
+    m_lastDialogController->raise();
+    m_lastDialogController->activateWindow();
 }
 
 void MRVAppDelegate::toggleFullScreen()

@@ -4,6 +4,7 @@
 
 #include "media/MRVMediaList.h"
 #include "recording/MRVBlackBoxData.h"
+#include "settings/window/MRVSettingControllerDelegate.h"
 #include "texts/Localisation.h"
 #include "viewer/CardSettingsLookup.h"
 #include "viewer/LoadingIndicator.h"
@@ -12,6 +13,7 @@
 #include "viewer/SidePanel.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <cstdint>
@@ -21,6 +23,7 @@
 namespace marvo {
 
 class CustomWindow;
+class Disks;
 class DataPanelUpdater;
 class MainViews;
 class MainWindowCommands;
@@ -31,7 +34,7 @@ class VlcPlayer;
 /// The controller of the application's one main window. It owns the player, the play state, the media list
 /// and the extractor for the application's lifetime, and joins them to the window; playback and the data
 /// panels have their own rules elsewhere.
-class MRVAppDelegate : public QObject
+class MRVAppDelegate : public QObject, public viewControllerForMRVSettingDelegate
 {
     Q_OBJECT
 public:
@@ -40,6 +43,7 @@ public:
         InterfaceLanguage language = builtLanguage();
         std::chrono::milliseconds loadingTick = LoadingIndicator::tickInterval;
         CardSettingsReader readCardSettings = marvo::readCardSettings;
+        Disks* disks = nullptr; ///< where the settings window looks for the card; outlives the application
     };
 
     MRVAppDelegate();
@@ -65,7 +69,9 @@ public:
     void closeWindow();
 
     /// 1 shows miles, 0 kilometres; any other value changes nothing.
-    void setDisplayMile(std::uint32_t speedUnit);
+    void setDisplayMile(std::uint32_t speedUnit) override;
+    /// Opens the camera's settings, or brings the window forward that already shows them.
+    void showSettingPanel();
 
     CustomWindow& window() const { return *m_window; }
     MainViews& views() const { return *m_views; }
@@ -117,6 +123,7 @@ private:
     std::unique_ptr<MainWindowPlaybackHost> m_host;
     std::unique_ptr<PlaybackController> m_playback;
 
+    QPointer<QWidget> m_lastDialogController;
     RightViewMode m_rightViewMode = RecordingListMode;
     bool m_korean = false;
     bool m_mileDisplay = false;

@@ -49,7 +49,7 @@ const std::vector<CommandRow>& commandTable()
     const auto control = [](Qt::Key keyCode) { return QKeySequence(Qt::CTRL | keyCode); };
     static const std::vector<CommandRow> table{
         {OpenMediaDirectoryDialog, "openMediaDirectoryDialog", {key(Qt::Key_O), control(Qt::Key_O)}},
-        {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}, Once, NotYet},
+        {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}},
         {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}, Once, NotYet},
         {CaptureVideo, "captureVideo", {control(Qt::Key_S)}, Once, NotYet},
         {Print, "print", {control(Qt::Key_P)}, Once, NotYet},
