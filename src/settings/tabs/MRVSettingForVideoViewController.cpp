@@ -161,6 +161,9 @@ void MRVSettingForVideoViewController::displayFileData(const _FILEDATA& record)
 void MRVSettingForVideoViewController::storeControls(_FILEDATA& record)
 {
     storeChoices(*this, choices(), record);
+    // A camera records at one of the two rates only: a rate without segment is not passed on.
+    if (choice(*findChild<SegmentedControl*>(QStringLiteral("videoFrameRate"))) < 0)
+        record.videoFrameRate = 7680;
     const int resolution = m_videoResolution->selectedSegment();
     const int cell = m_videoEncodingBitrate->selectedCell();
     if (resolution >= 0 && cell >= 0)

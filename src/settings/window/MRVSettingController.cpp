@@ -67,6 +67,7 @@ void MRVSettingController::buildWindow()
 
     m_targetView = new QWidget(this);
     m_targetView->setObjectName(QStringLiteral("targetView"));
+    m_targetView->setMinimumSize(860, 540); // what the largest tab takes, so that no switch moves the window
     auto* targetLayout = new QVBoxLayout(m_targetView);
     targetLayout->setContentsMargins(0, 0, 0, 0);
 

@@ -49,8 +49,8 @@ private Q_SLOTS:
         row("24 fps", "videoFrameRate", 6144, "videoFrameRate", 0, 6144);
         row("30 fps and a bit", "videoFrameRate", 7681, "videoFrameRate", 1, 7680);
         row("3 fps", "videoFrameRate", 3 * 256, "videoFrameRate", 1, 7680);
-        row("5 fps has no segment", "videoFrameRate", 5 * 256, "videoFrameRate", -1, 5 * 256);
-        row("15 fps has no segment", "videoFrameRate", 15 * 256, "videoFrameRate", -1, 15 * 256);
+        row("5 fps has no segment", "videoFrameRate", 5 * 256, "videoFrameRate", -1, 7680);
+        row("15 fps has no segment", "videoFrameRate", 15 * 256, "videoFrameRate", -1, 7680);
         row("25 fps", "videoFrameRate", 25 * 256, "videoFrameRate", 0, 6144);
         row("no frame rate", "videoFrameRate", 0, "videoFrameRate", 0, 6144);
         row("highest bit rate", "videoBitrate", 11000, "videoEncodingBitrate", 5, 11000);
