@@ -66,6 +66,8 @@ void prepareWebEngine()
     if (::geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    // It would tell its whole set-up at each start; QT_LOGGING_RULES still brings that back.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.*=false"));
 }
 
 /// The machine's disks, or the folder that stands for the camera's card. They are asked on workers that

@@ -112,6 +112,15 @@ void CustomWindow::toggleZoom()
     setWindowState(windowState() ^ Qt::WindowMaximized);
 }
 
+bool CustomWindow::event(QEvent* event)
+{
+    const bool handled = QWidget::event(event);
+    // A dialog has closed; not every desktop gives the keyboard back by itself.
+    if (event->type() == QEvent::WindowUnblocked)
+        activateWindow();
+    return handled;
+}
+
 void CustomWindow::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && m_isFullScreen) {
