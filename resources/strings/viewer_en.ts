@@ -19,6 +19,7 @@
     <message id="viewer.list.unreadableHelp"><source></source><translation>%1. Check that the card is still inserted and that you may read it, then open it again.</translation></message>
     <message id="viewer.folder.count"><source></source><translation>%1 recordings</translation></message>
     <message id="viewer.folder.countOne"><source></source><translation>1 recording</translation></message>
+    <message id="viewer.folder.incomplete"><source></source><translation>%1; not all could be read: %2</translation></message>
     <message id="viewer.folder.reading"><source></source><translation>Reading…</translation></message>
     <message id="viewer.folder.unreadable"><source></source><translation>Cannot be read</translation></message>
     <message id="viewer.folder.choose"><source></source><translation>Open a folder of recordings</translation></message>

@@ -19,6 +19,7 @@
     <message id="viewer.list.unreadableHelp"><source></source><translation>%1. 카드가 꽂혀 있고 읽을 권한이 있는지 확인한 뒤 다시 여세요.</translation></message>
     <message id="viewer.folder.count"><source></source><translation>녹화 %1개</translation></message>
     <message id="viewer.folder.countOne"><source></source><translation>녹화 1개</translation></message>
+    <message id="viewer.folder.incomplete"><source></source><translation>%1, 일부를 읽을 수 없음: %2</translation></message>
     <message id="viewer.folder.reading"><source></source><translation>읽는 중…</translation></message>
     <message id="viewer.folder.unreadable"><source></source><translation>읽을 수 없음</translation></message>
     <message id="viewer.folder.choose"><source></source><translation>녹화 폴더 열기</translation></message>

@@ -26,6 +26,19 @@ FractionSlider::FractionSlider(double maximum, double singleStep, double pageSte
     setPageStep(static_cast<int>(std::lround(pageStep * m_unit)));
     setFocusPolicy(Qt::TabFocus);
     setMinimumHeight(2 * knobRadius() + 6);
+    installAccessibleValues();
+    connect(this, &QSlider::valueChanged, this, [this] { announceValue(*this, fraction()); });
+}
+
+AccessibleValue FractionSlider::accessibleValue() const
+{
+    return {fraction(), 0, maximum() / m_unit, singleStep() / m_unit, {}};
+}
+
+void FractionSlider::requestValue(double value)
+{
+    if (!std::isnan(value))
+        moveTo(static_cast<int>(std::lround(std::clamp(value * m_unit, 0.0, double(positions)))));
 }
 
 double FractionSlider::fraction() const { return value() / m_unit; }

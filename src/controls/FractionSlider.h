@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "controls/AccessibleValue.h"
+
 #include <QSlider>
 
 namespace marvo {
 
 /// A horizontal slider over real values that jumps to where it is clicked, and that tells what the user did
 /// from what the program set.
-class FractionSlider : public QSlider
+class FractionSlider : public QSlider, public AccessibleValueSource
 {
     Q_OBJECT
 public:
@@ -24,6 +26,10 @@ public:
     double fraction() const;
     /// Shows a value, clamped to the range. Tells nobody, and waits its turn while the user holds the knob.
     void setFraction(double value);
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::Slider; }
+    AccessibleValue accessibleValue() const override;
+    void requestValue(double value) override;
 
 Q_SIGNALS:
     /// By mouse, wheel or key; the new value is shown already.

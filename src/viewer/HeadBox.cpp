@@ -40,7 +40,7 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
       m_brand(new QLabel(this)),
       m_folder(new QWidget(this)),
       m_folderName(new ElidedLabel(m_folder)),
-      m_folderDetail(new QLabel(m_folder))
+      m_folderDetail(new ElidedLabel(m_folder))
 {
     setObjectName(QStringLiteral("headBox"));
 
@@ -54,7 +54,6 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
 
     m_folderName->setObjectName(QStringLiteral("folderName"));
     m_folderDetail->setObjectName(QStringLiteral("folderDetail"));
-    m_folderDetail->setTextFormat(Qt::PlainText);
     auto* folder = new QVBoxLayout(m_folder);
     folder->setContentsMargins(0, 0, 0, 0);
     folder->setSpacing(0);
@@ -90,10 +89,11 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
     row->addWidget(close);
 }
 
-void HeadBox::showFolder(const QString& name, const QString& detail)
+void HeadBox::showFolder(const QString& name, const QString& path, const QString& detail)
 {
+    m_folder->setToolTip(path);
     m_folderName->setFullText(name);
-    m_folderDetail->setText(detail);
+    m_folderDetail->setFullText(detail);
 }
 
 void HeadBox::popUpMenu()

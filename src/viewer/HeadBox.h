@@ -19,8 +19,8 @@ class HeadBox : public QWidget
 public:
     explicit HeadBox(const MainWindowCommands& commands, QWidget* parent = nullptr);
 
-    /// The folder's name and what is known of it, such as the number of its recordings.
-    void showFolder(const QString& name, const QString& detail);
+    /// The folder's name, its whole path, and what is known of it, such as the number of its recordings.
+    void showFolder(const QString& name, const QString& path, const QString& detail);
     /// Opens the menu below its button.
     void popUpMenu();
 
@@ -38,7 +38,7 @@ private:
     QLabel* m_brand;
     QWidget* m_folder;
     ElidedLabel* m_folderName;
-    QLabel* m_folderDetail;
+    ElidedLabel* m_folderDetail;
 };
 
 } // namespace marvo

@@ -203,16 +203,17 @@ void MRVAppDelegate::openDirectory(const std::string& path)
     scanProgress(0);
 }
 
-QString MRVAppDelegate::folderName() const
+void MRVAppDelegate::showFolder(const QString& detail)
 {
-    const QString path = QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath()));
-    const QString name = QDir(QDir::cleanPath(path)).dirName();
-    return name.isEmpty() ? path : name;
+    const QString path =
+        QDir::cleanPath(QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath())));
+    const QString name = QDir(path).dirName();
+    m_views->headBox->showFolder(name.isEmpty() ? path : name, QDir::toNativeSeparators(path), detail);
 }
 
 void MRVAppDelegate::scanProgress(qint64 found)
 {
-    m_views->headBox->showFolder(folderName(), localised("viewer.folder.reading"));
+    showFolder(localised("viewer.folder.reading"));
     m_views->bodyRightBox->mediaListTableView()->showScanning(found);
 }
 
@@ -223,14 +224,16 @@ void MRVAppDelegate::mediaListChanged()
 
     RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
     const qint64 count = m_mediaList.count();
-    if (m_mediaList.folderError() && count == 0) {
-        list->showUnreadable(QString::fromStdString(m_mediaList.folderError().message()));
-        m_views->headBox->showFolder(folderName(), localised("viewer.folder.unreadable"));
+    const QString error =
+        m_mediaList.folderError() ? QString::fromStdString(m_mediaList.folderError().message()) : QString();
+    if (count == 0 && !error.isEmpty()) {
+        list->showUnreadable(error);
+        showFolder(localised("viewer.folder.unreadable"));
     } else {
         list->showRecordings();
-        m_views->headBox->showFolder(
-            folderName(), count == 1 ? localised("viewer.folder.countOne")
-                                     : localised("viewer.folder.count").arg(QLocale().toString(count)));
+        const QString found = count == 1 ? localised("viewer.folder.countOne")
+                                         : localised("viewer.folder.count").arg(QLocale().toString(count));
+        showFolder(error.isEmpty() ? found : localised("viewer.folder.incomplete").arg(found, error));
     }
     Q_EMIT recordingsListed();
 }

@@ -100,7 +100,7 @@ private:
     void scanProgress(qint64 found);
     void cardSettingsKnown(const _FILEDATA& record);
     void setMileDisplay(bool miles);
-    QString folderName() const;
+    void showFolder(const QString& detail);
     void setRightViewMode(RightViewMode mode);
     void updateSideViewButton();
     void showPlayTime();
