@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "ActiveWindow.h"
+#include "controls/SegmentedControl.h"
+#include "platform/FolderDisks.h"
+#include "settings/SettingFile.h"
+#include "settings/window/MRVSettingController.h"
+#include "settings/window/MRVSettingControllerDelegate.h"
+#include "settings/window/SettingsTabView.h"
+#include "TabTesting.h"
+#include "TemporaryFolder.h"
+#include "texts/Localisation.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+
+#include <memory>
+
+using namespace marvo;
+using marvo::test::TemporaryFolder;
+using marvo::testing::clickItem;
+using marvo::testing::control;
+
+namespace {
+
+enum Segment { Video, Basic, Gps, Aux, Audio };
+
+struct Viewer : viewControllerForMRVSettingDelegate
+{
+    std::vector<unsigned int> told;
+    void setDisplayMile(unsigned int speedUnit) override { told.push_back(speedUnit); }
+};
+
+QByteArray bytesOf(const std::string& path)
+{
+    QFile file(QFile::decodeName(path.c_str()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeBytes(const std::string& path, const QByteArray& bytes)
+{
+    QFile file(QFile::decodeName(path.c_str()));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+} // namespace
+
+/// The settings window as a person drives it, on a folder that stands for the card.
+class TestSettingsWindow : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TemporaryFolder> m_card;
+    std::unique_ptr<FolderDisks> m_disks;
+    std::unique_ptr<Viewer> m_viewer;
+    QPointer<MRVSettingController> m_window;
+
+    std::string configPath() const { return m_card->path("config.bin"); }
+
+    void openWindow()
+    {
+        m_window = new MRVSettingController(*m_disks, m_viewer.get());
+        QSignalSpy loaded(m_window, &MRVSettingController::settingsLoaded);
+        m_window->show();
+        QVERIFY2(!m_window->findChild<QWidget*>(QStringLiteral("targetView"))->isEnabled(),
+                 "nothing may be edited before the card has been read");
+        QVERIFY(loaded.wait());
+        QTRY_VERIFY(!m_window->findChild<QWidget*>(QStringLiteral("progressPanel"))->isVisible());
+        QVERIFY(marvo::testing::showActive(*m_window));
+    }
+
+    void press(const char* button) { QTest::mouseClick(&control(*m_window, button), Qt::LeftButton); }
+    int shownSegment() const { return marvo::testing::shownItem(*m_window, "functionSegmentedControl"); }
+    QMessageBox* message() const { return m_window->findChild<QMessageBox*>(QStringLiteral("messageSheet")); }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        QDir(SettingsBackups::defaultFolder()).removeRecursively();
+        QVERIFY(installLanguage(InterfaceLanguage::English));
+    }
+
+    void init()
+    {
+        m_card = std::make_unique<TemporaryFolder>();
+        m_disks = std::make_unique<FolderDisks>(m_card->path());
+        m_viewer = std::make_unique<Viewer>();
+        _FILEDATA record{};
+        fillDefaultFileDataForLanguage(record, InterfaceLanguage::English);
+        record.speedUnit = 1;
+        record.deviceParam33 = 0xFFFFFFFF;
+        QVERIFY(!writeSettingFile(record, configPath()));
+    }
+
+    void cleanup() { delete m_window; }
+
+    void cardIsReadAndNamed()
+    {
+        openWindow();
+        QVERIFY(m_window->windowTitle().endsWith(QFile::decodeName(configPath().c_str())));
+        QCOMPARE(shownSegment(), static_cast<int>(Video));
+        QCOMPARE(m_window->filedata()->speedUnit, 1U);
+    }
+
+    void invalidInputKeepsTheTab()
+    {
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Basic);
+        clickItem(*m_window, "gsensorSensitivityDrivingSeg", 5);
+        auto& threshold = control<QLineEdit>(*m_window, "gsensorSensitivityThresholdXDrivingField");
+        threshold.setText(QStringLiteral("1.6"));
+
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        QCOMPARE(shownSegment(), static_cast<int>(Basic));
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("MARVO"));
+        message()->accept();
+        press("saveButton");
+        QCOMPARE(m_viewer->told.size(), std::size_t{0});
+        QTRY_VERIFY(message());
+        message()->accept();
+
+        threshold.setText(QStringLiteral("1.5"));
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        QCOMPARE(shownSegment(), static_cast<int>(Gps));
+        QCOMPARE(m_window->filedata()->drivingThresholdX, 150);
+    }
+
+    void saveReplacesTheFileAndClosesTheWindow()
+    {
+        const QByteArray before = bytesOf(configPath());
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        clickItem(*m_window, "speedDisplayUnitSeg", 0);
+        press("saveButton");
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("Information"));
+        QCOMPARE(message()->informativeText(),
+                 localised("msg.saved") + QFile::decodeName(configPath().c_str()));
+        QCOMPARE(m_viewer->told, std::vector<unsigned int>{0});
+
+        _FILEDATA saved{};
+        QVERIFY(readSettingFile(configPath(), saved));
+        QCOMPARE(saved.speedUnit, 0U);
+        QCOMPARE(saved.deviceParam33, 0xFFFFFFFFU);
+        QCOMPARE(saved.checksum, fileDataChecksum(saved));
+        const auto copies = SettingsBackups().copies();
+        QVERIFY(!copies.empty());
+        QCOMPARE(bytesOf(copies.front().path), before);
+
+        message()->accept();
+        QTRY_VERIFY(!m_window);
+    }
+
+    void resetIsNotWrittenBeforeASave()
+    {
+        const QByteArray before = bytesOf(configPath());
+        openWindow();
+        press("resetButton");
+        QCOMPARE(m_window->filedata()->speedUnit, 0U);
+        press("cancelButton");
+        QTRY_VERIFY(!m_window);
+        QCOMPARE(bytesOf(configPath()), before);
+        QVERIFY(m_viewer->told.empty());
+    }
+
+    void whatIsNoSettingsFileIsNotRead_data()
+    {
+        QTest::addColumn<int>("size");
+        for (const int size : {0, 100, 271, 273})
+            QTest::addRow("%d bytes", size) << size;
+    }
+
+    void whatIsNoSettingsFileIsNotRead()
+    {
+        QFETCH(int, size);
+        writeBytes(configPath(), QByteArray(size, '\xFF'));
+        openWindow();
+        QVERIFY(!m_window->windowTitle().contains(QLatin1String("config.bin")));
+        QCOMPARE(m_window->filedata()->videoBitrate, 9000U);
+        // The lookup still finds the card, so that a save mends it.
+        press("saveButton");
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("Information"));
+        QCOMPARE(bytesOf(configPath()).size(), qsizetype{272});
+    }
+
+    void folderInTheFilesPlaceIsAWarning()
+    {
+        QVERIFY(QFile::remove(QFile::decodeName(configPath().c_str())));
+        m_card->makeFolder("config.bin/inside");
+        openWindow();
+        press("saveButton");
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("Warn"));
+        QCOMPARE(message()->informativeText(), localised("msg.write_protected_disk"));
+        QVERIFY(m_viewer->told.empty());
+        message()->accept();
+        QVERIFY2(m_window && m_window->isVisible(), "the user can try again");
+        QVERIFY(QDir(QFile::decodeName(m_card->path("config.bin/inside").c_str())).exists());
+    }
+
+    void cardPulledOutBeforeASaveAsksWhere()
+    {
+        openWindow();
+        std::filesystem::remove_all(m_card->path());
+        press("saveButton");
+        QTRY_VERIFY(m_window->findChild<QFileDialog*>(QStringLiteral("saveDialog")));
+        auto* dialog = m_window->findChild<QFileDialog*>(QStringLiteral("saveDialog"));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Save Settings"));
+        dialog->reject();
+        QVERIFY(!message());
+        QVERIFY(m_viewer->told.empty());
+    }
+
+    void cardPutInLaterIsTakenWhileNothingWasTouched_data()
+    {
+        QTest::addColumn<bool>("touched");
+        QTest::addColumn<unsigned int>("speedUnit");
+        QTest::newRow("untouched: the card's settings") << false << 1U;
+        QTest::newRow("touched: what was chosen stays") << true << 0U;
+    }
+
+    void cardPutInLaterIsTakenWhileNothingWasTouched()
+    {
+        QFETCH(bool, touched);
+        QFETCH(unsigned int, speedUnit);
+        const QByteArray settings = bytesOf(configPath());
+        QVERIFY(QFile::remove(QFile::decodeName(configPath().c_str())));
+        openWindow();
+        if (touched)
+            clickItem(*m_window, "videoSharpness", 4);
+        writeBytes(configPath(), settings);
+        Q_EMIT m_disks->volumesChanged();
+        QTRY_VERIFY(m_window->windowTitle().contains(QLatin1String("config.bin")));
+        QCOMPARE(m_window->filedata()->speedUnit, speedUnit);
+    }
+};
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("MARVO-test"));
+    QCoreApplication::setApplicationName(QStringLiteral("settings-window"));
+    TestSettingsWindow test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_settings_window.moc"
