@@ -85,11 +85,12 @@ MainWindowCommands::MainWindowCommands(QWidget& window) : QObject(&window), m_me
         action->setShortcuts(QList<QKeySequence>(row.shortcuts.begin(), row.shortcuts.end()));
         action->setAutoRepeat(row.repeat == CommandRow::Repeat::WhileHeld);
         const QString keyText = row.shortcuts.front().toString(QKeySequence::NativeText);
+        const QString name = title.endsWith(QChar(0x2026)) ? title.chopped(1) : title; // "Open folder…"
         if (row.availability == CommandRow::Availability::NotYet) {
             action->setEnabled(false);
-            action->setToolTip(localised("viewer.command.notYet").arg(title));
+            action->setToolTip(localised("viewer.command.notYet").arg(name));
         } else {
-            action->setToolTip(QStringLiteral("%1  (%2)").arg(title, keyText));
+            action->setToolTip(QStringLiteral("%1  (%2)").arg(name, keyText));
         }
         window.addAction(action);
         m_actions.push_back(action);
