@@ -42,8 +42,11 @@ build_targets() {
         say "Configuring ($preset)"
         cmake --preset "$preset" "${configure_options[@]}" >"$log" 2>&1 || { tail -n 25 "$log" >&2; die "Configuring failed; see $log"; }
     fi
-    ninja -C "build/$preset" -n "$@" 2>/dev/null | grep -q 'no work to do' && return 0
-    say "Building ($preset, $(nproc) cores)"
+    if [ -f "build/$preset/.ninja_log" ]; then
+        say "Bringing the build up to date ($preset)"
+    else
+        say "Building ($preset, $(nproc) cores)"
+    fi
     if ! ninja -C "build/$preset" "$@" >"$log" 2>&1; then
         # A step that explains itself in one line should not be buried under the build tool's own words.
         grep '^marvo: ' "$log" >&2 || grep -E -A12 'FAILED|error' "$log" | head -n 60 >&2
