@@ -3,7 +3,7 @@
 #include "viewer/CardSettingsLookup.h"
 
 #include "settings/SettingFile.h"
-#include "viewer/ObjectLink.h"
+#include "platform/ObjectLink.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "settings/FileData.h"
-#include "viewer/DetachedWorkers.h"
+#include "platform/DetachedWorkers.h"
 
 #include <QObject>
 

@@ -3,7 +3,7 @@
 #include "viewer/RecordingExtraction.h"
 
 #include "recording/MRVBlackBoxData.h"
-#include "viewer/ObjectLink.h"
+#include "platform/ObjectLink.h"
 
 #include <chrono>
 #include <utility>

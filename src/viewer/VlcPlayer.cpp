@@ -4,7 +4,7 @@
 
 #include "media/AviHeader.h"
 #include "texts/Localisation.h"
-#include "viewer/ObjectLink.h"
+#include "platform/ObjectLink.h"
 #include "viewer/VideoView.h"
 #include "viewer/VlcSession.h"
 

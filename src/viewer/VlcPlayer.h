@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "viewer/DetachedWorkers.h"
+#include "platform/DetachedWorkers.h"
 #include "viewer/MediaPlayer.h"
 #include "viewer/PlaybackClock.h"
 

@@ -4,9 +4,9 @@
 
 #include "controls/MessageSheet.h"
 #include "controls/SegmentedControl.h"
-#include "platform/Background.h"
 #include "platform/DesktopPrograms.h"
 #include "platform/Disks.h"
+#include "platform/ObjectLink.h"
 #include "settings/SettingFile.h"
 #include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/LoadingSheet.h"
@@ -44,7 +44,11 @@ QPushButton* windowButton(const char* name, const char* key, QWidget* parent)
 
 MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
                                            QWidget* parent)
-    : QWidget(parent, Qt::Window), m_disks(disks), m_delegate(delegate), m_tabs(settingsTabs())
+    : QWidget(parent, Qt::Window),
+      m_disks(disks),
+      m_link(std::make_shared<ObjectLink<MRVSettingController>>(this)),
+      m_delegate(delegate),
+      m_tabs(settingsTabs())
 {
     setObjectName(QStringLiteral("MRVSettingController"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -55,7 +59,15 @@ MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSet
     connect(&m_disks, &Disks::volumesChanged, this, &MRVSettingController::volumesChanged);
 }
 
-MRVSettingController::~MRVSettingController() = default;
+MRVSettingController::~MRVSettingController() { m_link->sever(); }
+
+template <typename Work, typename Done>
+void MRVSettingController::runInBackground(Work work, Done done)
+{
+    m_workers.start([link = m_link, work = std::move(work), done = std::move(done)]() mutable {
+        link->post([done, result = work()](MRVSettingController&) mutable { done(std::move(result)); });
+    });
+}
 
 void MRVSettingController::buildWindow()
 {
@@ -144,7 +156,6 @@ void MRVSettingController::onInitDIalog()
     setTabEnabled(false);
     showLoading(QStringLiteral("Loading..."));
     runInBackground(
-        this,
         [disks = &m_disks, language = m_language, earlier = m_card] {
             return loadSettingFile(*disks, CardNaming::RenameToCardName, language, earlier);
         },
@@ -174,7 +185,6 @@ void MRVSettingController::volumesChanged()
         LoadedSettings loaded;
     };
     runInBackground(
-        this,
         [disks = &m_disks, language = m_language, card = m_card] {
             Found found;
             found.changed = !isStillThere(*disks, card);
@@ -298,15 +308,14 @@ void MRVSettingController::onSave()
     populate();
     sealFileData(m_FileData);
     setTabEnabled(false);
-    runInBackground(
-        this, [disks = &m_disks, card = m_card] { return saveDestination(*disks, card); },
-        [this](const std::optional<std::string>& destination) {
-            setTabEnabled(true);
-            if (destination)
-                writeTo(*destination);
-            else
-                askWhereToSave();
-        });
+    runInBackground([disks = &m_disks, card = m_card] { return saveDestination(*disks, card); },
+                    [this](const std::optional<std::string>& destination) {
+                        setTabEnabled(true);
+                        if (destination)
+                            writeTo(*destination);
+                        else
+                            askWhereToSave();
+                    });
 }
 
 void MRVSettingController::askWhereToSave()
@@ -325,12 +334,9 @@ void MRVSettingController::askWhereToSave()
 void MRVSettingController::writeTo(const std::string& path)
 {
     setTabEnabled(false);
-    runInBackground(
-        this,
-        [record = m_FileData, path, backups = m_backups]() mutable {
-            return saveToCard(record, path, backups);
-        },
-        [this, path](const std::optional<QString>& error) { saved(path, error); });
+    runInBackground([record = m_FileData, path,
+                     backups = m_backups]() mutable { return saveToCard(record, path, backups); },
+                    [this, path](const std::optional<QString>& error) { saved(path, error); });
 }
 
 void MRVSettingController::saved(const std::string& path, const std::optional<QString>& error)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/DetachedWorkers.h"
 #include "settings/FileData.h"
 #include "settings/window/CardSettings.h"
 #include "settings/window/SettingsBackups.h"
@@ -9,6 +10,7 @@
 
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class QMenu;
@@ -18,6 +20,8 @@ namespace marvo {
 
 class Disks;
 class LoadingSheet;
+template <typename Target>
+class ObjectLink;
 class SegmentedControl;
 class viewControllerForMRVSettingDelegate;
 
@@ -62,6 +66,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Runs `work`, which owns all it touches, on a worker that nobody waits for, and hands its result to
+    /// `done` here unless the window is gone by then.
+    template <typename Work, typename Done>
+    void runInBackground(Work work, Done done);
+
     void buildWindow();
     void buildToolsMenu(QMenu& menu);
     void onInitDIalog();
@@ -78,6 +87,8 @@ private:
     void useEarlierFile(const std::string& path);
 
     Disks& m_disks;
+    DetachedWorkers m_workers;
+    std::shared_ptr<ObjectLink<MRVSettingController>> m_link;
     viewControllerForMRVSettingDelegate* m_delegate;
     InterfaceLanguage m_language = builtLanguage(); ///< of the defaults
     _FILEDATA m_FileData{};

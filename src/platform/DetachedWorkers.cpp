@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/DetachedWorkers.h"
+#include "platform/DetachedWorkers.h"
 
 #include <thread>
 #include <utility>
