@@ -23,6 +23,8 @@ std::optional<FileArguments> FileArguments::parse(const Command& command, const 
             optionsEnded = true;
         else if (isOption && word == "--json")
             result.format = OutputFormat::Json;
+        else if (isOption && word == "--dialect")
+            result.sentences = Sentences::Dialect;
         else if (isOption)
             return refused("unknown option", word);
         else if (file)

@@ -11,11 +11,16 @@ namespace marvo::cli {
 
 enum class OutputFormat { Text, Json };
 
-/// The arguments of a command that shows one file: FILE and --json in any order; "--" ends the options.
+/// Which sentences NMEA text is read for.
+enum class Sentences { Standard, Dialect };
+
+/// The arguments of a command that shows one file of NMEA sentences: FILE, --json and --dialect in any order;
+/// "--" ends the options.
 struct FileArguments
 {
     std::string file;
     OutputFormat format = OutputFormat::Text;
+    Sentences sentences = Sentences::Standard;
 
     /// None after a message to stderr when the arguments are anything else.
     static std::optional<FileArguments> parse(const Command& command, const Arguments& arguments);

@@ -5,6 +5,7 @@
 #include "cli/GpsStateJson.h"
 #include "cli/Printable.h"
 #include "cli/TextNumbers.h"
+#include "recording/DialectReading.h"
 #include "recording/MRVBlackBoxData.h"
 #include "recording/RecordingSummary.h"
 #include "support/FileSource.h"
@@ -17,17 +18,18 @@ namespace {
 ExitCode run(const Arguments& arguments);
 
 constexpr std::string_view usage =
-    "Usage: marvo-cli inspect FILE [--json]\n"
+    "Usage: marvo-cli inspect FILE [--json] [--dialect]\n"
     "\n"
     "Reads the camera's data area of one AVI recording. Without --json it prints a summary: how long the "
     "data\n"
     "lasts, its samples, first and last fix (decimal degrees, north and east positive), distance, top speed\n"
     "and the strongest G-sensor reading.\n"
     "\n"
-    "  --json  print everything that was read as one JSON document: file, result, m_GSensors (g),\n"
-    "          m_vGSensorData, m_vGpsData and m_NMEAs. result is false when there is no data area or when "
-    "it\n"
-    "          is damaged; the lists then hold what stands before the damage.\n"
+    "  --json     print everything that was read as one JSON document: file, result, m_GSensors (g),\n"
+    "             m_vGSensorData, m_vGpsData and m_NMEAs. result is false when there is no data area or\n"
+    "             when it is damaged; the lists then hold what stands before the damage.\n"
+    "  --dialect  read the sentences as the camera's own, \"$GA\" and \"$GC\", and tell whether all are of\n"
+    "             that kind (in JSON: dialect). Nothing but this option recognises such a recording.\n"
     "\n"
     "Exit code: 0 when the file could be read, damaged or not; 1 when it could not.\n";
 
@@ -77,13 +79,29 @@ void writeList(JsonWriter& json, DocumentOutput& output, std::string_view name, 
     json.endArray();
 }
 
-bool writeDocument(const std::string& file, bool result, const MRVBlackBoxData& recording)
+/// A recording with, when it was asked for, what its sentences say as those of the dialect.
+struct Inspected
 {
+    bool result = false;
+    MRVBlackBoxData recording;
+    std::optional<DialectReading> dialect;
+
+    const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots() const
+    {
+        return dialect ? dialect->snapshots() : recording.m_NMEAs();
+    }
+};
+
+bool writeDocument(const std::string& file, const Inspected& inspected)
+{
+    const MRVBlackBoxData& recording = inspected.recording;
     JsonWriter json;
     DocumentOutput output(json);
     json.beginObject();
     json.member("file", file);
-    json.member("result", result);
+    json.member("result", inspected.result);
+    if (inspected.dialect)
+        json.member("dialect", inspected.dialect->isDialect());
     writeList(json, output, "m_GSensors", recording.m_GSensors(), [&](const MRVGSensor& axes) {
         json.beginArray();
         for (const float axis : {axes.x, axes.y, axes.z})
@@ -112,7 +130,7 @@ bool writeDocument(const std::string& file, bool result, const MRVBlackBoxData& 
     });
     GpsStateJson states;
     std::string text;
-    writeList(json, output, "m_NMEAs", recording.m_NMEAs(), [&](const auto& state) {
+    writeList(json, output, "m_NMEAs", inspected.snapshots(), [&](const auto& state) {
         text.clear();
         states.append(text, *state);
         json.rendered(text);
@@ -166,22 +184,35 @@ std::string dataAreaText(bool result, const MRVBlackBoxData& recording)
     return "damaged; what stands before the damage is shown";
 }
 
-std::string summaryText(const std::string& file, bool result, const MRVBlackBoxData& recording)
+std::string dialectText(const DialectReading& dialect)
 {
-    const RecordingSummary summary = summarise(recording);
+    const std::string all = std::to_string(dialect.snapshots().size());
+    if (dialect.isDialect())
+        return "all " + all + " sentences are of the camera's own dialect";
+    if (dialect.snapshots().empty())
+        return "no sentences";
+    return std::to_string(dialect.accepted()) + " of " + all +
+           " sentences; read the others without --dialect";
+}
+
+std::string summaryText(const std::string& file, const Inspected& inspected)
+{
+    const MRVBlackBoxData& recording = inspected.recording;
+    const RecordingSummary summary = summarise(recording, inspected.snapshots());
     const auto line = [](std::string_view name, const std::string& value) {
         std::string text(name);
         text.append(name.size() < 20 ? 20 - name.size() : 1, ' ');
         return text + value + "\n";
     };
     const auto count = [](const auto& list) { return std::to_string(list.size()); };
-    return line("File", printable(file)) + line("Camera data", dataAreaText(result, recording)) +
+    return line("File", printable(file)) + line("Camera data", dataAreaText(inspected.result, recording)) +
            line("Duration of data",
                 summary.durationSeconds ? fixedText(*summary.durationSeconds, 1) + " s" : "none") +
            line("G-sensor readings", count(recording.m_GSensors())) +
            line("GPS samples", count(recording.m_vGpsData())) +
-           line("NMEA sentences", count(recording.m_NMEAs())) + line("First fix", fixText(summary.firstFix)) +
-           line("Last fix", fixText(summary.lastFix)) +
+           line("NMEA sentences", count(recording.m_NMEAs())) +
+           (inspected.dialect ? line("Dialect", dialectText(*inspected.dialect)) : std::string()) +
+           line("First fix", fixText(summary.firstFix)) + line("Last fix", fixText(summary.lastFix)) +
            line("Distance", fixedText(summary.distanceMetres / 1000, 3) + " km") +
            line("Top speed", speedText(summary.topSpeed)) +
            line("Strongest reading", readingText(summary.strongestReading));
@@ -196,11 +227,16 @@ ExitCode run(const Arguments& words)
     if (!source.isOpen())
         return failed(inspectCommand, "cannot open " + printable(arguments->file) + ": " + source.error());
 
-    MRVBlackBoxData recording;
-    const bool result = recording.ExtractStreamInformation(source);
+    Inspected inspected;
+    if (arguments->sentences == Sentences::Dialect) {
+        inspected.dialect.emplace();
+        inspected.recording.setSentenceListener(
+            [&inspected](std::string_view sentence) { inspected.dialect->take(sentence); });
+    }
+    inspected.result = inspected.recording.ExtractStreamInformation(source);
     const bool written = arguments->format == OutputFormat::Json
-                             ? writeDocument(arguments->file, result, recording)
-                             : writeOut(summaryText(arguments->file, result, recording));
+                             ? writeDocument(arguments->file, inspected)
+                             : writeOut(summaryText(arguments->file, inspected));
     if (!written)
         return failed(inspectCommand, "the result could not be written");
     if (!source.error().empty())

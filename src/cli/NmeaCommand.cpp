@@ -6,6 +6,7 @@
 #include "cli/Printable.h"
 #include "cli/StandardInput.h"
 #include "cli/TextNumbers.h"
+#include "recording/MRVMARVONMEASentenceParser.h"
 #include "recording/MRVNMEASentenceParser.h"
 #include "recording/Positions.h"
 #include "recording/SentenceStream.h"
@@ -20,15 +21,15 @@ namespace {
 ExitCode run(const Arguments& arguments);
 
 constexpr std::string_view usage =
-    "Usage: marvo-cli nmea FILE|- [--json]\n"
+    "Usage: marvo-cli nmea FILE|- [--json] [--dialect]\n"
     "\n"
     "Reads NMEA 0183 text, of a file or with - of standard input, the way the camera's recordings are read:\n"
     "every sentence that starts with \"$G\" and is ended by CR, LF or a zero byte goes through the parser.\n"
     "Without --json it prints how many there are and what they add up to.\n"
     "\n"
-    "  --json  print one JSON document: accepted tells of each sentence whether the parser took it, "
-    "snapshots\n"
-    "          holds the state after each.\n"
+    "  --json     print one JSON document: accepted tells of each sentence whether the parser took it,\n"
+    "             snapshots holds the state after each.\n"
+    "  --dialect  read the camera's own sentences \"$GA\" and \"$GC\" instead of the standard ones.\n"
     "\n"
     "A sentence of more than 64 KiB is not accepted.\n";
 
@@ -39,10 +40,10 @@ const Command nmeaCommand{"nmea", "shows what NMEA 0183 sentences say", usage, r
 namespace {
 
 /// Feeds every sentence to a fresh parser. Sink: void(bool accepted, const MRVGpsData& state).
-template <typename Sink>
+template <typename Parser, typename Sink>
 void parseAll(ByteSource& source, Sink&& sink)
 {
-    MRVNMEASentenceParser parser;
+    Parser parser;
     splitSource(source, [&](std::string_view sentence, SentenceFit fit) {
         const bool accepted = fit == SentenceFit::Whole && parser.parse(sentence);
         sink(accepted, parser.m_Current());
@@ -51,6 +52,7 @@ void parseAll(ByteSource& source, Sink&& sink)
 
 /// The two lists are written one after the other without either standing in memory: the text is read once for
 /// each.
+template <typename Parser>
 bool writeDocument(ByteSource& source)
 {
     constexpr std::size_t pieceSize = 256 * 1024;
@@ -69,7 +71,7 @@ bool writeDocument(ByteSource& source)
     };
 
     const auto satellites = MRVNMEASentenceParser::satelliteListState();
-    parseAll(source, [&](bool accepted, const MRVGpsData&) {
+    parseAll<Parser>(source, [&](bool accepted, const MRVGpsData&) {
         separate();
         text += accepted ? "true" : "false";
     });
@@ -77,7 +79,7 @@ bool writeDocument(ByteSource& source)
     first = true;
     GpsStateJson states;
     MRVNMEASentenceParser::setSatelliteListState(satellites);
-    parseAll(source, [&](bool, const MRVGpsData& state) {
+    parseAll<Parser>(source, [&](bool, const MRVGpsData& state) {
         separate();
         states.append(text, state);
     });
@@ -90,12 +92,19 @@ std::string timeText(const _SYSTEMTIME& time)
     if (time == _SYSTEMTIME{})
         return "none";
     char text[64];
+    const bool hasDate = time.wYear != 0 || time.wMonth != 0 || time.wDay != 0;
+    if (!hasDate) {
+        std::snprintf(text, sizeof text, "%02u:%02u:%02u.%03u UTC, no date", unsigned{time.wHour},
+                      unsigned{time.wMinute}, unsigned{time.wSecond}, unsigned{time.wMilliseconds});
+        return text;
+    }
     std::snprintf(text, sizeof text, "%04u-%02u-%02u %02u:%02u:%02u.%03u UTC", unsigned{time.wYear},
                   unsigned{time.wMonth}, unsigned{time.wDay}, unsigned{time.wHour}, unsigned{time.wMinute},
                   unsigned{time.wSecond}, unsigned{time.wMilliseconds});
     return text;
 }
 
+template <typename Parser>
 std::string summaryText(ByteSource& source)
 {
     constexpr double kilometresPerHour = 1.852; // one knot
@@ -104,7 +113,7 @@ std::string summaryText(ByteSource& source)
     double topKnots = 0;
     _SYSTEMTIME firstTime;
     MRVGpsData last;
-    parseAll(source, [&](bool accepted, const MRVGpsData& state) {
+    parseAll<Parser>(source, [&](bool accepted, const MRVGpsData& state) {
         ++sentences;
         acceptedCount += accepted ? 1 : 0;
         topKnots = std::max(topKnots, state.SpeedOverGround);
@@ -134,6 +143,13 @@ std::string summaryText(ByteSource& source)
            line("HDOP", fixedText(last.HDOP, 1));
 }
 
+template <typename Parser>
+bool show(ByteSource& source, OutputFormat format)
+{
+    return format == OutputFormat::Json ? writeDocument<Parser>(source)
+                                        : writeOut(summaryText<Parser>(source));
+}
+
 ExitCode run(const Arguments& words)
 {
     const auto arguments = FileArguments::parse(nmeaCommand, words);
@@ -148,8 +164,9 @@ ExitCode run(const Arguments& words)
         return failed(nmeaCommand,
                       "cannot open " + name + ": " + (input.source ? input.source->error() : input.error));
 
-    const bool written = arguments->format == OutputFormat::Json ? writeDocument(*input.source)
-                                                                 : writeOut(summaryText(*input.source));
+    const bool written = arguments->sentences == Sentences::Dialect
+                             ? show<MRVMARVONMEASentenceParser>(*input.source, arguments->format)
+                             : show<MRVNMEASentenceParser>(*input.source, arguments->format);
     if (!written)
         return failed(nmeaCommand, "the result could not be written");
     if (!input.source->error().empty())

@@ -291,11 +291,9 @@ bool MRVBlackBoxData::ParseNMEA(std::string_view text)
 {
     splitSentences(text, [this](std::string_view sentence) {
         m_parser.parse(sentence);
-        const MRVGpsData& state = m_parser.m_Current();
-        if (!m_snapshots.empty() && *m_snapshots.back() == state)
-            m_snapshots.push_back(m_snapshots.back());
-        else
-            m_snapshots.push_back(std::make_shared<const MRVGpsData>(state));
+        appendSnapshot(m_snapshots, m_parser.m_Current());
+        if (m_sentenceListener)
+            m_sentenceListener(sentence);
     });
     return !text.empty();
 }

@@ -9,11 +9,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <stop_token>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace marvo {
@@ -35,6 +37,11 @@ public:
     bool ExtractStreamInformation(ByteSource& source, std::stop_token stop = {});
     void clear();
 
+    /// Tells somebody else of every sentence that the parser is fed, in the same order and on the same
+    /// thread. clear() keeps the listener.
+    using SentenceListener = std::function<void(std::string_view sentence)>;
+    void setSentenceListener(SentenceListener listener) { m_sentenceListener = std::move(listener); }
+
     /// Splits a text into sentences and feeds them to the parser; one entry of m_NMEAs for each that starts
     /// with "$G" and is ended by CR, LF or 0. True unless the text is empty.
     bool ParseNMEA(std::string_view text);
@@ -54,8 +61,8 @@ public:
     const std::vector<MRVAviGSensorData>& m_vGSensorData() const { return m_rawReadings; }
     /// Entry i is the GPS header that belongs to reading i; never longer than m_GSensors.
     const std::vector<MRVAviGpsData>& m_vGpsData() const { return m_gpsSamples; }
-    /// One state for each sentence that starts with "$G". Equal neighbours share one object, so that a
-    /// hostile text of many short sentences cannot multiply its own size; no entry is null.
+    /// One state for each sentence that starts with "$G". Equal neighbours share one object; no entry is
+    /// null.
     const std::vector<std::shared_ptr<const MRVGpsData>>& m_NMEAs() const { return m_snapshots; }
     /// Seconds values of the time blocks, and the changes of the event type among them.
     const std::vector<std::int32_t>& m_Times() const { return m_times; }
@@ -76,6 +83,7 @@ private:
     void pair(const _AVI_GPS_DATA_T& header);
 
     MRVNMEASentenceParser m_parser;
+    SentenceListener m_sentenceListener;
     std::vector<std::shared_ptr<const MRVGpsData>> m_snapshots;
     std::vector<MRVGSensor> m_gSensors;
     std::vector<std::int32_t> m_times;

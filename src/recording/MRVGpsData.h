@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
+#include <vector>
 
 namespace marvo {
 
@@ -41,5 +43,9 @@ struct MRVGpsData
 
     bool operator==(const MRVGpsData&) const = default;
 };
+
+/// Appends a state to a recording's list. One that equals its predecessor shares that one's object, so that a
+/// hostile text of many short sentences cannot multiply its own size.
+void appendSnapshot(std::vector<std::shared_ptr<const MRVGpsData>>& snapshots, const MRVGpsData& state);
 
 } // namespace marvo

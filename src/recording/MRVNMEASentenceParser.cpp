@@ -15,18 +15,6 @@ namespace {
 std::atomic<MRVNMEASentenceParser::SatelliteListState> satelliteList;
 static_assert(decltype(satelliteList)::is_always_lock_free);
 
-void assignNumber(double& target, std::string_view field)
-{
-    if (!field.empty())
-        target = nmeaNumber(field);
-}
-
-void assignCharacter(char& target, std::string_view field)
-{
-    if (!field.empty())
-        target = field.front();
-}
-
 } // namespace
 
 MRVNMEASentenceParser::SatelliteListState MRVNMEASentenceParser::satelliteListState()

@@ -102,6 +102,18 @@ std::int32_t nmeaInteger(std::string_view field)
                                : std::numeric_limits<std::int32_t>::max();
 }
 
+void assignNumber(double& target, std::string_view field)
+{
+    if (!field.empty())
+        target = nmeaNumber(field);
+}
+
+void assignCharacter(char& target, std::string_view field)
+{
+    if (!field.empty())
+        target = field.front();
+}
+
 int NmeaScanner::number(std::size_t width)
 {
     m_rest.remove_prefix(std::min(m_rest.find_first_not_of(" \t\n\v\f\r"), m_rest.size()));

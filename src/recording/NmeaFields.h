@@ -49,6 +49,10 @@ float nmeaNumber(std::string_view field);
 /// that fits.
 std::int32_t nmeaInteger(std::string_view field);
 
+/// Takes the field's number (as nmeaNumber) or first byte; an empty field leaves the target as it was.
+void assignNumber(double& target, std::string_view field);
+void assignCharacter(char& target, std::string_view field);
+
 /// Reads fixed-width decimal numbers as scanf's "%02d" and "%03d" do: white space is skipped, a sign counts
 /// towards the width. After the first item that is not there, everything else reads as 0.
 class NmeaScanner

@@ -52,6 +52,12 @@ double distanceMetres(DecimalPosition from, DecimalPosition to)
 
 RecordingSummary summarise(const MRVBlackBoxData& recording)
 {
+    return summarise(recording, recording.m_NMEAs());
+}
+
+RecordingSummary summarise(const MRVBlackBoxData& recording,
+                           const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots)
+{
     RecordingSummary summary;
     TimeSpan span;
     const auto& readings = recording.m_vGSensorData();
@@ -69,8 +75,7 @@ RecordingSummary summarise(const MRVBlackBoxData& recording)
         span.add(sample.nTimestamp);
         if (std::isfinite(sample.fSpeed) && (!summary.topSpeed || sample.fSpeed > summary.topSpeed->speed))
             summary.topSpeed = {.speed = sample.fSpeed, .KM = sample.KM, .timestampMs = sample.nTimestamp};
-        const RecordingSummary::Fix fix{.position =
-                                            decimalPosition(sample, hemispheresAt(recording.m_NMEAs(), i)),
+        const RecordingSummary::Fix fix{.position = decimalPosition(sample, hemispheresAt(snapshots, i)),
                                         .timestampMs = sample.nTimestamp};
         if (!isOnEarth(fix.position))
             continue;

@@ -42,6 +42,9 @@ struct RecordingSummary
 };
 
 RecordingSummary summarise(const MRVBlackBoxData& recording);
+/// The same with the hemispheres of other snapshots than the recording's own.
+RecordingSummary summarise(const MRVBlackBoxData& recording,
+                           const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots);
 
 /// Great-circle distance by the haversine formula on a sphere of the earth's mean radius.
 double distanceMetres(DecimalPosition from, DecimalPosition to);

@@ -159,6 +159,42 @@ TEST_F(Cli, NmeaTellsOfEachSentence)
     EXPECT_EQ(runCli({"nmea", "-", "--json"}).output, "{\"accepted\":[],\"snapshots\":[]}\n");
 }
 
+TEST_F(Cli, ReadsTheDialectOnlyWhenAskedTo)
+{
+    const std::string ga = "$GA,134502,A,3723.2475,12158.3416,35.5,S,W*00\r\n";
+    const std::string gc = "$GC,134502,260513,,,7,1.2,35.5,84.0*00\r\n";
+    const auto withSentences = [&](const std::string& sentences) {
+        return file(avi(Bytes().reading(0).longGps(0, sentences).reading(1500)));
+    };
+    const std::string own = withSentences(ga + gc);
+    const QJsonObject plain = object(runCli({"inspect", "--json", own}));
+    EXPECT_FALSE(plain.contains(QStringLiteral("dialect")));
+    EXPECT_EQ(plain[QStringLiteral("m_NMEAs")].toArray()[1].toObject()[QStringLiteral("NS")],
+              QStringLiteral("N"));
+
+    const QJsonObject dialect = object(runCli({"inspect", "--dialect", "--json", own}));
+    EXPECT_TRUE(dialect[QStringLiteral("dialect")].toBool());
+    const QJsonObject last = dialect[QStringLiteral("m_NMEAs")].toArray()[1].toObject();
+    EXPECT_EQ(last[QStringLiteral("NS")], QStringLiteral("S"));
+    EXPECT_EQ(last[QStringLiteral("SatelliteUsedCount")], 7);
+    const std::string text = runCli({"inspect", own, "--dialect"}).output;
+    EXPECT_NE(text.find("Dialect             all 2 sentences"), std::string::npos) << text;
+    EXPECT_NE(text.find("First fix           -37.552057, -126.975000"), std::string::npos) << text;
+
+    const std::string mixed = withSentences(ga + rmc);
+    EXPECT_FALSE(
+        object(runCli({"inspect", "--dialect", "--json", mixed}))[QStringLiteral("dialect")].toBool(true));
+    EXPECT_NE(runCli({"inspect", "--dialect", mixed}).output.find("Dialect             1 of 2 "),
+              std::string::npos);
+
+    const std::string sentences = file(gc + rmc + ga);
+    const QJsonObject read = object(runCli({"nmea", "--json", "--dialect", sentences}));
+    EXPECT_EQ(compact(read[QStringLiteral("accepted")]), "[[true,false,true]]");
+    EXPECT_NE(runCli({"nmea", sentences, "--dialect"})
+                  .output.find("Last time           13:45:02.000 UTC, no date\n"),
+              std::string::npos);
+}
+
 TEST_F(Cli, RefusesWrongUsage)
 {
     const std::vector<std::vector<std::string>> wrong = {

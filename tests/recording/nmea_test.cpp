@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "recording/MRVMARVONMEASentenceParser.h"
 #include "recording/MRVNMEASentenceParser.h"
 #include "recording/NmeaFields.h"
 #include "recording/RecordingBytes.h"
@@ -168,6 +169,122 @@ INSTANTIATE_TEST_SUITE_P(
         TimeCase{"SignAlone", "12-x19.123", "230394", {2094, 3, 0, 23, 12, 0, 0, 0}},
         TimeCase{"WhiteSpaceIsSkipped", " 1 2 3.456", " 1\t2 3", {2003, 2, 0, 1, 1, 2, 3, 456}}),
     [](const auto& row) { return std::string(row.param.name); });
+
+struct DialectCase
+{
+    const char* name;
+    std::string sentence;
+    std::optional<MRVGpsData> state; ///< none for a sentence that is refused
+};
+void PrintTo(const DialectCase& c, std::ostream* os) { *os << c.name; }
+
+/// What every sentence of the table meets: no field as it is when nothing has been read.
+MRVGpsData stateBefore()
+{
+    MRVGpsData state;
+    state.NS = 'n';
+    state.EW = 'e';
+    state.SatelliteCount = state.SatelliteUsedCount = 99;
+    state.PDOP = state.HDOP = state.VDOP = state.Latitude = state.Longitude = state.SpeedOverGround =
+        state.CourseOverGround = -1;
+    state.Now = {1, 2, 3, 4, 5, 6, 7, 8};
+    return state;
+}
+
+template <typename Change>
+MRVGpsData changed(Change&& change)
+{
+    MRVGpsData state = stateBefore();
+    state.Now = {};
+    change(state);
+    return state;
+}
+
+class Dialect : public testing::TestWithParam<DialectCase>
+{};
+
+TEST_P(Dialect, ChangesWhatTheSentenceTells)
+{
+    MRVMARVONMEASentenceParser parser;
+    parser.setM_Current(stateBefore());
+    EXPECT_EQ(parser.parse(GetParam().sentence), GetParam().state.has_value());
+    const MRVGpsData& state = parser.m_Current();
+    const MRVGpsData expected = GetParam().state.value_or(stateBefore());
+    EXPECT_EQ(state.Now, expected.Now);
+    EXPECT_EQ(std::pair(state.NS, state.EW), std::pair(expected.NS, expected.EW));
+    EXPECT_EQ(state.SpeedOverGround, expected.SpeedOverGround);
+    EXPECT_EQ(state, expected);
+    parser.clear();
+    EXPECT_EQ(parser.m_Current(), MRVGpsData());
+}
+
+void fullPosition(MRVGpsData& state)
+{
+    state.Now = {0, 0, 0, 0, 13, 45, 2, 0};
+    state.Latitude = 3723.2475F;
+    state.Longitude = 12158.3416F;
+    state.SpeedOverGround = 35.5;
+    state.NS = 'N';
+}
+
+/// What "$GC" assigns when its fields are empty.
+void emptyCourse(MRVGpsData& state)
+{
+    state.Now.wYear = 2000;
+    state.SpeedOverGround = state.CourseOverGround = state.HDOP = 0;
+    state.SatelliteUsedCount = 0;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, Dialect,
+    testing::Values(
+        DialectCase{"Position", "$GA,134502,A,3723.2475,12158.3416,35.5,N,W*00", changed([](auto& state) {
+                        fullPosition(state);
+                        state.EW = 'W';
+                    })},
+        DialectCase{"VoidKeepsTheHemisphere", "$GA,134502,Void,3723.2475,12158.3416,35.5,N,W*",
+                    changed(fullPosition)},
+        DialectCase{"NoStatusIsNotVoid", "$GA,,,,,,,W*00", changed([](auto& state) { state.EW = 'W'; })},
+        DialectCase{"SmallVIsNotVoid", "$GA,,v,,,,,W*00", changed([](auto& state) { state.EW = 'W'; })},
+        DialectCase{"PositionCutShort", "$GA,1345*",
+                    changed([](auto& state) { state.Now = {0, 0, 0, 0, 13, 45, 0, 0}; })},
+        DialectCase{"PositionWithoutFields", "$GA*", changed([](auto&) {})},
+        DialectCase{"PositionWithDecimalsAndLetters", "$GA,134502.750,A,x,12e1,+.5knots,South*",
+                    changed([](auto& state) {
+                        state.Now = {0, 0, 0, 0, 13, 45, 2, 0};
+                        state.Latitude = 0;
+                        state.Longitude = 120;
+                        state.SpeedOverGround = .5;
+                        state.NS = 'S';
+                    })},
+        DialectCase{"Course", "$GC,134502,260513,,,7,1.2,35.5,84.0*00", changed([](auto& state) {
+                        state.Now = {2013, 5, 0, 26, 13, 45, 2, 0};
+                        state.SatelliteUsedCount = 7;
+                        state.HDOP = 1.2F;
+                        state.SpeedOverGround = 35.5;
+                        state.CourseOverGround = 84;
+                    })},
+        DialectCase{"CourseWithoutFields", "$GC*", changed(emptyCourse)},
+        DialectCase{"CourseThatDoesNotScan", "$GC,1x4502,x,9,9,-1,,nan,84*", changed([](auto& state) {
+                        emptyCourse(state);
+                        state.Now.wHour = 1;
+                        state.SatelliteUsedCount = 0xFFFFFFFF;
+                        state.CourseOverGround = 84;
+                    })},
+        DialectCase{
+            "StandardRmc", "$GPRMC,123519.000,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A", {}},
+        DialectCase{"LongerName", "$GAA,134502*", {}}, DialectCase{"OtherName", "$GB,134502*", {}},
+        DialectCase{"NoStar", "$GA,134502,A", {}}, DialectCase{"TwoStars", "$GC,134502*0*", {}},
+        DialectCase{"NotUtf8", "$GA,134502,A,,,,\xFF*", {}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(DialectTime, LosesItsDateWithEveryPosition)
+{
+    MRVMARVONMEASentenceParser parser;
+    EXPECT_TRUE(parser.parse("$GC,134502,260513*"));
+    EXPECT_TRUE(parser.parse("$GA,134503*"));
+    EXPECT_EQ(parser.m_Current().Now, (_SYSTEMTIME{0, 0, 0, 0, 13, 45, 3, 0}));
+}
 
 TEST(Numbers, AreLeadingDecimals)
 {
