@@ -4,6 +4,7 @@
 
 #include "media/MRVMediaList.h"
 #include "recording/MRVBlackBoxData.h"
+#include "texts/DisplayText.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
@@ -94,7 +95,7 @@ void Tour::saveListPicture()
     const VlcPlayer* player = m_delegate.player1();
     const MRVBlackBoxData& data = m_delegate.blackBoxData();
     const MRVMedia* media = m_delegate.mediaList().mediaAtIndex(m_delegate.playback().mediaIndex());
-    print(QStringLiteral("played: %1").arg(media ? media->displayFileName() : QString()));
+    print(QStringLiteral("played: %1").arg(media ? displayText(media->fileName()) : QString()));
     print(QStringLiteral("samples extracted: %1 G-sensor, %2 GPS, %3 NMEA")
               .arg(data.m_GSensors().size())
               .arg(data.m_vGpsData().size())

@@ -29,11 +29,6 @@ std::int64_t digitsOf(const MediaTime& time)
     return digits;
 }
 
-QString displayed(const std::string& bytes)
-{
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
-}
-
 } // namespace
 
 int mediaDirection(std::string_view path)
@@ -101,10 +96,6 @@ std::string MRVMedia::mediaGroupName() const
     }
     return std::string(name.substr(0, beforeLast));
 }
-
-QString MRVMedia::displayFileName() const { return displayed(fileName()); }
-
-QString MRVMedia::displayPath() const { return displayed(m_path); }
 
 std::string MRVMedia::yyyymmddhhmiss() const
 {

@@ -4,8 +4,6 @@
 
 #include "media/MediaName.h"
 
-#include <QString>
-
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -22,8 +20,8 @@ bool isRearMedia(std::string_view path);
 
 /// One recording file, with the kind and the time that the camera wrote into its name.
 ///
-/// Paths and names are bytes as the file system has them: a card's names need not be UTF-8. For showing them
-/// there are QString forms, with a replacement character for what cannot be read.
+/// Paths and names are bytes as the file system has them: a card's names need not be UTF-8. For showing
+/// them there is displayText().
 class MRVMedia
 {
 public:
@@ -36,8 +34,6 @@ public:
     std::string fileName() const;                      ///< base name, dot, extension
     /// Base name without the channel suffix, its last two characters. Not to be asked of a shorter name.
     std::string mediaGroupName() const;
-    QString displayFileName() const;
-    QString displayPath() const;
 
     int mediaDivision() const { return m_mediaDivision; } ///< 0 always, 1 motion, 2 event
     bool isAlwaysMedia() const { return m_mediaDivision == 0; }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "texts/Localisation.h"
+#include "texts/InterfaceLanguage.h"
 
 #include <array>
 #include <cstddef>

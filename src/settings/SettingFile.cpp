@@ -4,7 +4,6 @@
 
 #include "support/AtomicFile.h"
 #include "support/FileSource.h"
-#include "support/Log.h"
 
 #include <algorithm>
 
@@ -33,22 +32,6 @@ std::error_code saveSettingFile(const _FILEDATA& record, const std::string& path
     std::string content(bytes.size(), '\0');
     std::ranges::transform(bytes, content.begin(), [](std::byte byte) { return static_cast<char>(byte); });
     return writeFileAtomically(path, content);
-}
-
-std::optional<QString> writeSettingFile(const _FILEDATA& record, const std::string& path)
-{
-    const std::error_code error = saveSettingFile(record, path);
-    if (!error)
-        return std::nullopt;
-    logLine(error.message());
-    return localised("msg.file_open_fail");
-}
-
-std::optional<QString> writeDefaultSettingFile(const std::string& path)
-{
-    _FILEDATA record;
-    fillDefaultFileData(record);
-    return writeSettingFile(record, path);
 }
 
 } // namespace marvo

@@ -4,9 +4,6 @@
 
 #include "settings/FileData.h"
 
-#include <QString>
-
-#include <optional>
 #include <string>
 #include <system_error>
 
@@ -33,12 +30,5 @@ SettingFileRead readSettingFile(const std::string& path, _FILEDATA& record);
 
 /// Writes the record as it is; the file is replaced whole or stays as it was.
 std::error_code saveSettingFile(const _FILEDATA& record, const std::string& path);
-
-/// As saveSettingFile(), for a window: the system's words go to the log, and the result is the text to show,
-/// none after success.
-std::optional<QString> writeSettingFile(const _FILEDATA& record, const std::string& path);
-
-/// Writes the base record, not sealed, as a freshly formatted card has it.
-std::optional<QString> writeDefaultSettingFile(const std::string& path);
 
 } // namespace marvo

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "texts/InterfaceLanguage.h"
+
 #include <QString>
 
 namespace marvo {
 
-/// The interface language that the product is built for (the build option SUPPORT_LANGUAGE).
-enum class InterfaceLanguage { English, Korean };
-
-/// The language of this build: "ko" is Korean, "en" English, "auto" follows the desktop's own language.
+/// The language that the product is built for (the build option SUPPORT_LANGUAGE): "ko" is Korean, "en"
+/// English, "auto" follows the desktop's own language.
 InterfaceLanguage builtLanguage();
 
 /// Loads the string table of a language; later texts come from it. Call again to change the language.

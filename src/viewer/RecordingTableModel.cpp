@@ -4,6 +4,7 @@
 
 #include "controls/ImageNamed.h"
 #include "media/MRVMediaList.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 
 #include <QBrush>
@@ -110,7 +111,7 @@ QString RecordingTableModel::text(const MRVMedia& media, int column) const
                    ? QString::asprintf("%02d:%02d:%02d", media.hour(), media.minute(), media.second())
                    : QString();
     default:
-        return media.displayFileName();
+        return displayText(media.fileName());
     }
 }
 
@@ -146,7 +147,7 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
         return playing ? QVariant(QGuiApplication::palette().brush(QPalette::Link)) : QVariant();
     case Qt::ToolTipRole:
         return m_unplayable.contains(row) ? localised("viewer.list.unplayable").arg(m_unplayable[row])
-                                          : media->displayPath();
+                                          : displayText(media->path());
     case Qt::AccessibleTextRole:
         return accessibleText(*media, row, index.column());
     case Qt::AccessibleDescriptionRole:

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "settings/FileDataFields.h"
 #include "settings/SettingFile.h"
+#include "settings/SettingFileWriting.h"
 #include "TemporaryFolder.h"
+#include "texts/Localisation.h"
 
 #include <gtest/gtest.h>
 

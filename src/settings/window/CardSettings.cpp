@@ -4,6 +4,7 @@
 
 #include "platform/Disks.h"
 #include "settings/SettingFile.h"
+#include "settings/SettingFileWriting.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsBackups.h"
 

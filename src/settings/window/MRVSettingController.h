@@ -7,6 +7,7 @@
 #include "settings/window/CardSettings.h"
 #include "settings/window/SettingsBackups.h"
 #include "settings/window/SettingsTabs.h"
+#include "texts/Localisation.h"
 
 #include <QWidget>
 

@@ -5,6 +5,7 @@
 #include "settings/FileDataFields.h"
 #include "settings/window/FieldBinding.h"
 #include "settings/window/SettingsTabView.h"
+#include "texts/Localisation.h"
 
 #include <QtTest>
 

@@ -4,6 +4,7 @@
 #include "controls/SegmentedControl.h"
 #include "platform/FolderDisks.h"
 #include "settings/SettingFile.h"
+#include "settings/SettingFileWriting.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "settings/window/SettingsTabView.h"

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+
+namespace marvo {
+
+/// Bytes of a card, such as a path, for showing: UTF-8, with a replacement character for what cannot be read.
+inline QString displayText(std::string_view bytes)
+{
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+} // namespace marvo
