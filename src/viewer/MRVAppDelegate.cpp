@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/MRVAppDelegate.h"
 
+#include "card/clock/MRVTimeSetupController.h"
 #include "controls/FractionSlider.h"
 #include "settings/window/MRVSettingController.h"
 #include "viewer/CustomWindow.h"
@@ -31,6 +32,8 @@
 #include <QLocale>
 #include <QScreen>
 #include <QSettings>
+
+#include <utility>
 
 namespace marvo {
 
@@ -165,6 +168,7 @@ void MRVAppDelegate::connectCommands()
     on(Command::SizeUp, playback, &PlaybackController::sizeUp);
     on(Command::ToggleFullScreen, this, &MRVAppDelegate::toggleFullScreen);
     on(Command::ShowSettingPanel, this, &MRVAppDelegate::showSettingPanel);
+    on(Command::ShowTimeSetupPanel, this, &MRVAppDelegate::showTimeSetupPanel);
     on(Command::ClickMediaListViewButton, this, &MRVAppDelegate::clickMediaListViewButton);
     on(Command::ClickMapViewButton, this, &MRVAppDelegate::clickMapViewButton);
     on(Command::CloseWindow, this, &MRVAppDelegate::closeWindow);
@@ -245,19 +249,25 @@ void MRVAppDelegate::changeAndPlay()
         m_playback->changeAndPlay(row);
 }
 
-void MRVAppDelegate::showSettingPanel()
+template <typename Controller, typename... Arguments>
+void MRVAppDelegate::showPanel(QPointer<QWidget>& panel, Arguments&&... arguments)
 {
     if (!m_configuration.disks)
         return;
-    if (!m_lastDialogController) {
-        m_lastDialogController = new MRVSettingController(*m_configuration.disks, this);
+    if (!panel) {
+        panel = new Controller(*m_configuration.disks, std::forward<Arguments>(arguments)...);
         // It is a window of its own, but goes with the main window.
-        connect(m_window.get(), &CustomWindow::windowWillClose, m_lastDialogController, &QWidget::close);
+        connect(m_window.get(), &CustomWindow::windowWillClose, panel, &QWidget::close);
     }
-    m_lastDialogController->show();
-    m_lastDialogController->raise();
-    m_lastDialogController->activateWindow();
+    m_lastDialogController = panel;
+    panel->show();
+    panel->raise();
+    panel->activateWindow();
 }
+
+void MRVAppDelegate::showSettingPanel() { showPanel<MRVSettingController>(m_settingPanel, this); }
+
+void MRVAppDelegate::showTimeSetupPanel() { showPanel<MRVTimeSetupController>(m_timeSetupPanel); }
 
 void MRVAppDelegate::toggleFullScreen()
 {

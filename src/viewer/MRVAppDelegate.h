@@ -72,6 +72,10 @@ public:
     void setDisplayMile(std::uint32_t speedUnit) override;
     /// Opens the camera's settings, or brings the window forward that already shows them.
     void showSettingPanel();
+    /// Opens the camera's clock, or brings the dialog forward that already shows it.
+    void showTimeSetupPanel();
+    /// The settings or clock dialog that was opened last; none once it has been closed.
+    QWidget* lastDialogController() const { return m_lastDialogController; }
 
     CustomWindow& window() const { return *m_window; }
     MainViews& views() const { return *m_views; }
@@ -104,6 +108,8 @@ private:
     void setRightViewMode(RightViewMode mode);
     void updateSideViewButton();
     void showPlayTime();
+    template <typename Controller, typename... Arguments>
+    void showPanel(QPointer<QWidget>& panel, Arguments&&... arguments);
     void die();
 
     Configuration m_configuration;
@@ -123,6 +129,8 @@ private:
     std::unique_ptr<MainWindowPlaybackHost> m_host;
     std::unique_ptr<PlaybackController> m_playback;
 
+    QPointer<QWidget> m_settingPanel; ///< each is a window of its own, there while it is open
+    QPointer<QWidget> m_timeSetupPanel;
     QPointer<QWidget> m_lastDialogController;
     RightViewMode m_rightViewMode = RecordingListMode;
     bool m_korean = false;

@@ -50,7 +50,7 @@ const std::vector<CommandRow>& commandTable()
     static const std::vector<CommandRow> table{
         {OpenMediaDirectoryDialog, "openMediaDirectoryDialog", {key(Qt::Key_O), control(Qt::Key_O)}},
         {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}},
-        {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}, Once, NotYet},
+        {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}},
         {CaptureVideo, "captureVideo", {control(Qt::Key_S)}, Once, NotYet},
         {Print, "print", {control(Qt::Key_P)}, Once, NotYet},
         {ChangeAndPlay, "changeAndPlay", {key(Qt::Key_Return), key(Qt::Key_Enter)}},

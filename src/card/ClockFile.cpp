@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "card/ClockFile.h"
+
+#include "support/AtomicFile.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <sys/stat.h>
+
+namespace marvo {
+
+std::string clockFileBytes(const ClockMoment& moment)
+{
+    std::array<char, 96> text{};
+    std::snprintf(text.data(), text.size(), "%04d/%02d/%02d %02d:%02d:%02d", moment.year, moment.month,
+                  moment.day, moment.hour, moment.minute, moment.second);
+    return text.data();
+}
+
+std::error_code writeClockFile(const std::string& path, const ClockMoment& moment, ClockFilePlace place)
+{
+    // A card that is gone may have left the folder behind where it was mounted.
+    struct stat status;
+    if (place == ClockFilePlace::Existing && ::stat(path.c_str(), &status) != 0)
+        return {errno, std::generic_category()};
+    return writeFileAtomically(path, clockFileBytes(moment));
+}
+
+} // namespace marvo

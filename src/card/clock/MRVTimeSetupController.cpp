@@ -1,0 +1,319 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "card/clock/MRVTimeSetupController.h"
+
+#include "card/clock/ClockFace.h"
+#include "card/clock/DateTexts.h"
+#include "controls/ElidedLabel.h"
+#include "controls/MessageSheet.h"
+#include "platform/Disks.h"
+#include "platform/ObjectLink.h"
+#include "texts/Localisation.h"
+
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLoggingCategory>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QStandardPaths>
+#include <QTimeEdit>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <chrono>
+
+namespace marvo {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logClock, "marvo.card")
+
+using namespace std::chrono_literals;
+
+constexpr auto checkedFor = 200ms; ///< the check box works as a button
+const auto clockFileEnding = QStringLiteral(".cfg");
+
+QPushButton* dialogButton(const char* name, const char* key, QWidget* parent)
+{
+    auto* button = new QPushButton(localised(key), parent);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+} // namespace
+
+MRVTimeSetupController::MRVTimeSetupController(Disks& disks, QWidget* parent)
+    : QDialog(parent), m_disks(disks), m_link(std::make_shared<ObjectLink<MRVTimeSetupController>>(this))
+{
+    setObjectName(QStringLiteral("MRVTimeSetupController"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(localised("clock.window_title"));
+    buildWindow();
+    joinControls();
+    onInitDIalog();
+    connect(&m_disks, &Disks::volumesChanged, this, &MRVTimeSetupController::loadSettingFile);
+}
+
+MRVTimeSetupController::~MRVTimeSetupController() { m_link->sever(); }
+
+template <typename Work, typename Done>
+void MRVTimeSetupController::runInBackground(Work work, Done done)
+{
+    m_workers.start([link = m_link, work = std::move(work), done = std::move(done)]() mutable {
+        link->post([done, result = work()](MRVTimeSetupController&) mutable { done(std::move(result)); });
+    });
+}
+
+void MRVTimeSetupController::buildWindow()
+{
+    m_dateField = new QLabel(this);
+    m_dateField->setObjectName(QStringLiteral("dateField"));
+    QFont large = m_dateField->font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    large.setWeight(QFont::DemiBold);
+    m_dateField->setFont(large);
+
+    m_datePicker = new QCalendarWidget(this);
+    m_datePicker->setObjectName(QStringLiteral("datePicker"));
+    m_datePicker->setAccessibleName(localised("clock.date"));
+    m_datePicker->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+
+    m_nowDaySettingChk = new QCheckBox(this);
+    m_nowDaySettingChk->setObjectName(QStringLiteral("nowDaySettingChk"));
+
+    m_clockTimePicker = new ClockFace(this);
+    m_clockTimePicker->setObjectName(QStringLiteral("clockTimePicker"));
+    m_clockTimePicker->setAccessibleName(localised("clock.face"));
+    m_clockTimePicker->setToolTip(localised("clock.face_help"));
+
+    m_timePicker = new QTimeEdit(this);
+    m_timePicker->setObjectName(QStringLiteral("timePicker"));
+    m_timePicker->setAccessibleName(localised("clock.time"));
+    m_timePicker->setDisplayFormat(timeFormat(locale()));
+    m_timePicker->setAlignment(Qt::AlignCenter);
+    m_timePicker->setWrapping(true); // from 59 on to 0, as a clock goes
+    m_timePicker->setMinimumWidth(150);
+
+    auto* guide = new QLabel(localised("clock.guide"), this);
+    guide->setWordWrap(true);
+    m_targetField = new ElidedLabel(this);
+    m_targetField->setObjectName(QStringLiteral("targetField"));
+    m_saveButton = dialogButton("saveButton", "save", this);
+    m_saveButton->setDefault(true);
+    auto* cancelButton = dialogButton("cancelButton", "cancel", this);
+    connect(m_saveButton, &QPushButton::clicked, this, &MRVTimeSetupController::onSaveConfigFile);
+    connect(cancelButton, &QPushButton::clicked, this, &MRVTimeSetupController::onCloseCmd);
+
+    auto* pickers = new QGridLayout;
+    pickers->setHorizontalSpacing(24);
+    pickers->setVerticalSpacing(10);
+    pickers->addWidget(m_datePicker, 0, 0);
+    pickers->addWidget(m_clockTimePicker, 0, 1);
+    pickers->addWidget(m_nowDaySettingChk, 1, 0);
+    pickers->addWidget(m_timePicker, 1, 1, Qt::AlignHCenter);
+    pickers->setColumnStretch(0, 1);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cancelButton);
+    buttons->addWidget(m_saveButton);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(20, 16, 20, 16);
+    layout->setSpacing(12);
+    layout->addWidget(m_dateField);
+    layout->addLayout(pickers, 1);
+    layout->addWidget(guide);
+    layout->addWidget(m_targetField);
+    layout->addLayout(buttons);
+    QWidget* const order[] = {m_datePicker, m_nowDaySettingChk, m_clockTimePicker,
+                              m_timePicker, cancelButton,       m_saveButton};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void MRVTimeSetupController::joinControls()
+{
+    connect(m_datePicker, &QCalendarWidget::selectionChanged, this,
+            &MRVTimeSetupController::daySelectedFromPicker);
+    connect(m_timePicker, &QTimeEdit::timeChanged, this, &MRVTimeSetupController::timeSelectedFromPicker);
+    connect(m_clockTimePicker, &ClockFace::timeChosen, this,
+            &MRVTimeSetupController::timeSelectedFromClickTimePicker);
+    connect(m_nowDaySettingChk, &QCheckBox::clicked, this, &MRVTimeSetupController::nowDayChecked);
+}
+
+void MRVTimeSetupController::onInitDIalog()
+{
+    loadSettingFile();
+    const QDateTime now = QDateTime::currentDateTime();
+    m_selectedDate = now.date();
+    m_selectedTime = QTime(now.time().hour(), now.time().minute(), now.time().second());
+    m_clockTimePicker->setTime(m_selectedTime);
+    const QSignalBlocker blocker(m_timePicker);
+    m_timePicker->setTime(m_selectedTime);
+    showSelectedDate();
+    updateNowDayTitle();
+}
+
+void MRVTimeSetupController::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (m_centred)
+        return;
+    m_centred = true;
+    const QRect visible = screen()->availableGeometry();
+    move(visible.topLeft() + QPoint(visible.width() - width(), visible.height() - height()) / 2);
+}
+
+void MRVTimeSetupController::loadSettingFile()
+{
+    ++m_lookUps;
+    runInBackground([disks = &m_disks] { return findClockCard(*disks); },
+                    [this](ClockCard card) {
+                        if (--m_lookUps == 0)
+                            cardFound(std::move(card));
+                    });
+}
+
+void MRVTimeSetupController::cardFound(ClockCard card)
+{
+    m_card = std::move(card);
+    const QString path = m_card.clockFile ? QFile::decodeName(m_card.clockFile->c_str()) : QString();
+    m_targetField->setFullText(m_card.clockFile ? localised("clock.saved_on_card").arg(path)
+                                                : localised("clock.asks_where"));
+    Q_EMIT cardLookedUp();
+    if (std::exchange(m_saveWhenFound, false))
+        onSaveConfigFile();
+}
+
+void MRVTimeSetupController::showSelectedDate()
+{
+    const QSignalBlocker blocker(m_datePicker);
+    m_datePicker->setSelectedDate(m_selectedDate);
+    m_dateField->setText(fullDateText(m_selectedDate, locale()));
+}
+
+void MRVTimeSetupController::updateNowDayTitle()
+{
+    m_nowDaySettingChk->setText(
+        QStringLiteral("%1(%2)").arg(localised("today"), mediumDateText(m_selectedDate, locale())));
+}
+
+void MRVTimeSetupController::daySelectedFromPicker()
+{
+    m_selectedDate = m_datePicker->selectedDate();
+    showSelectedDate();
+}
+
+void MRVTimeSetupController::timeSelectedFromPicker(QTime time)
+{
+    m_selectedTime = time;
+    m_clockTimePicker->setTime(time);
+}
+
+void MRVTimeSetupController::timeSelectedFromClickTimePicker(QTime time)
+{
+    m_selectedTime = time;
+    const QSignalBlocker blocker(m_timePicker);
+    m_timePicker->setTime(time);
+}
+
+void MRVTimeSetupController::nowDayChecked()
+{
+    m_selectedDate = QDate::currentDate();
+    showSelectedDate();
+    updateNowDayTitle();
+    QTimer::singleShot(checkedFor, m_nowDaySettingChk,
+                       [box = m_nowDaySettingChk] { box->setChecked(false); });
+}
+
+ClockMoment MRVTimeSetupController::moment() const
+{
+    return {.year = m_selectedDate.year(),
+            .month = m_selectedDate.month(),
+            .day = m_selectedDate.day(),
+            .hour = m_selectedTime.hour(),
+            .minute = m_selectedTime.minute(),
+            .second = m_selectedTime.second()};
+}
+
+void MRVTimeSetupController::onSaveConfigFile()
+{
+    if (m_lookUps > 0) {
+        m_saveWhenFound = true;
+        return;
+    }
+    if (m_card.clockFile) {
+        doWriteConfigFile(*m_card.clockFile, ClockFilePlace::Existing);
+        return;
+    }
+    const QString folder = m_card.folder ? QFile::decodeName(m_card.folder->c_str())
+                                         : QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+    openSavePanel(QDir(folder).filePath(QStringLiteral("timeset")));
+}
+
+void MRVTimeSetupController::openSavePanel(const QString& proposedPath)
+{
+    auto* panel = new QFileDialog(this, localised("clock.save_title"), QFileInfo(proposedPath).path());
+    panel->setObjectName(QStringLiteral("saveDialog"));
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    panel->setAcceptMode(QFileDialog::AcceptSave);
+    panel->setNameFilter(QStringLiteral("*%1").arg(clockFileEnding));
+    panel->setDefaultSuffix(clockFileEnding.mid(1));
+    panel->selectFile(QFileInfo(proposedPath).fileName());
+    connect(panel, &QFileDialog::fileSelected, this, &MRVTimeSetupController::saveTo);
+    panel->open();
+}
+
+void MRVTimeSetupController::saveTo(const QString& chosenPath)
+{
+    if (chosenPath.endsWith(clockFileEnding, Qt::CaseInsensitive)) {
+        doWriteConfigFile(QFile::encodeName(chosenPath).toStdString(), ClockFilePlace::Any);
+        return;
+    }
+    // The camera takes no other type. The panel has asked about replacing a file of another name only.
+    const QString path = chosenPath + clockFileEnding;
+    if (QFileInfo::exists(path))
+        openSavePanel(path);
+    else
+        doWriteConfigFile(QFile::encodeName(path).toStdString(), ClockFilePlace::Any);
+}
+
+void MRVTimeSetupController::doWriteConfigFile(const std::string& path, ClockFilePlace place)
+{
+    setBusy(true);
+    runInBackground([path, place, moment = moment()] { return writeClockFile(path, moment, place); },
+                    [this, path](const std::error_code& error) { written(path, error); });
+}
+
+void MRVTimeSetupController::written(const std::string& path, const std::error_code& error)
+{
+    setBusy(false);
+    if (error) {
+        qCWarning(logClock, "the clock file %s was not written: %s", path.c_str(), error.message().c_str());
+        showMessageSheet(this, QStringLiteral("Warn"), localised("msg.write_protected_disk"));
+        return;
+    }
+    showAlertSheet(this, QStringLiteral("MARVO"), QStringLiteral("저장되었습니다"), [this] { onCloseCmd(); });
+}
+
+void MRVTimeSetupController::setBusy(bool busy)
+{
+    for (QWidget* control : {static_cast<QWidget*>(m_datePicker), static_cast<QWidget*>(m_nowDaySettingChk),
+                             static_cast<QWidget*>(m_clockTimePicker), static_cast<QWidget*>(m_timePicker),
+                             static_cast<QWidget*>(m_saveButton)})
+        control->setEnabled(!busy);
+}
+
+void MRVTimeSetupController::onCloseCmd() { close(); }
+
+} // namespace marvo

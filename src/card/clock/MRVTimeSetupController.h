@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "card/clock/ClockCard.h"
+#include "card/ClockFile.h"
+#include "platform/DetachedWorkers.h"
+
+#include <QDate>
+#include <QDialog>
+#include <QTime>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <system_error>
+
+class QCalendarWidget;
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QTimeEdit;
+
+namespace marvo {
+
+class ClockFace;
+class Disks;
+class ElidedLabel;
+template <typename Target>
+class ObjectLink;
+
+/// The clock dialog: a day and a time, written into the file that the camera sets its clock from. A card that
+/// holds such a file gets it there, otherwise the user says where.
+class MRVTimeSetupController : public QDialog
+{
+    Q_OBJECT
+public:
+    /// The disks must outlive every window of the application.
+    explicit MRVTimeSetupController(Disks& disks, QWidget* parent = nullptr);
+    ~MRVTimeSetupController() override;
+
+    /// Path of the clock file on the card; none when no card holds one.
+    const std::optional<std::string>& m_SettingFilePath() const { return m_card.clockFile; }
+    QDate selectedDate() const { return m_selectedDate; }
+    QTime selectedTime() const { return m_selectedTime; }
+
+    /// Looks for the card anew; cardLookedUp follows.
+    void loadSettingFile();
+    /// Writes the chosen moment to the card's file, or asks for another. Waits for the look-up of the card
+    /// where that is still under way.
+    void onSaveConfigFile();
+    void onCloseCmd();
+
+Q_SIGNALS:
+    void cardLookedUp();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    template <typename Work, typename Done>
+    void runInBackground(Work work, Done done);
+
+    void buildWindow();
+    void joinControls();
+    void onInitDIalog();
+    void cardFound(ClockCard card);
+    void daySelectedFromPicker();
+    void timeSelectedFromPicker(QTime time);
+    void timeSelectedFromClickTimePicker(QTime time);
+    void nowDayChecked();
+    void showSelectedDate();
+    void updateNowDayTitle();
+    void openSavePanel(const QString& proposedPath);
+    void saveTo(const QString& chosenPath);
+    void doWriteConfigFile(const std::string& path, ClockFilePlace place);
+    void written(const std::string& path, const std::error_code& error);
+    void setBusy(bool busy);
+    ClockMoment moment() const;
+
+    Disks& m_disks;
+    DetachedWorkers m_workers;
+    std::shared_ptr<ObjectLink<MRVTimeSetupController>> m_link;
+    ClockCard m_card;
+    QDate m_selectedDate;
+    QTime m_selectedTime;
+    int m_lookUps = 0; ///< under way; only what the last one finds counts
+    bool m_saveWhenFound = false;
+    bool m_centred = false;
+
+    QLabel* m_dateField = nullptr;
+    QCalendarWidget* m_datePicker = nullptr;
+    QCheckBox* m_nowDaySettingChk = nullptr;
+    ClockFace* m_clockTimePicker = nullptr;
+    QTimeEdit* m_timePicker = nullptr;
+    ElidedLabel* m_targetField = nullptr;
+    QPushButton* m_saveButton = nullptr;
+};
+
+} // namespace marvo
