@@ -9,11 +9,11 @@
 #include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace marvo {
 
@@ -23,6 +23,7 @@ constexpr double reachPixels = 9;      ///< how far beside a hand it can still b
 constexpr double deadMiddlePixels = 8; ///< around the middle an angle says nothing
 constexpr int secondsOfDay = 24 * 3600;
 constexpr int wheelNotch = 120;
+constexpr int halfOpacity = 215;
 
 double handWidth(ClockHand hand)
 {
@@ -164,8 +165,7 @@ void ClockFace::mousePressEvent(QMouseEvent* event)
     m_dragged = handUnder(event->position());
     if (m_dragged)
         select(*m_dragged);
-    else if (dayHalfRect().contains(event->position()))
-        choose(withClockHandStepped(ClockHand::Hour, 12, m_time));
+    m_halfPressed = dayHalfRect().contains(event->position());
 }
 
 void ClockFace::mouseMoveEvent(QMouseEvent* event)
@@ -182,8 +182,11 @@ void ClockFace::mouseMoveEvent(QMouseEvent* event)
     }
     setCursor(Qt::ClosedHandCursor);
     const QPointF point = onFace(event->position());
-    if (std::hypot(point.x(), point.y()) * radius() > deadMiddlePixels)
-        choose(withClockHandAt(*m_dragged, clockAngleAt(point), m_time));
+    if (std::hypot(point.x(), point.y()) * radius() <= deadMiddlePixels)
+        return;
+    const QTime turned = withClockHandAt(*m_dragged, clockAngleAt(point), m_time);
+    m_halfPressed = m_halfPressed && turned == m_time;
+    choose(turned);
 }
 
 void ClockFace::mouseReleaseEvent(QMouseEvent* event)
@@ -191,6 +194,8 @@ void ClockFace::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     m_dragged.reset();
+    if (std::exchange(m_halfPressed, false) && dayHalfRect().contains(event->position()))
+        choose(withClockHandStepped(ClockHand::Hour, 12, m_time));
     setCursor(handUnder(event->position()) ? Qt::OpenHandCursor : Qt::ArrowCursor);
     update();
 }
@@ -244,6 +249,7 @@ void ClockFace::paintEvent(QPaintEvent*)
     drawFace(painter);
     for (const ClockHand hand : allClockHands)
         drawHand(painter, hand);
+    drawDayHalf(painter); // over the hands, so that it can always be read
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().color(QPalette::Text));
     painter.drawEllipse(QPointF(), 4.5, 4.5);
@@ -274,12 +280,18 @@ void ClockFace::drawFace(QPainter& painter) const
         place.moveCenter(QPointF(std::sin(radians), -std::cos(radians)) * r * 0.77);
         painter.drawText(place, Qt::AlignCenter, locale().toString(hour));
     }
+}
 
+void ClockFace::drawDayHalf(QPainter& painter) const
+{
     const QRectF half = dayHalfRect().translated(-QRectF(rect()).center());
+    QColor ground = palette().color(QPalette::Button);
+    ground.setAlpha(halfOpacity);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().color(QPalette::Button));
+    painter.setBrush(ground);
     painter.drawRoundedRect(half, 4, 4);
-    font.setPixelSize(static_cast<int>(r * 0.13));
+    QFont font = painter.font();
+    font.setPixelSize(static_cast<int>(radius() * 0.13));
     painter.setFont(font);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(half, Qt::AlignCenter, m_time.hour() < 12 ? locale().amText() : locale().pmText());

@@ -63,12 +63,14 @@ private:
     std::optional<ClockHand> handUnder(QPointF position) const;
     void drawFace(QPainter& painter) const;
     void drawHand(QPainter& painter, ClockHand hand) const;
+    void drawDayHalf(QPainter& painter) const;
 
     QTime m_time{0, 0};
     ClockHand m_selected = ClockHand::Hour;
     std::optional<ClockHand> m_dragged;
     std::optional<ClockHand> m_hovered;
-    int m_wheel = 0; ///< eighths of a degree that have not made a step yet
+    bool m_halfPressed = false; ///< and not turned into dragging the hand that lies under it
+    int m_wheel = 0;            ///< eighths of a degree that have not made a step yet
 };
 
 } // namespace marvo

@@ -24,11 +24,14 @@
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QStandardPaths>
+#include <QTextCharFormat>
 #include <QTimeEdit>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <utility>
 
 namespace marvo {
 
@@ -40,6 +43,30 @@ using namespace std::chrono_literals;
 
 constexpr auto checkedFor = 200ms; ///< the check box works as a button
 const auto clockFileEnding = QStringLiteral(".cfg");
+
+/// The calendar's own colours are made for paper.
+void useDarkColours(QCalendarWidget& calendar)
+{
+    QTextCharFormat weekend;
+    weekend.setForeground(QColor(0xff, 0x7a, 0x70));
+    QTextCharFormat weekday;
+    weekday.setForeground(calendar.palette().color(QPalette::Text));
+    const QList<Qt::DayOfWeek> working = calendar.locale().weekdays();
+    for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
+        const auto name = static_cast<Qt::DayOfWeek>(day);
+        calendar.setWeekdayTextFormat(name, working.contains(name) ? weekday : weekend);
+    }
+    calendar.setStyleSheet(
+        QStringLiteral("#qt_calendar_navigationbar { background: palette(button); }"
+                       "#qt_calendar_navigationbar QToolButton { color: palette(button-text); border: none; "
+                       "border-radius: 4px; padding: 3px 8px; }"
+                       "#qt_calendar_navigationbar QToolButton:hover { background: palette(midlight); }"));
+    for (const auto& [name, arrow] : {std::pair("qt_calendar_prevmonth", Qt::LeftArrow),
+                                      std::pair("qt_calendar_nextmonth", Qt::RightArrow)}) {
+        if (auto* button = calendar.findChild<QToolButton*>(QLatin1String(name)))
+            button->setArrowType(arrow);
+    }
+}
 
 QPushButton* dialogButton(const char* name, const char* key, QWidget* parent)
 {
@@ -86,6 +113,7 @@ void MRVTimeSetupController::buildWindow()
     m_datePicker->setObjectName(QStringLiteral("datePicker"));
     m_datePicker->setAccessibleName(localised("clock.date"));
     m_datePicker->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    useDarkColours(*m_datePicker);
 
     m_nowDaySettingChk = new QCheckBox(this);
     m_nowDaySettingChk->setObjectName(QStringLiteral("nowDaySettingChk"));
@@ -105,8 +133,13 @@ void MRVTimeSetupController::buildWindow()
 
     auto* guide = new QLabel(localised("clock.guide"), this);
     guide->setWordWrap(true);
+    guide->setForegroundRole(QPalette::PlaceholderText);
     m_targetField = new ElidedLabel(this);
     m_targetField->setObjectName(QStringLiteral("targetField"));
+    auto* notes = new QVBoxLayout;
+    notes->setSpacing(4);
+    notes->addWidget(guide);
+    notes->addWidget(m_targetField);
     m_saveButton = dialogButton("saveButton", "save", this);
     m_saveButton->setDefault(true);
     auto* cancelButton = dialogButton("cancelButton", "cancel", this);
@@ -132,8 +165,7 @@ void MRVTimeSetupController::buildWindow()
     layout->setSpacing(12);
     layout->addWidget(m_dateField);
     layout->addLayout(pickers, 1);
-    layout->addWidget(guide);
-    layout->addWidget(m_targetField);
+    layout->addLayout(notes);
     layout->addLayout(buttons);
     QWidget* const order[] = {m_datePicker, m_nowDaySettingChk, m_clockTimePicker,
                               m_timePicker, cancelButton,       m_saveButton};
