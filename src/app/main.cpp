@@ -136,5 +136,7 @@ int main(int argc, char** argv)
     }
     if (!options.folder.empty())
         openAtStart(delegate, options.folder, tour == nullptr);
+    else
+        delegate.reopenLastFolder();
     return QApplication::exec();
 }

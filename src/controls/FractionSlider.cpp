@@ -3,6 +3,7 @@
 #include "controls/FractionSlider.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int positions = 1'000'000; // a recording of hours still seeks to single frames
 constexpr int grooveHeight = 4;
+constexpr int hoverGap = 5;
 
 } // namespace
 
@@ -58,13 +60,52 @@ void FractionSlider::moveTo(int position)
         Q_EMIT userMoved(fraction());
 }
 
-void FractionSlider::moveToPoint(int x)
+double FractionSlider::valueAt(int x) const
 {
     const int travel = width() - 2 * knobRadius();
-    if (travel > 0) {
-        const double share = std::clamp(double(x - knobRadius()) / travel, 0.0, 1.0);
-        moveTo(static_cast<int>(std::lround(share * positions)));
+    return travel > 0 ? std::clamp(double(x - knobRadius()) / travel, 0.0, 1.0) * positions / m_unit : 0;
+}
+
+void FractionSlider::moveToPoint(int x)
+{
+    if (width() > 2 * knobRadius())
+        requestValue(valueAt(x));
+}
+
+void FractionSlider::setHoverText(std::function<QString(double)> text)
+{
+    m_hoverText = std::move(text);
+    setMouseTracking(m_hoverText != nullptr);
+}
+
+void FractionSlider::showHover(int x)
+{
+    const QString text = m_hoverText ? m_hoverText(valueAt(x)) : QString();
+    if (text.isEmpty())
+        return endHover();
+    if (!m_hover) {
+        m_hover = new QLabel(window());
+        m_hover->setObjectName(QStringLiteral("sliderHover"));
+        m_hover->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
+    m_hover->setText(text);
+    m_hover->adjustSize();
+    const QPoint above = mapTo(window(), QPoint(x, height() / 2 - knobRadius() - hoverGap));
+    const int left =
+        std::clamp(above.x() - m_hover->width() / 2, 0, std::max(0, window()->width() - m_hover->width()));
+    m_hover->move(left, above.y() - m_hover->height());
+    m_hover->raise();
+    m_hover->show();
+    m_hoverX = x;
+    update();
+}
+
+void FractionSlider::endHover()
+{
+    if (m_hover)
+        m_hover->hide();
+    m_hoverX = -1;
+    update();
 }
 
 int FractionSlider::knobRadius() const { return 7; }
@@ -117,9 +158,12 @@ void FractionSlider::keyPressEvent(QKeyEvent* event)
 
 void FractionSlider::wheelEvent(QWheelEvent* event)
 {
-    const int delta = event->angleDelta().y();
-    if (delta != 0)
-        moveTo(value() + (delta > 0 ? singleStep() : -singleStep()));
+    // A touch pad tells a step in many small parts.
+    m_wheelDelta += event->angleDelta().y();
+    const int steps = m_wheelDelta / QWheelEvent::DefaultDeltasPerStep;
+    m_wheelDelta -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0)
+        moveTo(value() + steps * singleStep());
     event->accept();
 }
 
@@ -136,7 +180,20 @@ void FractionSlider::mouseMoveEvent(QMouseEvent* event)
 {
     if (isSliderDown())
         moveToPoint(event->position().toPoint().x());
+    showHover(event->position().toPoint().x());
     event->accept();
+}
+
+void FractionSlider::leaveEvent(QEvent* event)
+{
+    QSlider::leaveEvent(event);
+    endHover();
+}
+
+void FractionSlider::hideEvent(QHideEvent* event)
+{
+    QSlider::hideEvent(event);
+    endHover();
 }
 
 void FractionSlider::mouseReleaseEvent(QMouseEvent* event)
@@ -163,6 +220,12 @@ void FractionSlider::paintEvent(QPaintEvent*)
         isEnabled() ? colours.color(QPalette::Highlight) : colours.color(QPalette::Disabled, QPalette::Text);
     painter.setBrush(done);
     painter.drawRoundedRect(QRectF(radius, middle - grooveHeight / 2.0, knob - radius, grooveHeight), 2, 2);
+
+    if (m_hoverX >= 0) {
+        const qreal mark = std::clamp<qreal>(m_hoverX, radius, width() - radius);
+        painter.setBrush(colours.color(QPalette::BrightText));
+        painter.drawRect(QRectF(mark - 0.5, middle - grooveHeight, 1, 2 * grooveHeight));
+    }
 
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);

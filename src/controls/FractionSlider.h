@@ -4,7 +4,12 @@
 
 #include "controls/AccessibleValue.h"
 
+#include <QPointer>
 #include <QSlider>
+
+#include <functional>
+
+class QLabel;
 
 namespace marvo {
 
@@ -26,6 +31,8 @@ public:
     double fraction() const;
     /// Shows a value, clamped to the range. Tells nobody, and waits its turn while the user holds the knob.
     void setFraction(double value);
+    /// What a label over the pointer says of the value there; an empty text shows none.
+    void setHoverText(std::function<QString(double)> text);
 
     QAccessible::Role accessibleRole() const override { return QAccessible::Slider; }
     AccessibleValue accessibleValue() const override;
@@ -42,15 +49,24 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void moveTo(int position);
     void moveToPoint(int x);
+    double valueAt(int x) const;
+    void showHover(int x);
+    void endHover();
     int knobRadius() const;
 
     double m_unit;
     Keys m_keys;
+    std::function<QString(double)> m_hoverText;
+    QPointer<QLabel> m_hover; ///< the window's
+    int m_hoverX = -1;
+    int m_wheelDelta = 0; ///< of a step that is not full yet
 };
 
 } // namespace marvo

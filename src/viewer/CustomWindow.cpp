@@ -2,16 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/CustomWindow.h"
 
+#include "texts/Localisation.h"
 #include "viewer/WindowEdges.h"
 
 #include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QPainter>
 #include <QScreen>
 #include <QStyle>
+#include <QStyleHints>
 #include <QUrl>
 #include <QWindow>
 
@@ -22,12 +24,19 @@ namespace marvo {
 namespace {
 
 constexpr int frameChangeMs = 160;
+constexpr int desktopSettlesMs = 300;
 
-QString droppedPath(const QMimeData& data)
+/// The first local file of what is dragged; empty when there is none.
+std::string droppedPath(const QMimeData& data)
 {
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            return url.toLocalFile();
+    for (const QUrl& url : data.urls()) {
+        if (!url.isLocalFile())
+            continue;
+        // The bytes as they are encoded: a name on a card need not be UTF-8.
+        const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+        if (path.startsWith('/') && !path.contains('\0'))
+            return path.toStdString();
+    }
     return {};
 }
 
@@ -43,17 +52,34 @@ CustomWindow::CustomWindow(QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinMaxButtonsHint |
                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
       m_frameChange(this, "geometry"),
-      m_edges(new WindowEdges(*this))
+      m_edges(new WindowEdges(*this)),
+      m_dropHint(new QLabel(localised("hands.dropHere"), this))
 {
     setObjectName(QStringLiteral("window"));
     setAttribute(Qt::WA_StyledBackground);
     setAcceptDrops(true);
+    m_desktopSettles.setSingleShot(true);
+    m_desktopSettles.setInterval(desktopSettlesMs);
+    connect(&m_desktopSettles, &QTimer::timeout, this, &CustomWindow::followDesktop);
+    m_dropHint->setObjectName(QStringLiteral("dropHint"));
+    m_dropHint->setAlignment(Qt::AlignCenter);
+    m_dropHint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_dropHint->hide();
+}
+
+CustomWindow::CustomWindow(const QRect& contentRect) : CustomWindow(nullptr)
+{
+    QRect centred(QPoint(0, 0), contentRect.size());
+    centred.moveCenter(screen()->geometry().center());
+    setGeometry(centred);
 }
 
 CustomWindow::~CustomWindow() = default;
 
 void CustomWindow::setIsFullScreen(bool fullScreen)
 {
+    if (m_isFullScreen == fullScreen)
+        return;
     m_isFullScreen = fullScreen;
     m_edges->setActive(!fullScreen);
     Q_EMIT isFullScreenChanged(fullScreen);
@@ -68,9 +94,9 @@ void CustomWindow::enterFullscreen()
     setIsFullScreen(true);
     if (m_initialFrame.width() == 0 || m_initialFrame.height() == 0)
         m_initialFrame = before;
-    // The state makes the desktop take its panels away; the frame is right also where no desktop listens.
-    setWindowState((windowState() & ~Qt::WindowMaximized) | Qt::WindowFullScreen);
+    // The frame first: setting one takes the state away again that makes the desktop put its panels away.
     setGeometry(screen()->geometry());
+    m_presentation.setFullscreenPresentationOptions(*this);
 }
 
 void CustomWindow::leaveFullscreen()
@@ -78,7 +104,7 @@ void CustomWindow::leaveFullscreen()
     if (!m_isFullScreen)
         return;
     setIsFullScreen(false);
-    setWindowState(windowState() & ~(Qt::WindowFullScreen | Qt::WindowMaximized));
+    m_presentation.setNonFullscreenPresentationOptions(*this);
     setFrame(m_initialFrame, FrameChange::AtOnce);
 }
 
@@ -121,6 +147,26 @@ bool CustomWindow::event(QEvent* event)
     return handled;
 }
 
+void CustomWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // Not at once: what the desktop tells now may answer an earlier wish of two that followed each other.
+    if (event->type() == QEvent::WindowStateChange)
+        m_desktopSettles.start();
+}
+
+/// A key or a menu of the desktop's own may have taken the window into full screen or out of it.
+void CustomWindow::followDesktop()
+{
+    if (windowState() & Qt::WindowMinimized)
+        return;
+    const bool covers = windowState() & Qt::WindowFullScreen;
+    if (covers && !m_isFullScreen)
+        enterFullscreen();
+    else if (!covers && m_isFullScreen)
+        leaveFullscreen();
+}
+
 void CustomWindow::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && m_isFullScreen) {
@@ -143,14 +189,25 @@ void CustomWindow::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_pressed || !(event->buttons() & Qt::LeftButton) || m_isFullScreen || m_movedByDesktop)
         return QWidget::mouseMoveEvent(event);
-    if (windowHandle() && windowHandle()->startSystemMove()) {
-        m_movedByDesktop = true; // and the release of the button is the desktop's, too
+    if (moveByDesktop(event->position().toPoint()))
         return;
-    }
     m_frameChange.stop();
     const QPoint location = mapFromGlobal(event->globalPosition().toPoint());
     const QRect visible = QGuiApplication::primaryScreen()->availableGeometry();
     move(draggedOrigin(pos(), location, m_initialLocation, visible));
+}
+
+/// True while the desktop moves the window, or will once the pointer has gone far enough to mean a move and
+/// not a shaky double click: the desktop keeps the mouse from then on.
+bool CustomWindow::moveByDesktop(QPoint location)
+{
+    if (!m_desktopMoves || !windowHandle())
+        return false;
+    if ((location - m_initialLocation).manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
+        return true;
+    m_desktopMoves = windowHandle()->startSystemMove();
+    m_movedByDesktop = m_desktopMoves; // and the release of the button is the desktop's, too
+    return m_desktopMoves;
 }
 
 void CustomWindow::mouseReleaseEvent(QMouseEvent* event)
@@ -174,18 +231,24 @@ void CustomWindow::closeEvent(QCloseEvent* event)
 
 void CustomWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!droppedPath(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    if (droppedPath(*event->mimeData()).empty())
+        return;
+    event->acceptProposedAction();
+    m_dropHint->setGeometry(rect().adjusted(8, 8, -8, -8));
+    m_dropHint->raise();
+    m_dropHint->show();
 }
+
+void CustomWindow::dragLeaveEvent(QDragLeaveEvent*) { m_dropHint->hide(); }
 
 void CustomWindow::dropEvent(QDropEvent* event)
 {
-    const QString path = droppedPath(*event->mimeData());
-    if (path.isEmpty())
+    m_dropHint->hide();
+    const std::string path = droppedPath(*event->mimeData());
+    if (path.empty())
         return;
     event->acceptProposedAction();
-    const QFileInfo dropped(path);
-    Q_EMIT folderDropped(dropped.isDir() ? dropped.absoluteFilePath() : dropped.absolutePath());
+    Q_EMIT dropped(path);
 }
 
 void CustomWindow::paintEvent(QPaintEvent* event)

@@ -7,7 +7,9 @@
 #include "settings/window/MRVSettingController.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/DataPanelUpdater.h"
+#include "viewer/FolderHands.h"
 #include "viewer/FullScreenControlBar.h"
+#include "viewer/FullScreenRest.h"
 #include "viewer/GraphView.h"
 #include "viewer/HeadBox.h"
 #include "viewer/LanguagePreference.h"
@@ -18,8 +20,11 @@
 #include "viewer/MapView.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/PlaybackController.h"
+#include "viewer/RecentFoldersMenu.h"
+#include "viewer/RecordingFilterBar.h"
 #include "viewer/RecordingListView.h"
 #include "viewer/TKVideoBackgroundImageView.h"
+#include "viewer/VideoNotice.h"
 #include "viewer/VideoView.h"
 #include "viewer/VlcPlayer.h"
 #include "viewer/WindowSurface.h"
@@ -43,7 +48,7 @@ MRVAppDelegate::MRVAppDelegate(const Configuration& configuration)
     : m_configuration(configuration),
       m_recordings(m_mediaList),
       m_cardSettings(configuration.readCardSettings),
-      m_window(std::make_unique<CustomWindow>()),
+      m_window(std::make_unique<CustomWindow>(QRect({}, minWindowSize))),
       m_commands(new MainWindowCommands(*m_window)),
       m_views(new MainViews(*m_window, *m_commands)),
       m_loading(new LoadingIndicator(*m_views->progressIndicator, configuration.loadingTick))
@@ -86,9 +91,13 @@ void MRVAppDelegate::setupInitialValues()
         m_views->layoutWindow();
         updateSideViewButton();
     });
+    auto* rest = new FullScreenRest(*m_window, *m_views->mediaControlBoxForFullScreen);
+    connect(rest, &FullScreenRest::barConcealed, m_views, &MainViews::concealControlBar);
     connect(m_views, &MainViews::videoDoubleClicked, this, &MRVAppDelegate::toggleFullScreen);
-    connect(m_window.get(), &CustomWindow::folderDropped, this,
-            [this](const QString& path) { openDirectory(QFile::encodeName(path).toStdString()); });
+    m_hands = std::make_unique<FolderHands>(*m_views, *m_commands, m_mediaList, *m_player1, m_playInfo,
+                                            *m_playback);
+    connect(m_hands.get(), &FolderHands::folderWanted, this, &MRVAppDelegate::openDirectory);
+    connect(m_window.get(), &CustomWindow::windowWillClose, this, [this] { m_hands->keep(); });
     connect(m_window.get(), &CustomWindow::windowWillClose, m_playback.get(), &PlaybackController::stopPlay);
 
     m_rightViewMode = RecordingListMode;
@@ -100,6 +109,7 @@ void MRVAppDelegate::setupInitialValues()
     m_views->layoutWindow();
     RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
     list->setOpenCommand(m_commands->action(Command::OpenMediaDirectoryDialog));
+    connect(list, &RecordingListView::shownRowsChanged, this, &MRVAppDelegate::showFolderCount);
     list->showNoFolder();
     setMileDisplay(false); // what the default settings have, until a card says otherwise
 }
@@ -145,6 +155,16 @@ void MRVAppDelegate::connectPlayInfo()
     });
     connect(controls->volumeSlider(), &FractionSlider::userMoved, this,
             [this](double value) { m_playback->volumeSliderMoved(static_cast<int>(value)); });
+    const auto timeAt = [this](double position) {
+        const std::int64_t length = m_player1->lengthMs();
+        return length > 0 ? playTimeText(static_cast<std::int64_t>(position * static_cast<double>(length)))
+                          : QString();
+    };
+    for (FractionSlider* slider : sliders)
+        slider->setHoverText(timeAt);
+    connect(m_views, &MainViews::videoWheeled, this, &MRVAppDelegate::volumeWheeled);
+    connect(m_playback.get(), &PlaybackController::volumeChanged, m_views->videoNotice,
+            [this](int volume) { m_views->videoNotice->tell(localised("hands.volume").arg(volume)); });
     connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
             &RecordingTableModel::setPlayingRow);
 }
@@ -198,8 +218,11 @@ void MRVAppDelegate::openMediaDirectoryDialog()
     dialog->open();
 }
 
+void MRVAppDelegate::reopenLastFolder() { m_hands->reopenLastFolder(); }
+
 void MRVAppDelegate::openDirectory(const std::string& path)
 {
+    m_hands->folderWillChange();
     m_playback->stop();
     m_recordings.setPlayingRow(-1);
     m_mediaList.setDirectoryPath(path);
@@ -209,10 +232,38 @@ void MRVAppDelegate::openDirectory(const std::string& path)
 
 void MRVAppDelegate::showFolder(const QString& detail)
 {
-    const QString path =
-        QDir::cleanPath(QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath())));
-    const QString name = QDir(path).dirName();
-    m_views->headBox->showFolder(name.isEmpty() ? path : name, QDir::toNativeSeparators(path), detail);
+    const std::string& path = m_mediaList.directoryPath();
+    m_views->headBox->showFolder(folderTitle(path), folderPathText(path), detail);
+}
+
+/// How many recordings the folder has, and how many of them a search leaves.
+void MRVAppDelegate::showFolderCount(int shown)
+{
+    const qint64 count = m_mediaList.count();
+    const QString all = QLocale().toString(count);
+    const QString found =
+        count == 1 ? localised("viewer.folder.countOne") : localised("viewer.folder.count").arg(all);
+    if (shown < count)
+        showFolder(localised("hands.shownOf").arg(QLocale().toString(shown), all));
+    else if (m_mediaList.folderError())
+        showFolder(localised("viewer.folder.incomplete")
+                       .arg(found, QString::fromStdString(m_mediaList.folderError().message())));
+    else
+        showFolder(found);
+}
+
+void MRVAppDelegate::showNothingOpen()
+{
+    m_views->bodyRightBox->mediaListTableView()->showNoFolder();
+    m_views->headBox->showFolder({}, {}, {});
+}
+
+void MRVAppDelegate::volumeWheeled(int steps)
+{
+    for (; steps > 0; --steps)
+        m_playback->volumeUp();
+    for (; steps < 0; ++steps)
+        m_playback->volumeDown();
 }
 
 void MRVAppDelegate::scanProgress(qint64 found)
@@ -227,18 +278,15 @@ void MRVAppDelegate::mediaListChanged()
     m_recordings.reload();
 
     RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
-    const qint64 count = m_mediaList.count();
-    const QString error =
-        m_mediaList.folderError() ? QString::fromStdString(m_mediaList.folderError().message()) : QString();
-    if (count == 0 && !error.isEmpty()) {
-        list->showUnreadable(error);
+    if (m_mediaList.count() == 0 && m_mediaList.folderError()) {
+        list->showUnreadable(QString::fromStdString(m_mediaList.folderError().message()));
         showFolder(localised("viewer.folder.unreadable"));
     } else {
         list->showRecordings();
-        const QString found = count == 1 ? localised("viewer.folder.countOne")
-                                         : localised("viewer.folder.count").arg(QLocale().toString(count));
-        showFolder(error.isEmpty() ? found : localised("viewer.folder.incomplete").arg(found, error));
+        showFolderCount(static_cast<int>(m_mediaList.count()));
     }
+    if (!m_hands->folderListed())
+        showNothingOpen();
     Q_EMIT recordingsListed();
 }
 
@@ -292,7 +340,13 @@ void MRVAppDelegate::setRightViewMode(RightViewMode mode)
 void MRVAppDelegate::updateSideViewButton()
 {
     // The keyboard is the list's while the list is shown, and the window's otherwise; it must not wander to
-    // whatever button comes next.
+    // whatever button comes next. Nor must a recording that starts by itself take it from a search.
+    const QWidget* search = m_views->bodyRightBox->filterBar();
+    if (m_rightViewMode == RecordingListMode && !m_window->isFullScreen() && m_window->focusWidget() &&
+        search->isAncestorOf(m_window->focusWidget())) {
+        m_views->bodyRightBox->updateSideViewButton(m_rightViewMode);
+        return;
+    }
     m_window->setFocus();
     m_views->bodyRightBox->updateSideViewButton(m_rightViewMode);
     if (m_rightViewMode == RecordingListMode && !m_window->isFullScreen())
@@ -332,7 +386,9 @@ void MRVAppDelegate::die()
 {
     if (!m_playback)
         return;
+    m_hands->keep();
     m_playback->stopPlay();
+    m_hands.reset();
     m_playback.reset();
     m_host.reset();
     m_dataPanel.reset();

@@ -25,6 +25,7 @@ namespace marvo {
 class CustomWindow;
 class Disks;
 class DataPanelUpdater;
+class FolderHands;
 class MainViews;
 class MainWindowCommands;
 class MainWindowPlaybackHost;
@@ -59,6 +60,8 @@ public:
 
     /// Stops the player and scans a folder (a path as bytes); recordingsListed follows.
     void openDirectory(const std::string& path);
+    /// Opens the folder that was open last, if there is one and it is still there.
+    void reopenLastFolder();
 
     void openMediaDirectoryDialog();
     /// Plays the selected row, as a double click on it does.
@@ -105,6 +108,9 @@ private:
     void cardSettingsKnown(const _FILEDATA& record);
     void setMileDisplay(bool miles);
     void showFolder(const QString& detail);
+    void showFolderCount(int shown);
+    void showNothingOpen();
+    void volumeWheeled(int steps);
     void setRightViewMode(RightViewMode mode);
     void updateSideViewButton();
     void showPlayTime();
@@ -128,6 +134,7 @@ private:
     std::unique_ptr<DataPanelUpdater> m_dataPanel;
     std::unique_ptr<MainWindowPlaybackHost> m_host;
     std::unique_ptr<PlaybackController> m_playback;
+    std::unique_ptr<FolderHands> m_hands;
 
     QPointer<QWidget> m_settingPanel; ///< each is a window of its own, there while it is open
     QPointer<QWidget> m_timeSetupPanel;

@@ -11,11 +11,13 @@
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MapView.h"
 #include "viewer/MediaControlBox.h"
+#include "viewer/MRVScrollableVideoContainerView.h"
 #include "viewer/SidePanel.h"
 #include "viewer/TKVideoBackgroundImageView.h"
+#include "viewer/VideoNotice.h"
 #include "viewer/VideoView.h"
 
-#include <QEvent>
+#include <QWheelEvent>
 
 namespace marvo {
 
@@ -48,8 +50,9 @@ MainViews::MainViews(CustomWindow& mainWindow, const MainWindowCommands& command
       bodyLeftBox(namedBox("bodyLeftBox", bodyBox)),
       videoBox(namedBox("videoBox", bodyLeftBox)),
       player1BackgroundView(new TKVideoBackgroundImageView(videoBox)),
-      videoContainerView(namedBox("videoContainerView", videoBox)),
+      videoContainerView(new MRVScrollableVideoContainerView(videoBox)),
       video1View(new VideoView(videoContainerView)),
+      videoNotice(new VideoNotice(videoContainerView)),
       graphView(new GraphView),
       gsensorBox(new GsensorBox(graphView, bodyLeftBox)),
       mediaControlBox(new MediaControlBox(commands, bodyLeftBox)),
@@ -69,6 +72,16 @@ bool MainViews::eventFilter(QObject* watched, QEvent* event)
         Q_EMIT videoDoubleClicked();
         return true;
     }
+    if (watched == videoBox && event->type() == QEvent::Wheel) {
+        // A touch pad tells a step in many small parts.
+        m_wheelDelta += static_cast<QWheelEvent*>(event)->angleDelta().y();
+        const int steps = m_wheelDelta / QWheelEvent::DefaultDeltasPerStep;
+        m_wheelDelta -= steps * QWheelEvent::DefaultDeltasPerStep;
+        if (steps != 0)
+            Q_EMIT videoWheeled(steps);
+        event->accept();
+        return true;
+    }
     return QObject::eventFilter(watched, event);
 }
 
@@ -86,12 +99,21 @@ void MainViews::layoutWindow()
     place(gsensorBox, layout.gsensorBox);
     place(mediaControlBox, layout.mediaControlBox);
     place(mediaControlBoxForFullScreen, layout.mediaControlBoxForFullScreen);
+    if (m_controlBarConcealed)
+        mediaControlBoxForFullScreen->hide();
 
     player1BackgroundView->setGeometry(videoBox->rect());
     videoContainerView->setGeometry(videoBox->rect());
     video1View->setGeometry(videoContainerView->rect());
     if (!fullScreen)
         bodyRightBox->layoutBoxes(layout.sideButtonBox, layout.mediaListBox);
+}
+
+void MainViews::concealControlBar(bool concealed)
+{
+    m_controlBarConcealed = concealed;
+    if (window.isFullScreen())
+        mediaControlBoxForFullScreen->setVisible(!concealed);
 }
 
 DataPanelFields MainViews::dataPanelFields() const

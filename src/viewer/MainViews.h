@@ -16,9 +16,11 @@ class HeadBox;
 class MainWindowCommands;
 class MapView;
 class MediaControlBox;
+class MRVScrollableVideoContainerView;
 class PMProgressIndicator;
 class SidePanel;
 class TKVideoBackgroundImageView;
+class VideoNotice;
 class VideoView;
 
 /// The main window's boxes and what stands in them, placed by MainWindowLayout. All of it belongs to the
@@ -31,13 +33,22 @@ public:
 
     /// Places every box for the window's present size and mode.
     void layoutWindow();
+    /// In full screen: whether the control bar's place is empty for now. It keeps its place, so that the
+    /// video does not jump when the bar comes.
+    void concealControlBar(bool concealed);
     DataPanelFields dataPanelFields() const;
 
 Q_SIGNALS:
     void videoDoubleClicked();
+    /// The wheel over the video; steps up are positive.
+    void videoWheeled(int steps);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool m_controlBarConcealed = false;
+    int m_wheelDelta = 0; ///< of a step that is not full yet
 
 public:
     CustomWindow& window;
@@ -50,8 +61,9 @@ public:
 
     QWidget* videoBox;
     TKVideoBackgroundImageView* player1BackgroundView;
-    QWidget* videoContainerView;
+    MRVScrollableVideoContainerView* videoContainerView;
     VideoView* video1View;
+    VideoNotice* videoNotice;
 
     GraphView* graphView;
     GsensorBox* gsensorBox;

@@ -32,7 +32,7 @@ const std::vector<MenuSection>& menuTable()
          {ChangeAndPlay, ClickPlayButton, JumpBackward, JumpForward, DecreaseSpeed, IncreaseSpeed}},
         {"viewer.menu.sound", {VolumeDown, VolumeUp}},
         {"viewer.menu.view",
-         {ClickMediaListViewButton, ClickMapViewButton, SizeDown, SizeUp, ToggleFullScreen}},
+         {ClickMediaListViewButton, ClickMapViewButton, FindRecording, SizeDown, SizeUp, ToggleFullScreen}},
         {nullptr, {CloseWindow, Quit}},
     };
     return table;
@@ -67,6 +67,7 @@ const std::vector<CommandRow>& commandTable()
         {ToggleFullScreen, "toggleFullScreen", {key(Qt::Key_F), key(Qt::Key_F11)}},
         {ClickMediaListViewButton, "clickMediaListViewButton", {key(Qt::Key_L)}},
         {ClickMapViewButton, "clickMapViewButton", {key(Qt::Key_M)}},
+        {FindRecording, "findRecording", {control(Qt::Key_F)}},
         {ShowMenu, "showMenu", {key(Qt::Key_F10)}},
         {CloseWindow, "closeWindow", {control(Qt::Key_W)}},
         {Quit, "quit", {control(Qt::Key_Q)}},
@@ -103,6 +104,13 @@ QAction* MainWindowCommands::action(Command command) const
     const auto& table = commandTable();
     const auto row = std::ranges::find(table, command, &CommandRow::command);
     return m_actions.at(static_cast<std::size_t>(row - table.begin()));
+}
+
+void MainWindowCommands::insertRecentFolders(QMenu& recent)
+{
+    const QList<QAction*> entries = m_menu->actions();
+    const auto open = entries.indexOf(action(Command::OpenMediaDirectoryDialog));
+    m_menu->insertMenu(entries.value(open + 1), &recent);
 }
 
 void MainWindowCommands::buildMenu()

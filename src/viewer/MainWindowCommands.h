@@ -34,6 +34,7 @@ enum class Command {
     ToggleFullScreen,
     ClickMediaListViewButton,
     ClickMapViewButton,
+    FindRecording,
     ShowMenu,
     CloseWindow,
     Quit,
@@ -64,6 +65,8 @@ public:
 
     QAction* action(Command command) const;
     QMenu* menu() const { return m_menu; }
+    /// Puts a submenu below the command that opens a folder.
+    void insertRecentFolders(QMenu& recent);
 
 private:
     void buildMenu();

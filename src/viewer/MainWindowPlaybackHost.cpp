@@ -9,6 +9,7 @@
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
+#include "viewer/MRVScrollableVideoContainerView.h"
 #include "viewer/RecordingListView.h"
 #include "viewer/RecordingTableModel.h"
 #include "viewer/SidePanel.h"

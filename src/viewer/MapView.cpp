@@ -110,6 +110,7 @@ void MapView::startEngine()
 
     m_profile = sharedMapProfile();
     m_webView = new QWebEngineView(this);
+    m_webView->setAcceptDrops(false); // a folder dropped here is for the window
     m_webView->setContextMenuPolicy(Qt::NoContextMenu);
     // The keys belong to the player, also after a click on the map.
     m_webView->setFocusPolicy(Qt::NoFocus);

@@ -3,18 +3,19 @@
 #include "viewer/RecordingListView.h"
 
 #include "texts/Localisation.h"
+#include "viewer/RecordingFilter.h"
 #include "viewer/RecordingRowDelegate.h"
 #include "viewer/RecordingTableModel.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QMenu>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -31,10 +32,8 @@ constexpr int leastFileWidth = 48;
 
 RecordingListView::RecordingListView(QWidget* parent)
     : QTableView(parent),
-      m_emptyState(new QWidget(viewport())),
-      m_emptyTitle(new QLabel(m_emptyState)),
-      m_emptyText(new QLabel(m_emptyState)),
-      m_openButton(new QPushButton(m_emptyState)),
+      m_filter(new RecordingFilter(this)),
+      m_emptyState(new ListEmptyState(viewport())),
       m_scanLine(new QLabel(viewport()))
 {
     setObjectName(QStringLiteral("mediaListTableView"));
@@ -63,24 +62,6 @@ RecordingListView::RecordingListView(QWidget* parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
 
-    m_emptyTitle->setObjectName(QStringLiteral("listEmptyTitle"));
-    m_emptyText->setObjectName(QStringLiteral("listEmptyText"));
-    for (QLabel* label : {m_emptyTitle, m_emptyText}) {
-        label->setAlignment(Qt::AlignCenter);
-        label->setWordWrap(true);
-    }
-    m_openButton->setObjectName(QStringLiteral("listOpenButton"));
-    m_openButton->setText(localised("viewer.command.openMediaDirectoryDialog"));
-    m_openButton->setAutoDefault(false);
-    auto* column = new QVBoxLayout(m_emptyState);
-    column->setContentsMargins(24, 0, 24, 0);
-    column->setSpacing(10);
-    column->addStretch();
-    column->addWidget(m_emptyTitle);
-    column->addWidget(m_emptyText);
-    column->addSpacing(8);
-    column->addWidget(m_openButton, 0, Qt::AlignHCenter);
-    column->addStretch();
     m_emptyState->hide();
 
     m_scanLine->setObjectName(QStringLiteral("listScanLine"));
@@ -90,7 +71,8 @@ RecordingListView::RecordingListView(QWidget* parent)
 
 void RecordingListView::setModel(QAbstractItemModel* model)
 {
-    QTableView::setModel(model);
+    m_filter->setSourceModel(model);
+    QTableView::setModel(m_filter);
     using Model = RecordingTableModel;
     for (const int column : {Model::SaveMode, Model::Date, Model::Time})
         horizontalHeader()->setSectionResizeMode(column, QHeaderView::Interactive);
@@ -124,39 +106,88 @@ void RecordingListView::layoutColumns()
     fit(Model::Time, {QStringLiteral("00:00:00")}, 0);
 }
 
+int RecordingListView::allRows() const
+{
+    return m_filter->sourceModel() ? m_filter->sourceModel()->rowCount() : 0;
+}
+
 void RecordingListView::selectOnlyRow(std::int64_t row)
 {
-    if (!model() || row < 0 || row >= model()->rowCount())
+    const QModelIndex shown =
+        row >= 0 && row < allRows()
+            ? m_filter->mapFromSource(m_filter->sourceModel()->index(static_cast<int>(row), 0))
+            : QModelIndex();
+    if (!shown.isValid())
         return clearSelection();
-    const QModelIndex index = model()->index(static_cast<int>(row), 0);
-    setCurrentIndex(index);
-    selectRow(index.row());
-    scrollTo(index);
+    setCurrentIndex(shown);
+    selectRow(shown.row());
+    scrollTo(shown);
 }
 
 std::int64_t RecordingListView::selectedRow() const
 {
     const QModelIndexList rows = selectionModel() ? selectionModel()->selectedRows() : QModelIndexList();
-    return rows.isEmpty() ? -1 : rows.front().row();
+    return rows.isEmpty() ? -1 : m_filter->mapToSource(rows.front()).row();
+}
+
+void RecordingListView::stepSelection(int rows)
+{
+    const int count = m_filter->rowCount();
+    if (count == 0)
+        return;
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    const int next = selected.isEmpty() ? 0 : std::clamp(selected.front().row() + rows, 0, count - 1);
+    setCurrentIndex(m_filter->index(next, 0));
+    selectRow(next);
+}
+
+void RecordingListView::activateSelection()
+{
+    if (selectedRow() >= 0)
+        Q_EMIT rowActivated(selectedRow());
+}
+
+void RecordingListView::setSearch(const QString& text)
+{
+    m_filter->setSearch(text);
+    filterChanged();
+}
+
+void RecordingListView::setKinds(unsigned kinds)
+{
+    m_filter->setKinds(kinds);
+    filterChanged();
+}
+
+void RecordingListView::filterChanged()
+{
+    const int shown = m_filter->rowCount();
+    if (allRows() > 0 && m_scanLine->isHidden())
+        showRecordings();
+    if (m_filter->isFiltering() && shown > 0 && selectedRow() < 0)
+        stepSelection(0); // so that the Enter key has something to play
+    else if (selectedRow() >= 0)
+        scrollTo(currentIndex());
+    Q_EMIT shownRowsChanged(shown, allRows());
 }
 
 void RecordingListView::setOpenCommand(QAction* openFolder)
 {
-    connect(m_openButton, &QPushButton::clicked, openFolder, &QAction::trigger);
+    connect(m_emptyState, &ListEmptyState::openRequested, openFolder, &QAction::trigger);
 }
 
-void RecordingListView::showEmptyState(const QString& title, const QString& text)
+void RecordingListView::showEmptyState(const QString& title, const QString& text, ListEmptyState::Offer offer)
 {
     m_scanLine->hide();
-    m_emptyTitle->setText(title);
-    m_emptyText->setText(text);
+    m_emptyState->tell(title, text, offer);
     m_emptyState->show();
     placeStatus();
 }
 
 void RecordingListView::showNoFolder()
 {
-    showEmptyState(localised("viewer.list.noFolder"), localised("viewer.list.noFolderHelp"));
+    showEmptyState(localised("viewer.list.noFolder"), localised("viewer.list.noFolderHelp"),
+                   ListEmptyState::Offer::OpenFolder);
 }
 
 void RecordingListView::showScanning(std::int64_t found)
@@ -169,22 +200,27 @@ void RecordingListView::showScanning(std::int64_t found)
 
 void RecordingListView::showRecordings()
 {
-    if (!model() || model()->rowCount() == 0)
-        return showEmptyState(localised("viewer.list.empty"), localised("viewer.list.emptyHelp"));
+    if (allRows() == 0)
+        return showEmptyState(localised("viewer.list.empty"), localised("viewer.list.emptyHelp"),
+                              ListEmptyState::Offer::OpenFolder);
+    if (m_filter->rowCount() == 0)
+        return showEmptyState(localised("hands.nothingFound"), localised("hands.nothingFoundHelp"),
+                              ListEmptyState::Offer::ShowAll);
     m_scanLine->hide();
     m_emptyState->hide();
 }
 
 void RecordingListView::showUnreadable(const QString& reason)
 {
-    showEmptyState(localised("viewer.list.unreadable"), localised("viewer.list.unreadableHelp").arg(reason));
+    showEmptyState(localised("viewer.list.unreadable"), localised("viewer.list.unreadableHelp").arg(reason),
+                   ListEmptyState::Offer::OpenFolder);
 }
 
 QString RecordingListView::statusText() const
 {
     if (!m_scanLine->isHidden())
         return m_scanLine->text();
-    return m_emptyState->isHidden() ? QString() : m_emptyTitle->text();
+    return m_emptyState->isHidden() ? QString() : m_emptyState->title();
 }
 
 void RecordingListView::placeStatus()
@@ -220,8 +256,11 @@ bool RecordingListView::event(QEvent* event)
 void RecordingListView::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && selectedRow() >= 0) {
-        Q_EMIT rowActivated(selectedRow());
+    if (enter && selectedRow() >= 0)
+        return activateSelection();
+    const QString typed = event->text();
+    if (typed.size() == 1 && typed[0].isDigit() && event->modifiers() == Qt::NoModifier) {
+        Q_EMIT digitTyped(typed);
         return;
     }
     QTableView::keyPressEvent(event);
@@ -234,7 +273,35 @@ void RecordingListView::mouseDoubleClickEvent(QMouseEvent* event)
         return;
     const QModelIndex index = indexAt(event->position().toPoint());
     if (index.isValid())
-        Q_EMIT rowActivated(index.row());
+        Q_EMIT rowActivated(m_filter->mapToSource(index).row());
+}
+
+void RecordingListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    QModelIndex index = indexAt(event->pos());
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        index = currentIndex();
+        place = viewport()->mapToGlobal(visualRect(index).bottomLeft());
+    }
+    if (!index.isValid())
+        return;
+    const std::int64_t row = m_filter->mapToSource(index).row();
+    selectOnlyRow(row);
+
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("recordingMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const char* name, const char* titleKey, auto signal) {
+        QAction* action = menu->addAction(localised(titleKey));
+        action->setObjectName(QLatin1StringView(name));
+        connect(action, &QAction::triggered, this, [this, row, signal] { Q_EMIT(this->*signal)(row); });
+    };
+    add("playRecording", "hands.play", &RecordingListView::rowActivated);
+    menu->addSeparator();
+    add("showInFolder", "hands.showInFolder", &RecordingListView::showInFolderRequested);
+    add("copyPath", "hands.copyPath", &RecordingListView::copyPathRequested);
+    menu->popup(place);
 }
 
 void RecordingListView::resizeEvent(QResizeEvent* event)

@@ -158,6 +158,10 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
         return m_unplayable.contains(row);
     case PlayingRole:
         return playing;
+    case KindRole: {
+        const auto kind = &kindOf(*media) - m_kinds.data();
+        return kind < 3 ? static_cast<int>(kind) : -1;
+    }
     default:
         return {};
     }

@@ -28,6 +28,8 @@ public:
     static constexpr int UnplayableRole = Qt::UserRole + 2;
     /// Whether the recording is the one in the player.
     static constexpr int PlayingRole = Qt::UserRole + 3;
+    /// The kind's code, 0 to 2; -1 for an unknown one.
+    static constexpr int KindRole = Qt::UserRole + 4;
 
     /// The list is not owned and must outlive the model.
     explicit RecordingTableModel(const MRVMediaList& mediaList, QObject* parent = nullptr);

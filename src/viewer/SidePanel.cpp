@@ -6,7 +6,9 @@
 #include "texts/Localisation.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MainWindowLayout.h"
+#include "viewer/RecordingFilterBar.h"
 #include "viewer/RecordingListView.h"
+#include "viewer/ReturnStrip.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -103,7 +105,9 @@ SidePanel::SidePanel(const MainWindowCommands& commands, QWidget* mapView, QWidg
                                               commands.action(Command::ClickMapViewButton), "viewer.side.map",
                                               m_sideButtonBox)),
       m_mediaListScrollView(namedBox("mediaListScrollView", m_mediaListBox)),
+      m_filterBar(new RecordingFilterBar(m_mediaListScrollView)),
       m_mediaListTableView(new RecordingListView(m_mediaListScrollView)),
+      m_returnStrip(new ReturnStrip(m_mediaListScrollView)),
       m_mapContainerView(namedBox("mapContainerView", m_mediaListBox)),
       m_mapContainerTopView(namedBox("mapContainerTopView", m_mapContainerView)),
       m_mapContainerBottomView(new DataStrip(m_mapContainerView))
@@ -119,7 +123,12 @@ SidePanel::SidePanel(const MainWindowCommands& commands, QWidget* mapView, QWidg
 
     auto* list = new QVBoxLayout(m_mediaListScrollView);
     list->setContentsMargins(0, 0, 0, 0);
-    list->addWidget(m_mediaListTableView);
+    list->setSpacing(0);
+    list->addWidget(m_filterBar);
+    list->addWidget(m_mediaListTableView, 1);
+    list->addWidget(m_returnStrip);
+    m_filterBar->hide(); // until there is something to search
+    connectFilterBar();
 
     mapView->setObjectName(QStringLiteral("mapWebView"));
     mapView->setAccessibleName(localised("viewer.side.map"));
@@ -128,6 +137,18 @@ SidePanel::SidePanel(const MainWindowCommands& commands, QWidget* mapView, QWidg
     map->addWidget(mapView);
 
     updateSideViewButton(RecordingListMode);
+}
+
+void SidePanel::connectFilterBar()
+{
+    RecordingListView* list = m_mediaListTableView;
+    connect(m_filterBar, &RecordingFilterBar::searchChanged, list, &RecordingListView::setSearch);
+    connect(m_filterBar, &RecordingFilterBar::kindsChanged, list, &RecordingListView::setKinds);
+    connect(m_filterBar, &RecordingFilterBar::rowStepped, list, &RecordingListView::stepSelection);
+    connect(m_filterBar, &RecordingFilterBar::playRequested, list, &RecordingListView::activateSelection);
+    connect(m_filterBar, &RecordingFilterBar::left, list, [list] { list->setFocus(); });
+    connect(list, &RecordingListView::digitTyped, m_filterBar, &RecordingFilterBar::beginSearch);
+    connect(&list->emptyState(), &ListEmptyState::showAllRequested, m_filterBar, &RecordingFilterBar::clear);
 }
 
 void SidePanel::updateSideViewButton(RightViewMode mode)

@@ -10,7 +10,9 @@ namespace marvo {
 
 class ImageButton;
 class MainWindowCommands;
+class RecordingFilterBar;
 class RecordingListView;
+class ReturnStrip;
 
 /// What the right column shows.
 enum RightViewMode { RecordingListMode = 0, MapMode = 1 };
@@ -45,6 +47,8 @@ public:
     SidePanel(const MainWindowCommands& commands, QWidget* mapView, QWidget* parent = nullptr);
 
     RecordingListView* mediaListTableView() const { return m_mediaListTableView; }
+    RecordingFilterBar* filterBar() const { return m_filterBar; }
+    ReturnStrip* returnStrip() const { return m_returnStrip; }
     DataStrip* mapContainerBottomView() const { return m_mapContainerBottomView; }
 
     /// Shows what the mode names, and which of the two buttons is the one shown.
@@ -54,13 +58,16 @@ public:
 
 private:
     void layoutMapContainer();
+    void connectFilterBar();
 
     QWidget* m_sideButtonBox;
     QWidget* m_mediaListBox;
     ImageButton* m_recordButtonImageView;
     ImageButton* m_informationButtonImageView;
     QWidget* m_mediaListScrollView;
+    RecordingFilterBar* m_filterBar;
     RecordingListView* m_mediaListTableView;
+    ReturnStrip* m_returnStrip;
     QWidget* m_mapContainerView;
     QWidget* m_mapContainerTopView;
     DataStrip* m_mapContainerBottomView;

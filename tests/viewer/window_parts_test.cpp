@@ -59,6 +59,9 @@ private Q_SLOTS:
     void fullScreenReturnsToTheStartFrame();
     void escapeOutOfFullScreenChangesNothing();
 
+    void panelsDecideThePresentationOptions_data();
+    void panelsDecideThePresentationOptions();
+
     void cells_data();
     void cells();
     void unplayableRowTellsWhyUntilTheNextFolder();
@@ -189,6 +192,32 @@ void WindowPartsTest::escapeOutOfFullScreenChangesNothing()
     QTest::keyClick(&window, Qt::Key_Escape);
     QVERIFY(window.isVisible());
     QCOMPARE(window.geometry(), QRect(50, 60, 800, 500));
+}
+
+void WindowPartsTest::panelsDecideThePresentationOptions_data()
+{
+    QTest::addColumn<QRect>("visible");
+    QTest::addColumn<bool>("menuBar");
+    QTest::addColumn<bool>("dock");
+    QTest::addColumn<unsigned>("options");
+    const unsigned both = AutoHideMenuBar | AutoHideDock;
+    QTest::newRow("panel at the top") << QRect(0, 30, 1920, 1050) << true << false << both;
+    QTest::newRow("at the bottom") << QRect(0, 0, 1920, 1040) << false << true << unsigned(AutoHideDock);
+    QTest::newRow("at the left") << QRect(70, 0, 1850, 1080) << false << true << unsigned(AutoHideDock);
+    QTest::newRow("at top and bottom") << QRect(0, 30, 1920, 1010) << true << true << both;
+    QTest::newRow("none that is told of") << QRect(0, 0, 1920, 1080) << true << true << both;
+}
+
+void WindowPartsTest::panelsDecideThePresentationOptions()
+{
+    QFETCH(QRect, visible);
+    const ScreenAreas screen{{0, 0, 1920, 1080}, visible};
+    QTEST(screen.hasMenuBar(), "menuBar");
+    QTEST(screen.hasDock(), "dock");
+    const unsigned other = 2; // a bit of somebody else's
+    const unsigned entered = withFullscreenOptions(other, screen);
+    QTEST(entered & ~other, "options");
+    QCOMPARE(withoutFullscreenOptions(entered, screen), other);
 }
 
 void WindowPartsTest::cells_data()

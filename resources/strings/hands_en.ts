@@ -1,0 +1,24 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en">
+<context>
+    <name></name>
+    <message id="viewer.command.findRecording"><source></source><translation>Search recordings</translation></message>
+    <message id="hands.search"><source></source><translation>Search</translation></message>
+    <message id="hands.searchTip"><source></source><translation>Type a date, a time, a kind or part of a file name</translation></message>
+    <message id="hands.onlyKind"><source></source><translation>Show only: %1</translation></message>
+    <message id="hands.nothingFound"><source></source><translation>No recording found</translation></message>
+    <message id="hands.nothingFoundHelp"><source></source><translation>No recording in this folder matches the search.</translation></message>
+    <message id="hands.showAll"><source></source><translation>Show all recordings</translation></message>
+    <message id="hands.shownOf"><source></source><translation>%1 of %2 recordings</translation></message>
+    <message id="hands.recentFolders"><source></source><translation>Recent folders</translation></message>
+    <message id="hands.clearRecent"><source></source><translation>Clear this list</translation></message>
+    <message id="hands.return"><source></source><translation>Continue %1 at %2</translation></message>
+    <message id="hands.returnNot"><source></source><translation>Do not continue</translation></message>
+    <message id="hands.play"><source></source><translation>Play</translation></message>
+    <message id="hands.showInFolder"><source></source><translation>Show in folder</translation></message>
+    <message id="hands.copyPath"><source></source><translation>Copy path</translation></message>
+    <message id="hands.volume"><source></source><translation>Volume %1</translation></message>
+    <message id="hands.dropHere"><source></source><translation>Drop to open</translation></message>
+</context>
+</TS>

@@ -1,0 +1,24 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ko">
+<context>
+    <name></name>
+    <message id="viewer.command.findRecording"><source></source><translation>녹화 검색</translation></message>
+    <message id="hands.search"><source></source><translation>검색</translation></message>
+    <message id="hands.searchTip"><source></source><translation>날짜, 시간, 종류 또는 파일 이름의 일부를 입력하세요</translation></message>
+    <message id="hands.onlyKind"><source></source><translation>%1 녹화만 보기</translation></message>
+    <message id="hands.nothingFound"><source></source><translation>찾은 녹화가 없습니다</translation></message>
+    <message id="hands.nothingFoundHelp"><source></source><translation>이 폴더에 검색과 일치하는 녹화가 없습니다.</translation></message>
+    <message id="hands.showAll"><source></source><translation>모든 녹화 보기</translation></message>
+    <message id="hands.shownOf"><source></source><translation>녹화 %2개 중 %1개</translation></message>
+    <message id="hands.recentFolders"><source></source><translation>최근 폴더</translation></message>
+    <message id="hands.clearRecent"><source></source><translation>목록 지우기</translation></message>
+    <message id="hands.return"><source></source><translation>%1 녹화를 %2부터 이어 보기</translation></message>
+    <message id="hands.returnNot"><source></source><translation>이어 보지 않기</translation></message>
+    <message id="hands.play"><source></source><translation>재생</translation></message>
+    <message id="hands.showInFolder"><source></source><translation>폴더에서 보기</translation></message>
+    <message id="hands.copyPath"><source></source><translation>경로 복사</translation></message>
+    <message id="hands.volume"><source></source><translation>음량 %1</translation></message>
+    <message id="hands.dropHere"><source></source><translation>여기에 놓으면 열립니다</translation></message>
+</context>
+</TS>

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "platform/Screens.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QLoggingCategory>
+#include <QScreen>
+#include <QWidget>
+
+namespace marvo {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logScreens, "marvo.screens")
+
+unsigned fullscreenOptions(const ScreenAreas& screen)
+{
+    unsigned options = noPresentationOptions;
+    if (screen.hasMenuBar())
+        options |= AutoHideMenuBar;
+    if (screen.hasMenuBar() || screen.hasDock())
+        options |= AutoHideDock;
+    return options;
+}
+
+} // namespace
+
+bool ScreenAreas::hasMenuBar() const { return !tellsPanels() || visibleFrame.top() > frame.top(); }
+
+bool ScreenAreas::hasDock() const
+{
+    const int menuBarThickness = hasMenuBar() ? visibleFrame.top() - frame.top() : 0;
+    return !tellsPanels() || visibleFrame.width() < frame.width() ||
+           visibleFrame.height() + menuBarThickness < frame.height();
+}
+
+unsigned withFullscreenOptions(unsigned options, const ScreenAreas& screen)
+{
+    return options | fullscreenOptions(screen);
+}
+
+unsigned withoutFullscreenOptions(unsigned options, const ScreenAreas& screen)
+{
+    return options & ~fullscreenOptions(screen);
+}
+
+quint32 displayID(const QScreen& screen)
+{
+    // The connector's name is the one thing that is the screen's own on every desktop.
+    static QHash<QString, quint32> ids;
+    const QString name = screen.name();
+    const auto known = ids.constFind(name);
+    return known != ids.constEnd() ? *known : *ids.insert(name, static_cast<quint32>(ids.size()) + 1);
+}
+
+bool isScreen(const QScreen& screen, const QScreen& other) { return displayID(screen) == displayID(other); }
+
+QScreen* screenWithDisplayID(quint32 id)
+{
+    for (QScreen* screen : QGuiApplication::screens())
+        if (displayID(*screen) == id)
+            return screen;
+    return nullptr;
+}
+
+ScreenAreas areasOf(const QScreen& screen) { return {screen.geometry(), screen.availableGeometry()}; }
+
+void Presentation::setFullscreenPresentationOptions(QWidget& window)
+{
+    setOptions(window, withFullscreenOptions(options(), areasOf(*window.screen())));
+}
+
+void Presentation::setNonFullscreenPresentationOptions(QWidget& window)
+{
+    setOptions(window, withoutFullscreenOptions(options(), areasOf(*window.screen())));
+}
+
+void WindowStatePresentation::setOptions(QWidget& window, unsigned options)
+{
+    m_options = options;
+    qCDebug(logScreens, "presentation options %u on screen %u", options, displayID(*window.screen()));
+    Qt::WindowStates state = window.windowState() & ~Qt::WindowMaximized;
+    state.setFlag(Qt::WindowFullScreen, (options & (AutoHideDock | AutoHideMenuBar)) != 0);
+    window.setWindowState(state);
+}
+
+} // namespace marvo

@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "viewer/FolderHands.h"
+
+#include "media/MRVMediaList.h"
+#include "platform/FileManager.h"
+#include "texts/DisplayText.h"
+#include "viewer/CustomWindow.h"
+#include "viewer/ListEmptyState.h"
+#include "viewer/MainViews.h"
+#include "viewer/MainWindowCommands.h"
+#include "viewer/PlaybackController.h"
+#include "viewer/RecentFoldersMenu.h"
+#include "viewer/RecordingFilterBar.h"
+#include "viewer/RecordingListView.h"
+#include "viewer/ReturnStrip.h"
+#include "viewer/SidePanel.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace marvo {
+
+FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
+                         const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback)
+    : m_views(views),
+      m_mediaList(mediaList),
+      m_playback(playback),
+      m_memory(m_preferences),
+      m_place(m_memory, player, mediaList, playInfo, playback),
+      m_recent(new RecentFoldersMenu(m_memory, commands.menu()))
+{
+    commands.insertRecentFolders(*m_recent);
+    connect(m_recent, &RecentFoldersMenu::folderChosen, this, &FolderHands::folderWanted);
+    connect(m_recent, &RecentFoldersMenu::clearRequested, this, [this] {
+        m_memory.clear();
+        showRecentFolders();
+    });
+    connect(&views.window, &CustomWindow::dropped, this, &FolderHands::dropped);
+    connect(commands.action(Command::FindRecording), &QAction::triggered, this, [this, &commands] {
+        if (m_mediaList.count() == 0 || m_views.window.isFullScreen())
+            return;
+        commands.action(Command::ClickMediaListViewButton)->trigger();
+        m_views.bodyRightBox->filterBar()->beginSearch();
+    });
+    connectRows();
+    showRecentFolders();
+}
+
+void FolderHands::connectRows()
+{
+    RecordingListView* list = m_views.bodyRightBox->mediaListTableView();
+    connect(&list->emptyState(), &ListEmptyState::recentRequested, this, [this](int index) {
+        const auto& folders = m_memory.folders();
+        if (index >= 0 && index < std::ssize(folders))
+            Q_EMIT folderWanted(std::string(folders[static_cast<std::size_t>(index)].path));
+    });
+    connect(list, &RecordingListView::showInFolderRequested, this, [this](std::int64_t row) {
+        if (const MRVMedia* media = m_mediaList.mediaAtIndex(row))
+            showInFileManager(media->path());
+    });
+    connect(list, &RecordingListView::copyPathRequested, this, [this](std::int64_t row) {
+        if (const MRVMedia* media = m_mediaList.mediaAtIndex(row))
+            QGuiApplication::clipboard()->setText(displayText(media->path()));
+    });
+    ReturnStrip* strip = m_views.bodyRightBox->returnStrip();
+    connect(strip, &ReturnStrip::accepted, this, [this] { m_place.returnToLastPlace(); });
+    connect(&m_playback, &PlaybackController::mediaIndexChanged, strip, &QWidget::hide);
+}
+
+void FolderHands::reopenLastFolder()
+{
+    if (m_memory.folders().empty())
+        return;
+    const std::string path = m_memory.folders().front().path;
+    Q_EMIT folderWanted(path);
+    m_onlyTried = true;
+}
+
+void FolderHands::dropped(const std::string& path)
+{
+    std::error_code failed;
+    if (std::filesystem::is_directory(path, failed)) {
+        Q_EMIT folderWanted(path);
+        return;
+    }
+    Q_EMIT folderWanted(std::filesystem::path(path).parent_path().string());
+    m_playWhenListed = path;
+}
+
+void FolderHands::folderWillChange()
+{
+    m_place.keep();
+    m_onlyTried = false;
+    m_playWhenListed.clear();
+    m_views.bodyRightBox->filterBar()->clear();
+    m_views.bodyRightBox->returnStrip()->hide();
+}
+
+bool FolderHands::folderListed()
+{
+    const bool found = m_mediaList.count() > 0;
+    m_views.bodyRightBox->filterBar()->setVisible(found);
+    if (found) {
+        m_memory.opened(m_mediaList.directoryPath());
+        showRecentFolders();
+    }
+    const bool gone = std::exchange(m_onlyTried, false) && !found && m_mediaList.folderError();
+
+    const std::string wanted = std::exchange(m_playWhenListed, {});
+    const auto& medias = m_mediaList.medias();
+    const auto recording = std::ranges::find(medias, wanted, &MRVMedia::path);
+    if (recording != medias.end())
+        m_playback.playAtIndex(recording - medias.begin());
+    else
+        offerReturn();
+    return !gone;
+}
+
+void FolderHands::offerReturn()
+{
+    const auto place = m_place.lastPlace();
+    if (!place)
+        return;
+    m_views.bodyRightBox->mediaListTableView()->selectOnlyRow(place->row);
+    m_views.bodyRightBox->returnStrip()->offer(*m_mediaList.mediaAtIndex(place->row), place->timeMs);
+}
+
+void FolderHands::showRecentFolders()
+{
+    m_recent->refresh();
+    QList<ListEmptyState::RecentFolder> folders;
+    for (const FolderMemory::Folder& folder : m_memory.folders())
+        folders.push_back({folderTitle(folder.path), folderPathText(folder.path)});
+    m_views.bodyRightBox->mediaListTableView()->emptyState().setRecentFolders(folders);
+}
+
+} // namespace marvo

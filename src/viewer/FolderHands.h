@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "viewer/FolderMemory.h"
+#include "viewer/PlaceKeeper.h"
+
+#include <QObject>
+#include <QSettings>
+
+#include <string>
+
+namespace marvo {
+
+class MainViews;
+class MainWindowCommands;
+class MediaPlayer;
+class MRVMediaList;
+class MRVPlayInfo;
+class PlaybackController;
+class RecentFoldersMenu;
+
+/// The handy ways to folders and recordings: those opened last, what is dropped onto the window, the place
+/// where watching was left, and what the menu of a row offers.
+class FolderHands : public QObject
+{
+    Q_OBJECT
+public:
+    /// None of the objects is owned; all must outlive this one.
+    FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
+                const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback);
+
+    /// Asks for the folder that was open last; without one, or when it is gone, the window stays as at a
+    /// first start.
+    void reopenLastFolder();
+
+    /// Call it before the list's folder changes,
+    void folderWillChange();
+    /// and when the new folder's list is shown. False when the folder that was only tried is not there: the
+    /// window then shows that nothing is open.
+    bool folderListed();
+    /// Writes what is remembered.
+    void keep() { m_place.keep(); }
+
+Q_SIGNALS:
+    void folderWanted(const std::string& path);
+
+private:
+    void dropped(const std::string& path);
+    void showRecentFolders();
+    void offerReturn();
+    void connectRows();
+
+    MainViews& m_views;
+    const MRVMediaList& m_mediaList;
+    PlaybackController& m_playback;
+    QSettings m_preferences;
+    FolderMemory m_memory;
+    PlaceKeeper m_place;
+    RecentFoldersMenu* m_recent;
+    std::string m_playWhenListed; ///< a recording that was dropped
+    bool m_onlyTried = false;
+};
+
+} // namespace marvo
