@@ -53,6 +53,8 @@ void FileSource::adopt(int descriptor)
         m_error = "Not a regular file";
     else
         m_descriptor = descriptor;
+    if (isOpen())
+        m_size = static_cast<std::uint64_t>(facts.st_size);
     if (m_descriptor < 0)
         ::close(descriptor);
 }

@@ -26,6 +26,8 @@ public:
     /// Why the file could not be opened, or else the first reading fault; empty while all is well. One line
     /// in English without a full stop, as the system words it.
     const std::string& error() const { return m_error; }
+    /// Bytes from the beginning of the reading on, when the file was opened; 0 when it could not be.
+    std::uint64_t size() const { return m_size > m_start ? m_size - m_start : 0; }
 
     std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override;
 
@@ -34,6 +36,7 @@ private:
 
     int m_descriptor = -1;
     std::uint64_t m_start = 0;
+    std::uint64_t m_size = 0;
     std::string m_error;
 };
 

@@ -1,0 +1,341 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "LogBytes.h"
+#include "logs/CellText.h"
+#include "logs/DrivingLog.h"
+#include "logs/LogExport.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <thread>
+#include <unistd.h>
+
+namespace marvo {
+namespace {
+
+using test::putAt;
+using test::TemporaryFolder;
+
+std::string cell(const LogDescription& log, const std::string& record, std::size_t column,
+                 std::uint64_t row = 0)
+{
+    std::string text(maxCellLength, '?');
+    const auto* bytes = reinterpret_cast<const std::byte*>(record.data());
+    text.resize(static_cast<std::size_t>(log.writeCell(bytes, row, column, text.data()) - text.data()));
+    return text;
+}
+
+/// What one field's bytes make of one column; all other bytes of the record are 0xEE, so that a column that
+/// reads elsewhere shows it.
+struct CellCase
+{
+    std::size_t column;
+    const char* text;
+    std::vector<std::pair<std::size_t, std::int64_t>> fields; ///< offset and value
+    std::size_t width = 2;                                    ///< of each field, in bytes
+};
+
+void verify(const LogDescription& log, const std::vector<CellCase>& cases)
+{
+    for (const CellCase& one : cases) {
+        std::string record(log.recordSize, '\xEE');
+        for (const auto& [offset, value] : one.fields) {
+            for (std::size_t i = 0; i < one.width; ++i)
+                record[offset + i] = static_cast<char>(value >> 8 * i & 0xFF);
+        }
+        EXPECT_EQ(cell(log, record, one.column), one.text) << log.fileType << " column " << one.column;
+    }
+}
+
+TEST(DrivingLogCells, ofTheDrivingLog)
+{
+    EXPECT_EQ(flashDataLog().columns.size(), 15U);
+    EXPECT_EQ(cell(flashDataLog(), std::string(40, '\xEE'), 0, 4'294'967'294), "4294967295");
+    verify(flashDataLog(), {
+                               {1, "65535", {{0, 65535}}},
+                               {2, "2024/03/07", {{4, 124}, {5, 3}, {6, 7}}, 1},
+                               {2, "2155/255/00", {{4, 255}, {5, 255}, {6, 0}}, 1},
+                               {3, "09:05:00", {{7, 9}, {8, 5}, {9, 0}}, 1},
+                               {4, "SUN", {{2, 0}}, 1},
+                               {4, "SAT", {{2, 6}}, 1},
+                               {4, "-", {{2, 7}}, 1},
+                               {4, "-", {{2, 255}}, 1},
+                               {5, "3733.1234", {{10, 3733}, {12, 1234}}},
+                               {5, "0000.0000", {{10, 0}, {12, 0}}},
+                               {5, "65535.65535", {{10, 65535}, {12, 65535}}},
+                               {6, "12658.0040", {{14, 12658}, {16, 40}}},
+                               {6, "00007.0000", {{14, 7}, {16, 0}}},
+                               {7, "1234.5", {{20, 12345}}, 4},
+                               {7, "400000000.0", {{20, 4'000'000'000}}, 4},
+                               {7, "0.0", {{20, 0}}, 4},
+                               {8, "60000", {{18, 60000}}},
+                               {9, "60000", {{28, 60000}}},
+                               {10, "A", {{3, 1}}, 1},
+                               {10, "V", {{3, 0}}, 1},
+                               {10, "V", {{3, 2}}, 1},
+                               {11, "+1.00", {{32, 256}}},
+                               {12, "-0.50", {{34, -128}}},
+                               {13, "+0.00", {{36, 0}}},
+                               {13, "-128.00", {{36, -32768}}},
+                               {14, "12.5", {{38, 125}}},
+                               {14, " 0.5", {{38, 5}}},
+                               {14, " 9.9", {{38, 99}}},
+                               {14, " 0.-5", {{38, -5}}},
+                               {14, "-12.-5", {{38, -125}}},
+                           });
+}
+
+TEST(DrivingLogCells, ofTheObdLog)
+{
+    EXPECT_EQ(obdDriveInfoLog().columns.size(), 26U);
+    std::vector<CellCase> cases = {
+        {1, "70000", {{0, 70000}}, 4},
+        {2, "2024/12/31", {{5, 124}, {6, 12}, {7, 31}}, 1},
+        {3, "23:59:58", {{8, 23}, {9, 59}, {10, 58}}, 1},
+        {4, "MON", {{11, 1}}, 1},
+        {4, "-", {{11, 7}}, 1},
+        {5, "3733.1234", {{12, 3733}, {14, 1234}}},
+        {6, "12658.0040", {{16, 12658}, {18, 40}}},
+        {10, "1234.6", {{28, 1'234'567}}, 4},
+        {10, "2147483.6", {{28, 2'147'483'647}}, 4},
+        {10, "-", {{28, -1}}, 4},
+        {11, "12.6", {{32, 12600}}},
+        {11, "-", {{32, -1}}},
+        {16, "-35", {{42, -35}}},
+        {16, "9998", {{42, 9998}}},
+        {16, "-", {{42, 9999}}},
+        {18, "-", {{46, 0}}},
+        {18, "3", {{46, 3}}},
+        {19, "-", {{48, 0}}},
+        {19, "P", {{48, 1}}},
+        {19, "R", {{48, 2}}},
+        {19, "N", {{48, 3}}},
+        {19, "D", {{48, 4}}},
+        {19, "-", {{48, 5}}},
+        {20, "OFF", {{50, 0}}},
+        {20, "ON", {{50, 1}}},
+        {20, "-", {{50, 2}}},
+        {20, "-", {{50, -1}}},
+        {22, "25.5", {{54, 2550}}},
+        {22, "-5.0", {{54, -500}}},
+        {22, "-", {{54, 9999}}},
+        {22, "-0.0", {{54, -4}}},
+        {23, "+1.00", {{60, 256}}},
+        {24, "-0.50", {{62, -128}}},
+        {25, "-0.00", {{64, -1}}},
+    };
+    const std::pair<std::size_t, std::size_t> numbers[] = {{7, 24}, {8, 20}, {9, 26}, {12, 34}, {21, 52}};
+    for (const auto& [column, offset] : numbers) {
+        cases.push_back({column, "0", {{offset, 0}}});
+        cases.push_back({column, "32767", {{offset, 32767}}});
+        cases.push_back({column, "-", {{offset, -1}}});
+    }
+    const std::pair<std::size_t, std::size_t> states[] = {{13, 36}, {14, 38}, {15, 40}, {17, 44}};
+    for (const auto& [column, offset] : states) {
+        cases.push_back({column, "OFF", {{offset, 0}}});
+        cases.push_back({column, "ON", {{offset, 7}}});
+        cases.push_back({column, "-", {{offset, -1}}});
+    }
+    verify(obdDriveInfoLog(), cases);
+}
+
+/// The numbers with decimals are made of whole ones; printf says what they must be.
+TEST(DrivingLogCells, decimalsAreThoseOfPrintf)
+{
+    const auto verifyText = [](auto write, const char* format, double value) {
+        std::array<char, maxCellLength> written;
+        CellText out(written.data(), 0);
+        write(out);
+        std::array<char, 64> expected;
+        const int length = std::snprintf(expected.data(), expected.size(), format, value);
+        ASSERT_EQ(std::string_view(written.data(), static_cast<std::size_t>(out.end() - written.data())),
+                  std::string_view(expected.data(), static_cast<std::size_t>(length)));
+    };
+    for (int raw = -32768; raw <= 32767; ++raw) {
+        const auto value = static_cast<std::int16_t>(raw);
+        verifyText([&](CellText& out) { out.signedHundredthsOf256th(value); }, "%+.2f",
+                   static_cast<double>(static_cast<float>(value)) * 0.00390625);
+        verifyText([&](CellText& out) { out.tenths(value, 100); }, "%.1f", value / 100.0);
+        verifyText([&](CellText& out) { out.tenths(value, 1000); }, "%.1f", value / 1000.0);
+    }
+    std::mt19937 random(5); // NOLINT(cert-msc51-cpp): failures must be repeatable
+    for (int round = 0; round < 100'000; ++round) {
+        const auto any = static_cast<std::uint32_t>(random());
+        verifyText([&](CellText& out) { out.tenths(any, 10); }, "%.1f", any / 10.0);
+        const std::uint32_t half = any / 200 * 100 + 50; // between two tenths
+        verifyText([&](CellText& out) { out.tenths(half, 1000); }, "%.1f", half / 1000.0);
+    }
+}
+
+TEST(DrivingLogFile, isNamedByItsType)
+{
+    EXPECT_EQ(logOfFile("/card/DrvInfo/marvo_000.drv"), &flashDataLog());
+    EXPECT_EQ(logOfFile("X.OBD"), &obdDriveInfoLog());
+    for (const char* other : {"", "drv", ".dr", "/a.drv/b", "a.drv.csv"})
+        EXPECT_EQ(logOfFile(other), nullptr) << other;
+}
+
+TEST(DrivingLogFile, cutAtEveryByte)
+{
+    const TemporaryFolder folder;
+    const std::string whole = test::drivingLog(3, 3);
+    for (std::size_t size = 0; size <= whole.size(); ++size) {
+        const std::string path = folder.write("marvo_000.drv", whole.substr(0, size));
+        const auto reading = DrivingLog::read(path, flashDataLog());
+        if (size < 12) {
+            EXPECT_EQ(reading.fault, DrivingLog::Fault::NoLog) << size;
+            EXPECT_EQ(reading.log, nullptr);
+            continue;
+        }
+        ASSERT_NE(reading.log, nullptr) << size;
+        EXPECT_EQ(reading.log->recordCount(), (size - 12) / 40);
+        EXPECT_EQ(reading.log->promisedCount(), 3U);
+        EXPECT_EQ(reading.log->endsEarly(), size < whole.size());
+    }
+}
+
+TEST(DrivingLogFile, countsThatAreNotTrue)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.write("a.drv", test::drivingLog(0xFFFFFFFF, 2) + "half a record");
+    const auto many = DrivingLog::read(path, flashDataLog());
+    ASSERT_NE(many.log, nullptr);
+    EXPECT_EQ(many.log->recordCount(), 2U);
+    folder.write("a.drv", test::drivingLog(1, 5));
+    const auto few = DrivingLog::read(path, flashDataLog());
+    EXPECT_EQ(few.log->recordCount(), 1U);
+    EXPECT_FALSE(few.log->endsEarly());
+    folder.write("a.drv", test::drivingLog(0, 5));
+    EXPECT_EQ(DrivingLog::read(path, flashDataLog()).log->recordCount(), 0U);
+
+    // A hole of 170 GB takes no room on the disk, but would in memory.
+    folder.write("a.drv", test::drivingLog(0xFFFFFFFF, 0));
+    ASSERT_EQ(::truncate(path.c_str(), 12 + 0xFFFFFFFFLL * 40), 0);
+    EXPECT_EQ(DrivingLog::read(path, flashDataLog()).fault, DrivingLog::Fault::NoMemory);
+
+    EXPECT_EQ(DrivingLog::read(folder.path("none.drv"), flashDataLog()).fault, DrivingLog::Fault::CannotOpen);
+    EXPECT_EQ(DrivingLog::read(folder.path(), flashDataLog()).fault, DrivingLog::Fault::CannotOpen);
+}
+
+TEST(DrivingLogFile, cutWhileItIsReadIsAFault)
+{
+    const TemporaryFolder folder;
+    const std::string bytes = test::drivingLog(200'000, 200'000);
+    const std::string path = folder.write("a.drv", bytes);
+    std::atomic<bool> ended = false;
+    std::jthread cutter([&] {
+        while (!ended) {
+            std::filesystem::resize_file(path, 100);
+            std::filesystem::resize_file(path, bytes.size());
+        }
+    });
+    for (int round = 0; round < 100; ++round) {
+        const auto reading = DrivingLog::read(path, flashDataLog());
+        if (!reading.log) {
+            EXPECT_EQ(reading.fault, DrivingLog::Fault::CannotRead);
+            EXPECT_FALSE(reading.detail.empty());
+        } else {
+            EXPECT_TRUE(reading.log->recordCount() == 200'000U || reading.log->recordCount() == 2U);
+        }
+    }
+    ended = true;
+}
+
+TEST(DrivingLogWay, leavesOutWhatIsNoPlaceAndKeepsGaps)
+{
+    const TemporaryFolder folder;
+    std::string file = test::logHeader(70'006);
+    file += test::drivingRecord(0, 0, 0, 12658, 40);
+    file += test::drivingRecord(1, 3733, 1234, 0, 0);
+    file += test::drivingRecord(2, 3733, 1234);
+    file += test::drivingRecord(3, 3733, 1234);
+    // Some 18 m a record, and a gap of a degree in the middle.
+    for (std::uint16_t i = 0; i < 35'000; ++i)
+        file += test::drivingRecord(4, static_cast<std::uint16_t>(3800 + i / 100 % 60),
+                                    static_cast<std::uint16_t>(i % 100 * 100));
+    for (std::uint16_t i = 0; i < 35'000; ++i)
+        file += test::drivingRecord(5, static_cast<std::uint16_t>(4000 + i / 100 % 60),
+                                    static_cast<std::uint16_t>(i % 100 * 100));
+    file += test::drivingRecord(6, 0, 0, 0, 0) + test::drivingRecord(7, 4059, 9999);
+    const auto log = DrivingLog::read(folder.write("a.drv", file), flashDataLog()).log;
+    ASSERT_NE(log, nullptr);
+    EXPECT_NEAR(log->position(2).latitude, 37.552057, 5e-7);
+    EXPECT_NEAR(log->position(2).longitude, 126.966733, 5e-7);
+
+    const auto way = log->way();
+    EXPECT_LE(way.size(), 50'000U);
+    EXPECT_GE(way.size(), 10'000U);
+    EXPECT_NEAR(way.front().latitude, 37.552057, 5e-7);
+    EXPECT_NEAR(way.back().latitude, 40 + 59.9999 / 60, 5e-7);
+}
+
+class DrivingLogExport : public ::testing::Test
+{
+protected:
+    std::shared_ptr<const DrivingLog> read(std::uint32_t records)
+    {
+        const std::string path = folder.write("marvo_000.drv", test::drivingLog(records, records));
+        return DrivingLog::read(path, flashDataLog()).log;
+    }
+
+    TemporaryFolder folder;
+    std::vector<std::string> titles = {"a", "b", "c", "d", "e", "f", "g", "h",
+                                       "i", "j", "k", "l", "m", "n", "o"};
+};
+
+TEST_F(DrivingLogExport, replacesTheWholeFile)
+{
+    const std::string path = folder.write("out.csv", std::string(5000, 'x'));
+    std::vector<std::uint64_t> heard;
+    ASSERT_FALSE(exportLog(*read(2), titles, path, [&](std::uint64_t records) {
+        heard.push_back(records);
+        return true;
+    }));
+    EXPECT_EQ(folder.read("out.csv"), "a,b,c,d,e,f,g,h,i,j,k,l,m,n,o\n"
+                                      "1,0,2024/03/07,09:05:00,THU,3733.0000,12658.0040,1234.5,60,95,A,+1.00,"
+                                      "-0.50,+0.00,12.5\n"
+                                      "2,1,2024/03/07,09:05:00,THU,3733.0001,12658.0040,1234.5,60,95,A,+1.00,"
+                                      "-0.50,+0.00,12.5\n");
+    EXPECT_EQ(heard.back(), 2U);
+}
+
+TEST_F(DrivingLogExport, everyRowOfManyPiecesIsThere)
+{
+    const auto log = read(30'000);
+    std::string text;
+    ASSERT_FALSE(writeLogAsCsv(*log, titles, [&](std::string_view piece) {
+        text += piece;
+        return std::error_code();
+    }));
+    std::size_t row = 0;
+    DrivingLog::CellBuffer buffer;
+    for (std::size_t at = text.find('\n') + 1; at < text.size(); at = text.find('\n', at) + 1, ++row) {
+        const std::string begin = std::to_string(row + 1) + ',' + std::to_string(row % 65536) + ',';
+        ASSERT_EQ(text.substr(at, begin.size()), begin);
+        const std::string lat(log->cellText(5, row, buffer));
+        ASSERT_NE(text.substr(at, text.find('\n', at) - at).find(lat), std::string::npos);
+    }
+    EXPECT_EQ(row, 30'000U);
+}
+
+TEST_F(DrivingLogExport, stopsWithTheOldFileInPlace)
+{
+    const auto log = read(30'000);
+    const std::string path = folder.write("out.csv", "old");
+    EXPECT_EQ(exportLog(*log, titles, path, [](std::uint64_t) { return false; }),
+              std::errc::operation_canceled);
+    EXPECT_EQ(folder.read("out.csv"), "old");
+    EXPECT_EQ(exportLog(*log, titles, "/dev/full"), std::errc::no_space_on_device);
+    EXPECT_EQ(exportLog(*log, titles, folder.path("none/out.csv")), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(exportLog(*log, titles, folder.path("./marvo_000.drv")), std::errc::file_exists)
+        << "the log itself";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2)
+        << "a temporary stays";
+}
+
+} // namespace
+} // namespace marvo
