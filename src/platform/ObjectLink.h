@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/DetachedWorkers.h"
+
 #include <QMetaObject>
 
+#include <memory>
 #include <mutex>
 #include <utility>
 
@@ -39,5 +42,17 @@ private:
     std::mutex m_mutex;
     Target* m_target;
 };
+
+/// Runs `work`, which owns all it touches, on a worker that nobody waits for, and hands its result to
+/// done(Target&, result) on the target's thread, unless the target is gone by then.
+template <typename Target, typename Work, typename Done>
+void runInBackground(DetachedWorkers& workers, std::shared_ptr<ObjectLink<Target>> link, Work work, Done done)
+{
+    workers.start([link = std::move(link), work = std::move(work), done = std::move(done)]() mutable {
+        link->post([done = std::move(done), result = work()](Target& target) mutable {
+            done(target, std::move(result));
+        });
+    });
+}
 
 } // namespace marvo

@@ -4,6 +4,7 @@
 
 #include "card/clock/MRVTimeSetupController.h"
 #include "controls/FractionSlider.h"
+#include "logs/window/DrivingLogWindow.h"
 #include "settings/window/MRVSettingController.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/DataPanelUpdater.h"
@@ -187,6 +188,7 @@ void MRVAppDelegate::connectCommands()
     on(Command::SizeDown, playback, &PlaybackController::sizeDown);
     on(Command::SizeUp, playback, &PlaybackController::sizeUp);
     on(Command::ToggleFullScreen, this, &MRVAppDelegate::toggleFullScreen);
+    on(Command::OpenDrivingLog, this, &MRVAppDelegate::openDrivingLog);
     on(Command::ShowSettingPanel, this, &MRVAppDelegate::showSettingPanel);
     on(Command::ShowTimeSetupPanel, this, &MRVAppDelegate::showTimeSetupPanel);
     on(Command::ClickMediaListViewButton, this, &MRVAppDelegate::clickMediaListViewButton);
@@ -316,6 +318,13 @@ void MRVAppDelegate::showPanel(QPointer<QWidget>& panel, Arguments&&... argument
 void MRVAppDelegate::showSettingPanel() { showPanel<MRVSettingController>(m_settingPanel, this); }
 
 void MRVAppDelegate::showTimeSetupPanel() { showPanel<MRVTimeSetupController>(m_timeSetupPanel); }
+
+void MRVAppDelegate::openDrivingLog()
+{
+    openDrivingLogDialog(m_window.get(), m_mediaList.directoryPath(), [this](DrivingLogWindow& log) {
+        connect(m_window.get(), &CustomWindow::windowWillClose, &log, &QWidget::close);
+    });
+}
 
 void MRVAppDelegate::toggleFullScreen()
 {

@@ -79,6 +79,8 @@ public:
     void showTimeSetupPanel();
     /// The settings or clock dialog that was opened last; none once it has been closed.
     QWidget* lastDialogController() const { return m_lastDialogController; }
+    /// Asks for a driving log, of any camera, and shows it in a window of its own.
+    void openDrivingLog();
 
     CustomWindow& window() const { return *m_window; }
     MainViews& views() const { return *m_views; }

@@ -24,7 +24,7 @@ const std::vector<MenuSection>& menuTable()
 {
     using enum Command;
     static const std::vector<MenuSection> table{
-        {nullptr, {OpenMediaDirectoryDialog}},
+        {nullptr, {OpenMediaDirectoryDialog, OpenDrivingLog}},
         {nullptr, {ShowSettingPanel, ShowTimeSetupPanel}},
         {nullptr, {CaptureVideo, Print}},
         {nullptr, {}}, // a line between the commands and the submenus
@@ -49,6 +49,7 @@ const std::vector<CommandRow>& commandTable()
     const auto control = [](Qt::Key keyCode) { return QKeySequence(Qt::CTRL | keyCode); };
     static const std::vector<CommandRow> table{
         {OpenMediaDirectoryDialog, "openMediaDirectoryDialog", {key(Qt::Key_O), control(Qt::Key_O)}},
+        {OpenDrivingLog, "openDrivingLog", {control(Qt::Key_L)}},
         {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}},
         {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}},
         {CaptureVideo, "captureVideo", {control(Qt::Key_S)}, Once, NotYet},

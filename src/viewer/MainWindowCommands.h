@@ -17,6 +17,7 @@ namespace marvo {
 /// What the user can tell the main window to do.
 enum class Command {
     OpenMediaDirectoryDialog,
+    OpenDrivingLog,
     ShowSettingPanel,
     ShowTimeSetupPanel,
     CaptureVideo,

@@ -2,21 +2,42 @@
 // SPDX-License-Identifier: MIT
 #include "settings/window/SettingsTabs.h"
 
+#include "logs/window/MRVSettingForFlashDataViewController.h"
+#include "logs/window/MRVSettingForObdDriveInfoViewController.h"
 #include "settings/tabs/MRVSettingForAudioViewController.h"
 #include "settings/tabs/MRVSettingForAuxViewController.h"
 #include "settings/tabs/MRVSettingForBasicViewController.h"
 #include "settings/tabs/MRVSettingForGpsViewController.h"
 #include "settings/tabs/MRVSettingForObdViewController.h"
 #include "settings/tabs/MRVSettingForVideoViewController.h"
+#include "settings/window/CardSettings.h"
 
 namespace marvo {
 
 namespace {
 
 template <typename Tab>
-SettingsTabView* create(QWidget* parent)
+SettingsTabView* create(QWidget* parent, const SelectedCard&)
 {
     return new Tab(parent);
+}
+
+/// A log's view begins to look where the card keeps its logs.
+template <typename LogView>
+LogView* createLogView(QWidget* parent, const SelectedCard& card)
+{
+    auto* view = new LogView(parent);
+    if (card.selectedUSBDisk)
+        view->setLogFolder(card.selectedUSBDisk->rootFile(logFolderName));
+    return view;
+}
+
+SettingsTabView* createDriveInfoController(QWidget* parent, const SelectedCard& card)
+{
+    auto* view = createLogView<MRVSettingForFlashDataViewController>(parent, card);
+    if (card.drivingLogPath)
+        view->setFlashDataFilePath(*card.drivingLogPath);
+    return view;
 }
 
 } // namespace
@@ -29,14 +50,20 @@ const std::vector<SettingsTab>& settingsTabs()
         {"setting.gps", "setting.gps", create<MRVSettingForGpsViewController>},
         {"setting.aux", "setting.aux", create<MRVSettingForAuxViewController>},
         {"setting.audio", "setting.audio", create<MRVSettingForAudioViewController>},
+        {"setting.driveinfoview", "setting.information", createDriveInfoController,
+         SettingsTab::Lifetime::Window},
     };
     return tabs;
 }
 
-const SettingsTab& obdSettingsTab()
+const std::vector<SettingsTab>& obdTabs()
 {
-    static const SettingsTab tab = {"setting.obd", "setting.obd", create<MRVSettingForObdViewController>};
-    return tab;
+    static const std::vector<SettingsTab> tabs = {
+        {"setting.obd", "setting.obd", create<MRVSettingForObdViewController>},
+        {"setting.obdinfoview", "setting.obdinfoview", createLogView<MRVSettingForObdDriveInfoViewController>,
+         SettingsTab::Lifetime::Window},
+    };
+    return tabs;
 }
 
 } // namespace marvo

@@ -54,7 +54,11 @@ SelectedCard findUSBVolume(Disks& disks, CardNaming naming, SelectedCard earlier
     if (!card || fileSize(card->rootFile(settingsFileName)) != fileDataSize)
         return {};
     const auto used = named(disks, *card, naming);
-    return {used, used->rootFile(settingsFileName), holdsObdLog(used->mountedURL())};
+    SelectedCard selected{used, used->rootFile(settingsFileName), holdsObdLog(used->mountedURL()), {}};
+    const std::string log = used->rootFile(std::string(logFolderName) + "/marvo_000.drv");
+    if (fileSize(log))
+        selected.drivingLogPath = log;
+    return selected;
 }
 
 LoadedSettings loadSettingFile(Disks& disks, CardNaming naming, InterfaceLanguage language,

@@ -15,12 +15,16 @@ namespace marvo {
 class Disks;
 class SettingsBackups;
 
+/// The folder of driving logs on a card.
+inline constexpr const char* logFolderName = "DrvInfo";
+
 /// The card whose settings are edited. Both are none when there is no card with a settings file.
 struct SelectedCard
 {
     std::optional<TKUSBDiskEntity> selectedUSBDisk;
     std::optional<std::string> m_SettingFilePath; ///< of "config.bin" on it
     bool holdsObdLog = false;                     ///< its driving logs are those of an OBD adapter
+    std::optional<std::string> drivingLogPath;    ///< of its driving log, when it holds one
 };
 
 /// What finding a card may do to it.

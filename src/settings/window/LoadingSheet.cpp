@@ -3,8 +3,10 @@
 #include "settings/window/LoadingSheet.h"
 
 #include "controls/PMProgressIndicator.h"
+#include "texts/Localisation.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace marvo {
@@ -18,7 +20,8 @@ constexpr double giveUpSeconds = 15;
 LoadingSheet::LoadingSheet(QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::FramelessWindowHint),
       m_progressTitleField(new QLabel(this)),
-      m_progressIndicator(new PMProgressIndicator(this))
+      m_progressIndicator(new PMProgressIndicator(this)),
+      m_cancelButton(new QPushButton(localised("cancel"), this))
 {
     setObjectName(QStringLiteral("progressPanel"));
     m_progressTitleField->setObjectName(QStringLiteral("progressTitleField"));
@@ -30,12 +33,18 @@ LoadingSheet::LoadingSheet(QWidget* window)
     layout->addWidget(m_progressTitleField);
     layout->addWidget(m_progressIndicator);
     m_progressIndicator->setMinimumWidth(260);
+    m_cancelButton->setObjectName(QStringLiteral("cancelLoadingButton"));
+    layout->addWidget(m_cancelButton, 0, Qt::AlignRight);
+    connect(m_cancelButton, &QPushButton::clicked, this, &LoadingSheet::reject);
     m_tick.setInterval(tickInterval);
     connect(&m_tick, &QTimer::timeout, this, [this] { updateLoadingWindow(giveUpSeconds); });
 }
 
-void LoadingSheet::showLoading(const QString& title)
+void LoadingSheet::showLoading(const QString& title, std::function<void()> cancel)
 {
+    m_cancel = std::move(cancel);
+    m_cancelButton->setVisible(m_cancel != nullptr);
+    m_cancelButton->setEnabled(true);
     m_progressIndicator->setIndeterminate(true);
     m_stopLoadingWindow = false;
     m_progress = 0;
@@ -43,13 +52,30 @@ void LoadingSheet::showLoading(const QString& title)
     m_progressIndicator->startAnimation();
     m_progressTitleField->setText(title);
     m_tick.start();
+    adjustSize();
     open();
+}
+
+void LoadingSheet::setProgress(double percent)
+{
+    m_progress = 0;
+    m_progressIndicator->setIndeterminate(false);
+    m_progressIndicator->setDoubleValue(percent);
+}
+
+void LoadingSheet::reject()
+{
+    if (!m_cancel)
+        return;
+    m_cancelButton->setEnabled(false);
+    m_cancel();
 }
 
 void LoadingSheet::updateLoadingWindow(double seconds)
 {
     m_progress += 100 / (2 * seconds);
-    m_progressIndicator->setDoubleValue(m_progress);
+    if (m_progressIndicator->isIndeterminate())
+        m_progressIndicator->setDoubleValue(m_progress);
     if (m_progress < 100 && !m_stopLoadingWindow)
         return;
     m_tick.stop();

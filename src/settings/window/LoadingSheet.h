@@ -6,15 +6,18 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 
 class QLabel;
+class QPushButton;
 
 namespace marvo {
 
 class PMProgressIndicator;
 
-/// A small sheet over a window that something is being read. It goes at the next tick after hideLoading(),
-/// and by itself after 30 ticks, so that a card that never answers does not hold the window for ever.
+/// A small sheet over a window that something is being read or written. It goes at the next tick after
+/// hideLoading(), and by itself 30 ticks after the last sign of life, so that a card that never answers does
+/// not hold the window for ever.
 class LoadingSheet : public QDialog
 {
     Q_OBJECT
@@ -23,16 +26,21 @@ public:
 
     explicit LoadingSheet(QWidget* window);
 
-    void showLoading(const QString& title);
+    /// With something to call for it, the sheet offers to cancel; else it cannot be waved away.
+    void showLoading(const QString& title, std::function<void()> cancel = {});
+    /// How much is done, 0 to 100: a sign of life. Until then the sheet shows only that work goes on.
+    void setProgress(double percent);
     void hideLoading() { m_stopLoadingWindow = true; }
 
-    void reject() override {} ///< what is being read cannot be waved away
+    void reject() override;
 
 private:
     void updateLoadingWindow(double seconds);
 
     QLabel* m_progressTitleField;
     PMProgressIndicator* m_progressIndicator;
+    QPushButton* m_cancelButton;
+    std::function<void()> m_cancel;
     QTimer m_tick;
     double m_progress = 0;
     bool m_stopLoadingWindow = true;

@@ -64,9 +64,9 @@ MRVSettingController::~MRVSettingController() { m_link->sever(); }
 template <typename Work, typename Done>
 void MRVSettingController::runInBackground(Work work, Done done)
 {
-    m_workers.start([link = m_link, work = std::move(work), done = std::move(done)]() mutable {
-        link->post([done, result = work()](MRVSettingController&) mutable { done(std::move(result)); });
-    });
+    marvo::runInBackground(
+        m_workers, m_link, std::move(work),
+        [done = std::move(done)](MRVSettingController&, auto result) mutable { done(std::move(result)); });
 }
 
 void MRVSettingController::buildWindow()
@@ -241,7 +241,7 @@ void MRVSettingController::updateTabBar()
 {
     m_tabs = settingsTabs();
     if (ObdPreference::isOn() || m_card.holdsObdLog)
-        m_tabs.push_back(obdSettingsTab());
+        m_tabs.insert(m_tabs.end(), obdTabs().begin(), obdTabs().end());
     QStringList labels;
     for (const SettingsTab& tab : m_tabs)
         labels.append(localised(tab.labelKey));
@@ -265,9 +265,10 @@ void MRVSettingController::changeViewController(int index)
         }
         m_targetController->populate();
         m_targetController->onHide();
-        // Its own click may have led here.
         m_targetController->hide();
-        m_targetController->deleteLater();
+        m_targetView->layout()->removeWidget(m_targetController);
+        if (!m_keptTabs.values().contains(m_targetController))
+            m_targetController->deleteLater(); // its own click may have led here
         m_targetController = nullptr;
     }
     showTab(index);
@@ -276,12 +277,19 @@ void MRVSettingController::changeViewController(int index)
 void MRVSettingController::showTab(int index)
 {
     const SettingsTab& tab = m_tabs[static_cast<std::size_t>(index)];
-    m_targetController = tab.create(m_targetView);
-    m_targetController->setAccessibleName(localised(tab.titleKey));
-    m_targetView->layout()->addWidget(m_targetController);
-    m_targetController->setMainController(this);
-    m_targetController->setFileData(&m_FileData);
-    m_targetController->show();
+    SettingsTabView* view = m_keptTabs.value(QLatin1StringView(tab.labelKey));
+    if (!view) {
+        view = tab.create(m_targetView, m_card);
+        view->setAccessibleName(localised(tab.titleKey));
+        if (tab.lifetime == SettingsTab::Lifetime::Window)
+            m_keptTabs.insert(QString::fromLatin1(tab.labelKey), view);
+    }
+    m_targetController = view;
+    m_targetView->layout()->addWidget(view);
+    // In this order: what a tab begins when it first sees the record covers no window.
+    view->setFileData(&m_FileData);
+    view->setMainController(this);
+    view->show();
     m_lastSelectedTabIndex = index;
     m_functionSegmentedControl->setSelectedSegment(index);
 }

@@ -9,6 +9,7 @@
 #include "settings/window/SettingsTabs.h"
 #include "texts/Localisation.h"
 
+#include <QHash>
 #include <QWidget>
 
 #include <memory>
@@ -57,6 +58,7 @@ public:
     /// The loading sheet; it goes by itself after 15 s. Also used by the views in the window's tabs.
     void showLoading(const QString& title);
     void hideLoading();
+    LoadingSheet& loadingSheet() { return *m_loadingSheet; }
 
 Q_SIGNALS:
     /// The record has been read from the card, or was found to stay as it is.
@@ -95,7 +97,8 @@ private:
     _FILEDATA m_FileData{};
     SelectedCard m_card;
     SettingsBackups m_backups;
-    std::vector<SettingsTab> m_tabs; ///< of the segments now offered
+    std::vector<SettingsTab> m_tabs;             ///< of the segments now offered
+    QHash<QString, SettingsTabView*> m_keptTabs; ///< by the key of their label
     int m_lastSelectedTabIndex = -1;
     bool m_initialised = false;
     bool m_touched = false; ///< a person has done something in a tab

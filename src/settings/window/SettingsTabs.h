@@ -10,18 +10,26 @@ class QWidget;
 namespace marvo {
 
 class SettingsTabView;
+struct SelectedCard;
 
 /// One segment of the settings window's tab bar.
 struct SettingsTab
 {
+    enum class Lifetime {
+        Visit, ///< made anew each time it is shown
+        Window ///< made once and shown again
+    };
+
     const char* labelKey; ///< of its segment
     const char* titleKey; ///< of the tab itself
-    std::function<SettingsTabView*(QWidget* parent)> create;
+    std::function<SettingsTabView*(QWidget* parent, const SelectedCard& card)> create;
+    Lifetime lifetime = Lifetime::Visit;
 };
 
-/// The tabs over the settings record that every camera has, in the order of their segments.
+/// The tabs that every camera has, in the order of their segments: those over the settings record, and the
+/// driving log.
 const std::vector<SettingsTab>& settingsTabs();
-/// The tab of cameras with an OBD adapter.
-const SettingsTab& obdSettingsTab();
+/// Those that cameras with an OBD adapter have beyond: its settings and its log.
+const std::vector<SettingsTab>& obdTabs();
 
 } // namespace marvo
