@@ -10,8 +10,8 @@ namespace marvo::cli {
 
 namespace {
 
-constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand, &listCommand, &settingsCommand,
-                                       &demoCommand};
+constexpr const Command* commands[] = {&inspectCommand,  &nmeaCommand, &listCommand,
+                                       &settingsCommand, &logCommand,  &demoCommand};
 
 void say(const Command& command, std::string_view message, std::string_view hint)
 {
