@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ActiveWindow.h"
 #include "controls/SegmentedControl.h"
+#include "logs/LogBytes.h"
+#include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "platform/FolderDisks.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
+#include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
 #include "TabTesting.h"
 #include "TemporaryFolder.h"
@@ -14,11 +17,18 @@
 
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QStandardPaths>
 
 #include <memory>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/statvfs.h>
 
 using namespace marvo;
 using marvo::test::TemporaryFolder;
@@ -27,7 +37,7 @@ using marvo::testing::control;
 
 namespace {
 
-enum Segment { Video, Basic, Gps, Aux, Audio };
+enum Segment { Video, Basic, Gps, Aux, Audio, DrivingLog, Obd, ObdLog };
 
 struct Viewer : viewControllerForMRVSettingDelegate
 {
@@ -48,6 +58,36 @@ void writeBytes(const std::string& path, const QByteArray& bytes)
 }
 
 } // namespace
+
+/// The card's folder as a file system of its own, so that it can be full or read-only like a card.
+class MountedCard
+{
+public:
+    explicit MountedCard(const std::string& folder) : m_folder(folder)
+    {
+        isMounted = ::mount("marvo-test", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
+    }
+    ~MountedCard()
+    {
+        if (isMounted)
+            ::umount2(m_folder.c_str(), MNT_DETACH);
+    }
+    bool makeReadOnly() { return ::mount("", m_folder.c_str(), "", MS_REMOUNT | MS_RDONLY, "") == 0; }
+    bool fill()
+    {
+        QFile filler(QFile::decodeName(m_folder.c_str()) + QStringLiteral("/event.avi"));
+        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            return false;
+        while (filler.write(QByteArray(4096, 'x')) == 4096) {
+        }
+        struct statvfs facts = {};
+        return ::statvfs(m_folder.c_str(), &facts) == 0 && facts.f_bavail == 0;
+    }
+    bool isMounted = false;
+
+private:
+    std::string m_folder;
+};
 
 /// The settings window as a person drives it, on a folder that stands for the card.
 class TestSettingsWindow : public QObject
@@ -84,6 +124,7 @@ private Q_SLOTS:
         QStandardPaths::setTestModeEnabled(true);
         QDir(SettingsBackups::defaultFolder()).removeRecursively();
         QVERIFY(installLanguage(InterfaceLanguage::English));
+        ObdPreference::set(false);
     }
 
     void init()
@@ -206,6 +247,91 @@ private Q_SLOTS:
         QVERIFY(QDir(QFile::decodeName(m_card->path("config.bin/inside").c_str())).exists());
     }
 
+    void cardThatTakesNothingIsAWarning_data()
+    {
+        QTest::addColumn<bool>("full");
+        QTest::newRow("full") << true;
+        QTest::newRow("read-only") << false;
+    }
+
+    void cardThatTakesNothingIsAWarning()
+    {
+        QFETCH(bool, full);
+        const QByteArray before = bytesOf(configPath());
+        MountedCard mounted(m_card->path());
+        if (!mounted.isMounted)
+            QSKIP("mounting takes the rights of an administrator");
+        writeBytes(configPath(), before);
+        QVERIFY(full ? mounted.fill() : mounted.makeReadOnly());
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        clickItem(*m_window, "speedDisplayUnitSeg", 0);
+        press("saveButton");
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("Warn"));
+        QCOMPARE(message()->informativeText(), localised("msg.write_protected_disk"));
+        QVERIFY(m_viewer->told.empty());
+        QCOMPARE(bytesOf(configPath()), before);
+        const QDir card(QFile::decodeName(m_card->path().c_str()));
+        QVERIFY2(card.entryList({QStringLiteral(".marvo*")}, QDir::Files | QDir::Hidden).isEmpty(),
+                 "a temporary stays");
+        message()->accept();
+        QVERIFY2(m_window && m_window->isVisible(), "the user can try again");
+        QCOMPARE(m_window->filedata()->speedUnit, 0U);
+    }
+
+    void earlierFileIsRestoredIntoTheWindow()
+    {
+        _FILEDATA earlier{};
+        QVERIFY(readSettingFile(configPath(), earlier));
+        earlier.videoBitrate = 7000;
+        QVERIFY(!writeSettingFile(earlier, m_card->path("earlier.bin")));
+        QVERIFY(!SettingsBackups().keep(m_card->path("earlier.bin")));
+        const QByteArray before = bytesOf(configPath());
+
+        openWindow();
+        auto* restore = m_window->findChild<QAction*>(QStringLiteral("restoreEarlierFile"));
+        restore->trigger();
+        auto* dialog = m_window->findChild<QDialog*>(QStringLiteral("earlierSettingsDialog"));
+        QVERIFY(dialog);
+        auto* list = dialog->findChild<QListWidget*>();
+        QTRY_VERIFY(dialog->isVisible());
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Home);
+        QTest::keyClick(list, Qt::Key_Return);
+        QTRY_COMPARE(m_window->filedata()->videoBitrate, 7000U);
+        QCOMPARE(bytesOf(configPath()), before);
+
+        press("saveButton");
+        QTRY_VERIFY(message());
+        _FILEDATA saved{};
+        QVERIFY(readSettingFile(configPath(), saved));
+        QCOMPARE(saved.videoBitrate, 7000U);
+    }
+
+    void drivingLogsHaveTheirTabs()
+    {
+        m_card->write("DrvInfo/marvo_000.drv", test::drivingLog(7, 7));
+        openWindow();
+        auto& bar = control<SegmentedControl>(*m_window, "functionSegmentedControl");
+        QCOMPARE(bar.labels().size(), 6);
+        m_window->findChild<QAction*>(QStringLiteral("obdAdapter"))->trigger();
+        QCOMPARE(bar.labels().mid(6), QStringList({QStringLiteral("OBD"), QStringLiteral("OBD log")}));
+
+        clickItem(*m_window, "functionSegmentedControl", DrivingLog);
+        auto* view = m_window->findChild<MRVSettingForFlashDataViewController*>();
+        QVERIFY(view);
+        QTRY_COMPARE(view->flashDataNum(), std::int64_t{7});
+        clickItem(*m_window, "functionSegmentedControl", ObdLog);
+        QVERIFY(!view->isVisible());
+        clickItem(*m_window, "functionSegmentedControl", DrivingLog);
+        QCOMPARE(m_window->findChild<MRVSettingForFlashDataViewController*>(), view);
+        QVERIFY2(view->isVisible() && view->flashDataNum() == 7, "it is kept, and not read again");
+        clickItem(*m_window, "functionSegmentedControl", ObdLog);
+        m_window->findChild<QAction*>(QStringLiteral("obdAdapter"))->trigger();
+        QCOMPARE(shownSegment(), static_cast<int>(Video));
+    }
+
     void cardPulledOutBeforeASaveAsksWhere()
     {
         openWindow();
@@ -245,6 +371,9 @@ private Q_SLOTS:
 
 int main(int argc, char** argv)
 {
+    // Cards are mounted where nobody but this test sees them.
+    if (::unshare(CLONE_NEWNS) == 0)
+        ::mount("", "/", "", MS_REC | MS_PRIVATE, "");
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO-test"));
     QCoreApplication::setApplicationName(QStringLiteral("settings-window"));
