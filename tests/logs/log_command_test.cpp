@@ -3,6 +3,7 @@
 #include "cli/RunCli.h"
 #include "LogBytes.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace marvo::test {

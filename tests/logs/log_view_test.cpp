@@ -7,6 +7,8 @@
 #include "logs/window/LogTableModel.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
+#include "MountedFolder.h"
+#include "settings/FileData.h"
 #include "settings/window/LoadingSheet.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
@@ -28,7 +30,6 @@
 #include <memory>
 #include <optional>
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace marvo;
@@ -132,7 +133,8 @@ private Q_SLOTS:
         m_view->setFileData(&record);
         QVERIFY(ended.wait());
         QVERIFY(!message());
-        QCOMPARE(logLines, QStringList("fopen fail:" + QFile::decodeName(m_folder.path("none.drv").c_str())));
+        QCOMPARE(logLines, QStringList(QStringLiteral("fopen fail:") +
+                                       QFile::decodeName(m_folder.path("none.drv").c_str())));
         m_view->setFileData(&record);
         QVERIFY2(!ended.wait(200), "later displays do not read");
     }
@@ -197,24 +199,30 @@ private Q_SLOTS:
 
     void exportThatFailsSaysSo_data()
     {
-        QTest::addColumn<QString>("place");
+        QTest::addColumn<QString>("fault");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("full") << "/dev/full" << localised("log.export.full");
-        QTest::newRow("read-only") << "/proc/version" << localised("log.export.protected");
-        QTest::newRow("the log itself") << "a.drv" << localised("log.export.same_file");
+        QTest::newRow("full") << "full" << localised("log.export.full");
+        QTest::newRow("read-only") << "read-only" << localised("log.export.protected");
+        QTest::newRow("the log itself") << "same" << localised("log.export.same_file");
     }
 
     void exportThatFailsSaysSo()
     {
-        QFETCH(QString, place);
+        QFETCH(QString, fault);
         QFETCH(QString, reason);
-        QVERIFY(load(m_folder.write("a.drv", drivingLog(2, 2))));
-        const std::string path =
-            place.startsWith(u'/') ? place.toStdString() : m_folder.path(place.toStdString());
-        m_view->doWriteCSVFile(path);
+        QVERIFY(load(m_folder.write("a.drv", drivingLog(2000, 2000))));
+        MountedFolder mounted(m_folder.makeFolder("disk"));
+        if (!mounted.isMounted)
+            QSKIP("mounting takes the rights of an administrator");
+        m_folder.write("disk/out.csv", "old");
+        if (fault == QLatin1String("read-only"))
+            QVERIFY(mounted.makeReadOnly());
+        m_view->doWriteCSVFile(m_folder.path(fault == QLatin1String("same") ? "a.drv" : "disk/out.csv"));
         QTRY_VERIFY(message());
         QCOMPARE(message()->text(), QStringLiteral("MARVO"));
         QVERIFY2(message()->informativeText().contains(reason), qPrintable(message()->informativeText()));
+        QCOMPARE(m_folder.read("disk/out.csv"), std::string("old"));
+        QCOMPARE(std::distance(std::filesystem::directory_iterator(m_folder.path("disk")), {}), 1);
     }
 
     void exportIsCancelled()
@@ -261,8 +269,7 @@ private Q_SLOTS:
         doubleClickRow(1);
         QCOMPARE(m_view->mapWindowController(), map);
         QTRY_COMPARE_WITH_TIMEOUT(ask(*map, car), QVariant(QStringLiteral("126.966733 37.552057")), 10'000);
-        table().setFocus();
-        QTest::keyClick(&table(), Qt::Key_Down);
+        QTest::keyClick(map->window(), Qt::Key_Down); // it is the window in front
         QTRY_COMPARE_WITH_TIMEOUT(ask(*map, car), QVariant(QStringLiteral("126.966733 37.566667")), 10'000);
 
         QTest::mouseClick(&part<QCheckBox>("wayBox"), Qt::LeftButton, {}, QPoint(8, 8));
@@ -299,6 +306,7 @@ private Q_SLOTS:
 
 int main(int argc, char** argv)
 {
+    mountForThisProcessAlone();
     if (::geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QStandardPaths::setTestModeEnabled(true);

@@ -15,6 +15,7 @@
 #include "viewer/MRVMapWindowController.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -350,7 +351,27 @@ void DrivingLogViewController::showMapWindow()
         return;
     }
     m_mapWindowController = std::make_unique<MRVMapWindowController>();
+    m_mapWindowController->window()->installEventFilter(this);
+    m_mapWindowPlaced = false;
     m_mapWindowController->showWindow(window());
+    placeMapWindow();
+}
+
+bool DrivingLogViewController::eventFilter(QObject* watched, QEvent* event)
+{
+    // Only now the map window has its frame, and the edges can be level.
+    if (event->type() == QEvent::WindowActivate && !std::exchange(m_mapWindowPlaced, true))
+        placeMapWindow();
+    // It comes to the front, but the keys go on moving from row to row.
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+        QCoreApplication::sendEvent(m_tableView, event);
+        return true;
+    }
+    return SettingsTabView::eventFilter(watched, event);
+}
+
+void DrivingLogViewController::placeMapWindow()
+{
     m_mapWindowController->moveWindowRightBy(window()->frameGeometry());
     // Beside a window that reaches to the screen's edge the map could not be seen.
     QWidget* map = m_mapWindowController->window();

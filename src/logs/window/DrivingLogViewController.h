@@ -90,7 +90,9 @@ private:
     void showFault(const std::string& path, Occasion occasion, const DrivingLog::Reading& reading);
     void writingEnded(const std::string& path, std::error_code error);
     void showStatus();
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showMapWindow();
+    void placeMapWindow();
     void dropMapWindow();
     void showPosition(std::int64_t row);
     void showWay(bool shown);
@@ -116,6 +118,7 @@ private:
     QCheckBox* m_wayBox = nullptr;
     QPointer<LoadingSheet> m_loadingSheet;
     std::unique_ptr<MRVMapWindowController> m_mapWindowController;
+    bool m_mapWindowPlaced = false; ///< with the frame that the desktop gives it
 };
 
 } // namespace marvo

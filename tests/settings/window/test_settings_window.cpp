@@ -4,6 +4,7 @@
 #include "controls/SegmentedControl.h"
 #include "logs/LogBytes.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
+#include "MountedFolder.h"
 #include "platform/FolderDisks.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
@@ -26,10 +27,6 @@
 
 #include <memory>
 
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/statvfs.h>
-
 using namespace marvo;
 using marvo::test::TemporaryFolder;
 using marvo::testing::clickItem;
@@ -37,7 +34,7 @@ using marvo::testing::control;
 
 namespace {
 
-enum Segment { Video, Basic, Gps, Aux, Audio, DrivingLog, Obd, ObdLog };
+enum Segment { Video, Basic, Gps, Aux, Audio, Log, Obd, ObdLog };
 
 struct Viewer : viewControllerForMRVSettingDelegate
 {
@@ -58,36 +55,6 @@ void writeBytes(const std::string& path, const QByteArray& bytes)
 }
 
 } // namespace
-
-/// The card's folder as a file system of its own, so that it can be full or read-only like a card.
-class MountedCard
-{
-public:
-    explicit MountedCard(const std::string& folder) : m_folder(folder)
-    {
-        isMounted = ::mount("marvo-test", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
-    }
-    ~MountedCard()
-    {
-        if (isMounted)
-            ::umount2(m_folder.c_str(), MNT_DETACH);
-    }
-    bool makeReadOnly() { return ::mount("", m_folder.c_str(), "", MS_REMOUNT | MS_RDONLY, "") == 0; }
-    bool fill()
-    {
-        QFile filler(QFile::decodeName(m_folder.c_str()) + QStringLiteral("/event.avi"));
-        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-            return false;
-        while (filler.write(QByteArray(4096, 'x')) == 4096) {
-        }
-        struct statvfs facts = {};
-        return ::statvfs(m_folder.c_str(), &facts) == 0 && facts.f_bavail == 0;
-    }
-    bool isMounted = false;
-
-private:
-    std::string m_folder;
-};
 
 /// The settings window as a person drives it, on a folder that stands for the card.
 class TestSettingsWindow : public QObject
@@ -258,7 +225,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, full);
         const QByteArray before = bytesOf(configPath());
-        MountedCard mounted(m_card->path());
+        test::MountedFolder mounted(m_card->path());
         if (!mounted.isMounted)
             QSKIP("mounting takes the rights of an administrator");
         writeBytes(configPath(), before);
@@ -318,13 +285,13 @@ private Q_SLOTS:
         m_window->findChild<QAction*>(QStringLiteral("obdAdapter"))->trigger();
         QCOMPARE(bar.labels().mid(6), QStringList({QStringLiteral("OBD"), QStringLiteral("OBD log")}));
 
-        clickItem(*m_window, "functionSegmentedControl", DrivingLog);
+        clickItem(*m_window, "functionSegmentedControl", Log);
         auto* view = m_window->findChild<MRVSettingForFlashDataViewController*>();
         QVERIFY(view);
         QTRY_COMPARE(view->flashDataNum(), std::int64_t{7});
         clickItem(*m_window, "functionSegmentedControl", ObdLog);
         QVERIFY(!view->isVisible());
-        clickItem(*m_window, "functionSegmentedControl", DrivingLog);
+        clickItem(*m_window, "functionSegmentedControl", Log);
         QCOMPARE(m_window->findChild<MRVSettingForFlashDataViewController*>(), view);
         QVERIFY2(view->isVisible() && view->flashDataNum() == 7, "it is kept, and not read again");
         clickItem(*m_window, "functionSegmentedControl", ObdLog);
@@ -371,9 +338,7 @@ private Q_SLOTS:
 
 int main(int argc, char** argv)
 {
-    // Cards are mounted where nobody but this test sees them.
-    if (::unshare(CLONE_NEWNS) == 0)
-        ::mount("", "/", "", MS_REC | MS_PRIVATE, "");
+    test::mountForThisProcessAlone();
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO-test"));
     QCoreApplication::setApplicationName(QStringLiteral("settings-window"));
