@@ -24,7 +24,6 @@
     <message id="viewer.folder.unreadable"><source></source><translation>Cannot be read</translation></message>
     <message id="viewer.folder.choose"><source></source><translation>Open a folder of recordings</translation></message>
     <message id="viewer.folder.cannotOpen"><source></source><translation>The folder “%1” cannot be opened. Check its name, and that the card is inserted.</translation></message>
-    <message id="viewer.loading"><source></source><translation>Loading…</translation></message>
     <message id="viewer.side.recordings"><source></source><translation>Recordings</translation></message>
     <message id="viewer.side.map"><source></source><translation>Map</translation></message>
     <message id="viewer.data.speed"><source></source><translation>Speed</translation></message>

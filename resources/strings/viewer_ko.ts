@@ -24,7 +24,6 @@
     <message id="viewer.folder.unreadable"><source></source><translation>읽을 수 없음</translation></message>
     <message id="viewer.folder.choose"><source></source><translation>녹화 폴더 열기</translation></message>
     <message id="viewer.folder.cannotOpen"><source></source><translation>“%1” 폴더를 열 수 없습니다. 이름을 확인하고 카드가 꽂혀 있는지 확인하세요.</translation></message>
-    <message id="viewer.loading"><source></source><translation>불러오는 중…</translation></message>
     <message id="viewer.side.recordings"><source></source><translation>녹화</translation></message>
     <message id="viewer.side.map"><source></source><translation>지도</translation></message>
     <message id="viewer.data.speed"><source></source><translation>속도</translation></message>

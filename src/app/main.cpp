@@ -67,7 +67,7 @@ void prepareWebEngine()
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     // It would tell its whole set-up at each start; QT_LOGGING_RULES still brings that back.
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.*=false"));
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
 }
 
 /// The machine's disks, or the folder that stands for the camera's card. They are asked on workers that

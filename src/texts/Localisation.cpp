@@ -8,9 +8,11 @@
 
 namespace marvo {
 
+QString supportLanguage() { return QStringLiteral(SUPPORT_LANGUAGE); }
+
 InterfaceLanguage builtLanguage()
 {
-    const QLatin1StringView code(SUPPORT_LANGUAGE);
+    const QString code = supportLanguage();
     if (code == QLatin1StringView("ko"))
         return InterfaceLanguage::Korean;
     if (code == QLatin1StringView("auto") && QLocale().language() == QLocale::Korean)

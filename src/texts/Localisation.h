@@ -8,7 +8,10 @@
 
 namespace marvo {
 
-/// The language that the product is built for (the build option SUPPORT_LANGUAGE): "ko" is Korean, "en"
+/// The language code that the product is built for, the build option SUPPORT_LANGUAGE: "en", "ko" or "auto".
+QString supportLanguage();
+
+/// The language that the product is built for: "ko" is Korean, "en"
 /// English, "auto" follows the desktop's own language.
 InterfaceLanguage builtLanguage();
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/LanguagePreference.h"
 
+#include "texts/Localisation.h"
+
 #include <QLoggingCategory>
 #include <QSettings>
 #include <QStringList>
@@ -16,7 +18,7 @@ Q_LOGGING_CATEGORY(lcLanguage, "marvo.viewer")
 
 void storeLanguagePreference(QSettings& preferences)
 {
-    const QString built = QStringLiteral(SUPPORT_LANGUAGE);
+    const QString built = supportLanguage();
     if (built == QLatin1StringView("auto"))
         return;
     const QString key = QStringLiteral("AppleLanguages");

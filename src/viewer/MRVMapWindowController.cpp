@@ -20,7 +20,7 @@ constexpr QSize smallestSize(240, 200);
 
 MRVMapWindowController::MRVMapWindowController(QObject* parent)
     : QObject(parent),
-      m_bKorean(mapPageFor(QStringLiteral(SUPPORT_LANGUAGE)) == MapPageName::map2 ? 1 : 0),
+      m_bKorean(mapPageFor(supportLanguage()) == MapPageName::map2 ? 1 : 0),
       m_window(std::make_unique<QWidget>()),
       m_mapWebView(new MapView(m_window.get()))
 {

@@ -410,7 +410,7 @@ void MapPageTest::withoutAnEngineTheWindowLives()
 void MapPageTest::mapWindow()
 {
     MRVMapWindowController controller;
-    QCOMPARE(controller.isKorean(), quint8(QLatin1String(SUPPORT_LANGUAGE) == QLatin1String("ko") ? 1 : 0));
+    QCOMPARE(controller.isKorean(), quint8(supportLanguage() == QLatin1String("ko") ? 1 : 0));
     QCOMPARE(mapNotes, QStringList({QStringLiteral("{{0, 0}, {480, 400}}")}));
     controller.updateMapLat(-33.9, 151.2);
     controller.showWindow();
