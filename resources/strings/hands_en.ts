@@ -20,5 +20,9 @@
     <message id="hands.copyPath"><source></source><translation>Copy path</translation></message>
     <message id="hands.volume"><source></source><translation>Volume %1</translation></message>
     <message id="hands.dropHere"><source></source><translation>Drop to open</translation></message>
+    <message id="hands.firstSteps"><source></source><translation>Put the camera’s memory card into the card reader.
+Open the card or a folder of recordings, or drop it onto this window.
+Double-click a recording to play it.</translation></message>
+    <message id="hands.openCard"><source></source><translation>Open card “%1”</translation></message>
 </context>
 </TS>

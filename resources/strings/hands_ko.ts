@@ -20,5 +20,9 @@
     <message id="hands.copyPath"><source></source><translation>경로 복사</translation></message>
     <message id="hands.volume"><source></source><translation>음량 %1</translation></message>
     <message id="hands.dropHere"><source></source><translation>여기에 놓으면 열립니다</translation></message>
+    <message id="hands.firstSteps"><source></source><translation>카메라의 메모리 카드를 카드 리더기에 넣으세요.
+카드나 녹화 폴더를 열거나 이 창에 끌어다 놓으세요.
+녹화를 두 번 클릭하면 재생됩니다.</translation></message>
+    <message id="hands.openCard"><source></source><translation>“%1” 카드 열기</translation></message>
 </context>
 </TS>

@@ -12,7 +12,6 @@
     <message id="viewer.list.playing"><source></source><translation>In the player</translation></message>
     <message id="viewer.list.scanning"><source></source><translation>Reading folder… %1</translation></message>
     <message id="viewer.list.noFolder"><source></source><translation>No folder open</translation></message>
-    <message id="viewer.list.noFolderHelp"><source></source><translation>Open the camera's card or a folder of recordings, or drop it here.</translation></message>
     <message id="viewer.list.empty"><source></source><translation>No recordings in this folder</translation></message>
     <message id="viewer.list.emptyHelp"><source></source><translation>Recordings are AVI files named by the camera, such as event_20240517_081530.avi. Open the card itself or one of its movie folders.</translation></message>
     <message id="viewer.list.unreadable"><source></source><translation>This folder cannot be read</translation></message>

@@ -12,7 +12,6 @@
     <message id="viewer.list.playing"><source></source><translation>재생 중인 녹화</translation></message>
     <message id="viewer.list.scanning"><source></source><translation>폴더 읽는 중… %1</translation></message>
     <message id="viewer.list.noFolder"><source></source><translation>열린 폴더 없음</translation></message>
-    <message id="viewer.list.noFolderHelp"><source></source><translation>카메라의 카드나 녹화 폴더를 열거나 여기로 끌어다 놓으세요.</translation></message>
     <message id="viewer.list.empty"><source></source><translation>이 폴더에 녹화가 없습니다</translation></message>
     <message id="viewer.list.emptyHelp"><source></source><translation>녹화는 event_20240517_081530.avi처럼 카메라가 이름을 붙인 AVI 파일입니다. 카드나 그 안의 동영상 폴더를 여세요.</translation></message>
     <message id="viewer.list.unreadable"><source></source><translation>이 폴더를 읽을 수 없습니다</translation></message>

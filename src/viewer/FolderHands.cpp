@@ -27,12 +27,14 @@
 namespace marvo {
 
 FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
-                         const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback)
+                         const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback,
+                         Disks* disks)
     : m_views(views),
       m_mediaList(mediaList),
       m_playback(playback),
       m_memory(m_preferences),
       m_place(m_memory, player, mediaList, playInfo, playback),
+      m_cardOffer(disks),
       m_recent(new RecentFoldersMenu(m_memory, commands.menu()))
 {
     commands.insertRecentFolders(*m_recent);
@@ -50,6 +52,14 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
     });
     connectRows();
     showRecentFolders();
+    connect(&m_cardOffer, &CardOffer::cardChanged, this, &FolderHands::showCard);
+    connect(&m_views.bodyRightBox->mediaListTableView()->emptyState(), &ListEmptyState::cardRequested, this,
+            [this] {
+                if (const auto& card = m_cardOffer.card())
+                    Q_EMIT folderWanted(std::string(card->path));
+            });
+    showCard();
+    m_cardOffer.look();
 }
 
 void FolderHands::connectRows()
@@ -120,6 +130,12 @@ bool FolderHands::folderListed()
     else
         offerReturn();
     return !gone;
+}
+
+void FolderHands::showCard()
+{
+    const auto& card = m_cardOffer.card();
+    m_views.bodyRightBox->mediaListTableView()->emptyState().setCard(card ? card->name : QString());
 }
 
 void FolderHands::offerReturn()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "viewer/CardOffer.h"
 #include "viewer/FolderMemory.h"
 #include "viewer/PlaceKeeper.h"
 
@@ -26,9 +27,9 @@ class FolderHands : public QObject
 {
     Q_OBJECT
 public:
-    /// None of the objects is owned; all must outlive this one.
+    /// None of the objects is owned; all must outlive this one. There need not be disks.
     FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
-                const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback);
+                const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback, Disks* disks);
 
     /// Asks for the folder that was open last; without one, or when it is gone, the window stays as at a
     /// first start.
@@ -48,6 +49,7 @@ Q_SIGNALS:
 private:
     void dropped(const std::string& path);
     void showRecentFolders();
+    void showCard();
     void offerReturn();
     void connectRows();
 
@@ -57,6 +59,7 @@ private:
     QSettings m_preferences;
     FolderMemory m_memory;
     PlaceKeeper m_place;
+    CardOffer m_cardOffer;
     RecentFoldersMenu* m_recent;
     std::string m_playWhenListed; ///< a recording that was dropped
     bool m_onlyTried = false;

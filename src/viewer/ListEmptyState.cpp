@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -26,12 +27,23 @@ QPushButton* button(const char* name, const char* titleKey, QWidget* parent)
     return made;
 }
 
+/// Steps to take, below each other, each with its number before it.
+QString numbered(const QStringList& steps)
+{
+    QString rows;
+    for (int i = 0; i < steps.size(); ++i)
+        rows += QStringLiteral("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>")
+                    .arg(QString::number(i + 1), steps[i].toHtmlEscaped());
+    return QStringLiteral("<table cellspacing=\"0\" cellpadding=\"3\">%1</table>").arg(rows);
+}
+
 } // namespace
 
 ListEmptyState::ListEmptyState(QWidget* parent)
     : QWidget(parent),
       m_title(new QLabel(this)),
       m_text(new QLabel(this)),
+      m_cardButton(button("listCardButton", "hands.openCard", this)),
       m_openButton(button("listOpenButton", "viewer.command.openMediaDirectoryDialog", this)),
       m_showAllButton(button("listShowAllButton", "hands.showAll", this)),
       m_recentTitle(new QLabel(localised("hands.recentFolders"), this)),
@@ -46,16 +58,19 @@ ListEmptyState::ListEmptyState(QWidget* parent)
     m_title->setWordWrap(true);
     m_text->setWordWrap(true);
     m_recents->setSpacing(2);
+    m_cardButton->setProperty("primary", true);
+    connect(m_cardButton, &QPushButton::clicked, this, &ListEmptyState::cardRequested);
     connect(m_openButton, &QPushButton::clicked, this, &ListEmptyState::openRequested);
     connect(m_showAllButton, &QPushButton::clicked, this, &ListEmptyState::showAllRequested);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 0, 24, 0);
+    column->setContentsMargins(20, 0, 20, 0);
     column->setSpacing(10);
     column->addStretch();
     column->addWidget(m_title);
     column->addWidget(m_text);
     column->addSpacing(8);
+    column->addWidget(m_cardButton, 0, Qt::AlignHCenter);
     column->addWidget(m_openButton, 0, Qt::AlignHCenter);
     column->addWidget(m_showAllButton, 0, Qt::AlignHCenter);
     column->addSpacing(14);
@@ -68,10 +83,19 @@ void ListEmptyState::tell(const QString& title, const QString& text, Offer offer
 {
     m_offer = offer;
     m_title->setText(title);
-    m_text->setText(text);
-    m_openButton->setVisible(offer == Offer::OpenFolder);
-    m_showAllButton->setVisible(offer == Offer::ShowAll);
-    showRecents();
+    const QStringList steps = text.split(QLatin1Char('\n'));
+    m_text->setTextFormat(steps.size() > 1 ? Qt::RichText : Qt::PlainText);
+    m_text->setText(steps.size() > 1 ? numbered(steps) : text);
+    showOffers();
+}
+
+void ListEmptyState::setCard(const QString& name)
+{
+    m_hasCard = !name.isEmpty();
+    QString shown = m_cardButton->fontMetrics().elidedText(name, Qt::ElideMiddle, widestRecent / 2);
+    m_cardButton->setText(
+        localised("hands.openCard").arg(shown.replace(QLatin1Char('&'), QStringLiteral("&&"))));
+    showOffers();
 }
 
 void ListEmptyState::setRecentFolders(const QList<RecentFolder>& folders)
@@ -84,19 +108,26 @@ void ListEmptyState::setRecentFolders(const QList<RecentFolder>& folders)
         recent->setProperty("recentFolder", true);
         recent->setAutoDefault(false);
         QString shown = recent->fontMetrics().elidedText(folders[i].name, Qt::ElideMiddle, widestRecent);
-        recent->setText(shown.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        recent->setText(QLatin1Char(' ') + shown.replace(QLatin1Char('&'), QStringLiteral("&&")));
         recent->setToolTip(folders[i].path);
         recent->setAccessibleName(folders[i].path);
         connect(recent, &QPushButton::clicked, this, [this, i] { Q_EMIT recentRequested(i); });
         m_recents->addWidget(recent, 0, Qt::AlignHCenter);
         m_recentButtons << recent;
     }
-    showRecents();
+    showOffers();
 }
 
-void ListEmptyState::showRecents()
+void ListEmptyState::showOffers()
 {
-    const bool shown = m_offer == Offer::OpenFolder && !m_recentButtons.isEmpty();
+    const bool open = m_offer == Offer::OpenFolder;
+    m_cardButton->setVisible(open && m_hasCard);
+    m_openButton->setVisible(open);
+    m_openButton->setProperty("primary", !m_hasCard);
+    m_openButton->style()->unpolish(m_openButton);
+    m_openButton->style()->polish(m_openButton);
+    m_showAllButton->setVisible(!open);
+    const bool shown = open && !m_recentButtons.isEmpty();
     m_recentTitle->setVisible(shown);
     for (QPushButton* recent : m_recentButtons)
         recent->setVisible(shown);

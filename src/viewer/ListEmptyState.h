@@ -30,25 +30,30 @@ public:
     void tell(const QString& title, const QString& text, Offer offer);
     /// The folders offered beside the button that opens one; the first few of them.
     void setRecentFolders(const QList<RecentFolder>& folders);
+    /// The card that can be opened by one click; an empty name offers none.
+    void setCard(const QString& name);
     QString title() const;
 
 Q_SIGNALS:
     void openRequested();
+    void cardRequested();
     void showAllRequested();
     /// Index into the folders given.
     void recentRequested(int index);
 
 private:
-    void showRecents();
+    void showOffers();
 
     QLabel* m_title;
     QLabel* m_text;
+    QPushButton* m_cardButton;
     QPushButton* m_openButton;
     QPushButton* m_showAllButton;
     QLabel* m_recentTitle;
     QVBoxLayout* m_recents;
     QList<QPushButton*> m_recentButtons;
     Offer m_offer = Offer::OpenFolder;
+    bool m_hasCard = false;
 };
 
 } // namespace marvo

@@ -96,7 +96,7 @@ void MRVAppDelegate::setupInitialValues()
     connect(rest, &FullScreenRest::barConcealed, m_views, &MainViews::concealControlBar);
     connect(m_views, &MainViews::videoDoubleClicked, this, &MRVAppDelegate::toggleFullScreen);
     m_hands = std::make_unique<FolderHands>(*m_views, *m_commands, m_mediaList, *m_player1, m_playInfo,
-                                            *m_playback);
+                                            *m_playback, m_configuration.disks);
     connect(m_hands.get(), &FolderHands::folderWanted, this, &MRVAppDelegate::openDirectory);
     connect(m_window.get(), &CustomWindow::windowWillClose, this, [this] { m_hands->keep(); });
     connect(m_window.get(), &CustomWindow::windowWillClose, m_playback.get(), &PlaybackController::stopPlay);
@@ -143,6 +143,7 @@ void MRVAppDelegate::connectPlayInfo()
     connect(&m_playInfo, &MRVPlayInfo::isPlayingChanged, bar, &FullScreenControlBar::showPlaying);
     connect(&m_playInfo, &MRVPlayInfo::positionChanged, this, &MRVAppDelegate::showPlayTime);
     connect(m_player1.get(), &MediaPlayer::stateChanged, this, &MRVAppDelegate::showPlayTime);
+    connect(m_player1.get(), &MediaPlayer::timeChanged, this, &MRVAppDelegate::catchUpWithScale);
     for (FractionSlider* slider : sliders) {
         connect(&m_playInfo, &MRVPlayInfo::positionChanged, slider, &FractionSlider::setFraction);
         connect(slider, &FractionSlider::userMoved, this, [this](double value) {
@@ -202,6 +203,16 @@ void MRVAppDelegate::connectCommands()
 void MRVAppDelegate::contentResized()
 {
     m_views->layoutWindow();
+    m_playback->updatePlayInfoScale();
+    m_scaleIsDue = !m_player1->isPlaying();
+}
+
+/// A size that the window got while nothing played counts once something does.
+void MRVAppDelegate::catchUpWithScale()
+{
+    if (!m_scaleIsDue || !m_player1->isPlaying())
+        return;
+    m_scaleIsDue = false;
     m_playback->updatePlayInfoScale();
 }
 

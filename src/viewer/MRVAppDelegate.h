@@ -105,6 +105,7 @@ private:
     void connectPlayInfo();
     void connectCommands();
     void contentResized();
+    void catchUpWithScale();
     void mediaListChanged();
     void scanProgress(qint64 found);
     void cardSettingsKnown(const _FILEDATA& record);
@@ -144,6 +145,7 @@ private:
     RightViewMode m_rightViewMode = RecordingListMode;
     bool m_korean = false;
     bool m_mileDisplay = false;
+    bool m_scaleIsDue = false;
 };
 
 } // namespace marvo

@@ -10,11 +10,6 @@ MRVScrollableVideoContainerView::MRVScrollableVideoContainerView(QWidget* parent
     updateTrackingAreas();
 }
 
-bool MRVScrollableVideoContainerView::isAtVideo(QPoint globalPoint) const
-{
-    return isVisible() && m_mouseTrackingArea.contains(mapFromGlobal(globalPoint));
-}
-
 void MRVScrollableVideoContainerView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);

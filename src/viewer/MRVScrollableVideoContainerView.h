@@ -18,8 +18,6 @@ public:
 
     /// In this view's own co-ordinates.
     const QRect& mouseTrackingArea() const { return m_mouseTrackingArea; }
-    /// Whether a point of the screen lies in that area of the shown view.
-    bool isAtVideo(QPoint globalPoint) const;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -181,12 +181,13 @@ void RecordingListView::showEmptyState(const QString& title, const QString& text
     m_scanLine->hide();
     m_emptyState->tell(title, text, offer);
     m_emptyState->show();
+    horizontalHeader()->hide(); // titles of columns that there are not
     placeStatus();
 }
 
 void RecordingListView::showNoFolder()
 {
-    showEmptyState(localised("viewer.list.noFolder"), localised("viewer.list.noFolderHelp"),
+    showEmptyState(localised("viewer.list.noFolder"), localised("hands.firstSteps"),
                    ListEmptyState::Offer::OpenFolder);
 }
 
@@ -208,6 +209,7 @@ void RecordingListView::showRecordings()
                               ListEmptyState::Offer::ShowAll);
     m_scanLine->hide();
     m_emptyState->hide();
+    horizontalHeader()->show();
 }
 
 void RecordingListView::showUnreadable(const QString& reason)

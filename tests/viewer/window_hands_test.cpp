@@ -3,6 +3,7 @@
 // What makes the main window handy: search, the menu of a row, remembered folders and places, dropping,
 // wheel.
 #include "controls/FractionSlider.h"
+#include "platform/FolderDisks.h"
 #include "TemporaryFolder.h"
 #include "viewer/Appearance.h"
 #include "viewer/FolderMemory.h"
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void theMenuOfARowMeansThatRow();
     void theNextStartGoesOnWhereTheLastEnded();
     void aFolderThatIsGoneLeavesAFirstStart();
+    void aCardInTheReaderIsOffered();
     void aDroppedRecordingPlays();
     void wheelAndHover();
 };
@@ -247,6 +249,16 @@ void WindowHandsTest::aFolderThatIsGoneLeavesAFirstStart()
     recent->actions().back()->trigger();
     QVERIFY(!recent->menuAction()->isEnabled());
     QVERIFY(!stage.box("recentFolder0"));
+}
+
+void WindowHandsTest::aCardInTheReaderIsOffered()
+{
+    static FolderDisks reader(m_card.path()); // workers that nobody waits for may still ask it
+    WindowStage stage({.disks = &reader});
+    QTRY_VERIFY(stage.box("listCardButton")->isVisible());
+    QTest::mouseClick(stage.box("listCardButton"), Qt::LeftButton);
+    QTRY_COMPARE(stage.list().model()->rowCount(), 3);
+    QVERIFY(!stage.box("listCardButton")->isVisible());
 }
 
 void WindowHandsTest::aDroppedRecordingPlays()
