@@ -3,8 +3,10 @@
 #include "app/StartOptions.h"
 #include "app/Tour.h"
 #include "controls/MessageSheet.h"
+#include "controls/PMProgressIndicatorController.h"
 #include "platform/FolderDisks.h"
 #include "platform/UDisks2Disks.h"
+#include "platform/UnityLauncherEntry.h"
 #include "settings/window/CardSettings.h"
 #include "support/Log.h"
 #include "texts/Localisation.h"
@@ -114,6 +116,9 @@ int main(int argc, char** argv)
         [](std::string_view line) { qCInfo(lcCore, "%.*s", static_cast<int>(line.size()), line.data()); });
     marvo::installLanguage(marvo::builtLanguage());
     marvo::applyAppearance(application);
+    marvo::PMProgressIndicatorController::sharedInstance().setAnnouncer(
+        [launcher = marvo::UnityLauncherEntry(QGuiApplication::desktopFileName())](
+            std::optional<double> fraction) { launcher.showProgress(fraction); });
 
     marvo::Disks& disks = disksFor(options);
     marvo::MRVAppDelegate::Configuration configuration;

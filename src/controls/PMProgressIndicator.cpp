@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/PMProgressIndicator.h"
 
+#include "controls/PMProgressIndicatorController.h"
 #include "support/FixedText.h"
 #include "texts/Localisation.h"
 
@@ -56,6 +57,33 @@ PMProgressIndicator::PMProgressIndicator(QWidget* parent, Clock clock)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
+PMProgressIndicator::~PMProgressIndicator()
+{
+    if (auto* icon = PMProgressIndicatorController::existingInstance())
+        icon->removeProgressIndicator(*this);
+}
+
+void PMProgressIndicator::setDrawDockProgress(bool draw)
+{
+    m_drawDockProgress = draw;
+    auto& icon = PMProgressIndicatorController::sharedInstance();
+    if (draw)
+        icon.addProgressIndicator(*this);
+    else
+        icon.removeProgressIndicator(*this);
+}
+
+void PMProgressIndicator::updateDock()
+{
+    constexpr double nearly = 0.00001;
+    const double done = fraction();
+    auto& icon = PMProgressIndicatorController::sharedInstance();
+    if (done > 1 - nearly || done < nearly)
+        icon.removeProgressIndicator(*this);
+    else
+        icon.addProgressIndicator(*this);
+}
+
 void PMProgressIndicator::setMinValue(double minimum)
 {
     m_progress.minimum = minimum;
@@ -76,6 +104,8 @@ void PMProgressIndicator::setDoubleValue(double value)
         return;
     m_progress.value = std::max(std::min(value, m_progress.maximum), m_progress.minimum);
     m_lastValue = integerPart(value);
+    if (m_drawDockProgress)
+        updateDock();
     updateProgressText();
     update();
     announceValue(*this, m_progress.value);

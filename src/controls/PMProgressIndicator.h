@@ -27,6 +27,8 @@ public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
     explicit PMProgressIndicator(QWidget* parent = nullptr, Clock clock = std::chrono::steady_clock::now);
+    /// Takes the bar off the application's icon.
+    ~PMProgressIndicator() override;
 
     double minValue() const { return m_progress.minimum; }
     double maxValue() const { return m_progress.maximum; }
@@ -34,9 +36,18 @@ public:
     void setMaxValue(double maximum);
 
     /// Shows a value, taken into the bar's range, and renews the text. The bar moves only when the integer
-    /// part of its value changes: any other value, and one that is not a number, is passed over.
+    /// part of its value changes: any other value, and one that is not a number, is passed over. See
+    /// setDrawDockProgress() for what happens on the application's icon.
     void setDoubleValue(double value);
     double doubleValue() const { return m_progress.value; }
+    /// The part done, 0 to 1.
+    double fraction() const { return m_progress.fraction(); }
+
+    /// Whether the bar is also drawn on the application's icon. While it is on, which it is from the start, a
+    /// new value puts the bar there, and a fraction of 0 or 1 takes it away again. Setting it puts the bar
+    /// there at once, or takes it away; that is for work of unknown length, which has no values to tell.
+    void setDrawDockProgress(bool draw);
+    bool drawDockProgress() const { return m_drawDockProgress; }
 
     void setIndeterminate(bool indeterminate);
     bool isIndeterminate() const { return m_indeterminate; }
@@ -69,6 +80,7 @@ protected:
 
 private:
     QString percentageText() const;
+    void updateDock();
     void runAnimation();
 
     Clock m_clock;
@@ -78,6 +90,7 @@ private:
     QBasicTimer m_ticks;
     std::chrono::steady_clock::time_point m_animationStart;
     std::int32_t m_lastValue = 0; ///< integer part of the value shown last
+    bool m_drawDockProgress = true;
     bool m_displayPercentage = false;
     bool m_displayTimeRemaining = true;
     bool m_indeterminate = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/RecordingListView.h"
 
+#include "controls/PMProgressIndicator.h"
 #include "texts/Localisation.h"
 #include "viewer/RecordingFilter.h"
 #include "viewer/RecordingRowDelegate.h"
@@ -27,6 +28,8 @@ constexpr int listRowHeight = 30;
 constexpr int headerHeight = 28;
 constexpr int iconWidth = 20;
 constexpr int leastFileWidth = 48;
+constexpr int scanBarHeight = 4;
+constexpr int scanBarInset = 14; ///< as far as the line's text
 
 } // namespace
 
@@ -34,7 +37,8 @@ RecordingListView::RecordingListView(QWidget* parent)
     : QTableView(parent),
       m_filter(new RecordingFilter(this)),
       m_emptyState(new ListEmptyState(viewport())),
-      m_scanLine(new QLabel(viewport()))
+      m_scanLine(new QLabel(viewport())),
+      m_scanProgress(new PMProgressIndicator(m_scanLine))
 {
     setObjectName(QStringLiteral("mediaListTableView"));
     setAccessibleName(localised("viewer.list.name"));
@@ -65,7 +69,9 @@ RecordingListView::RecordingListView(QWidget* parent)
     m_emptyState->hide();
 
     m_scanLine->setObjectName(QStringLiteral("listScanLine"));
-    m_scanLine->setAlignment(Qt::AlignCenter);
+    m_scanLine->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    m_scanProgress->setObjectName(QStringLiteral("listScanProgress"));
+    m_scanProgress->setIndeterminate(true);
     m_scanLine->hide();
 }
 
@@ -178,7 +184,7 @@ void RecordingListView::setOpenCommand(QAction* openFolder)
 
 void RecordingListView::showEmptyState(const QString& title, const QString& text, ListEmptyState::Offer offer)
 {
-    m_scanLine->hide();
+    endScanning();
     m_emptyState->tell(title, text, offer);
     m_emptyState->show();
     horizontalHeader()->hide(); // titles of columns that there are not
@@ -194,9 +200,20 @@ void RecordingListView::showNoFolder()
 void RecordingListView::showScanning(std::int64_t found)
 {
     m_emptyState->hide();
+    if (m_scanLine->isHidden()) {
+        m_scanProgress->startAnimation();
+        m_scanProgress->setDrawDockProgress(true);
+    }
     m_scanLine->setText(localised("viewer.list.scanning").arg(QLocale().toString(qint64(found))));
     m_scanLine->show();
     placeStatus();
+}
+
+void RecordingListView::endScanning()
+{
+    m_scanProgress->stopAnimation();
+    m_scanProgress->setDrawDockProgress(false);
+    m_scanLine->hide();
 }
 
 void RecordingListView::showRecordings()
@@ -207,7 +224,7 @@ void RecordingListView::showRecordings()
     if (m_filter->rowCount() == 0)
         return showEmptyState(localised("hands.nothingFound"), localised("hands.nothingFoundHelp"),
                               ListEmptyState::Offer::ShowAll);
-    m_scanLine->hide();
+    endScanning();
     m_emptyState->hide();
     horizontalHeader()->show();
 }
@@ -230,9 +247,11 @@ void RecordingListView::placeStatus()
     m_emptyState->setGeometry(viewport()->rect());
     if (m_scanLine->isHidden())
         return;
-    const QSize size = m_scanLine->sizeHint();
+    const QSize size = m_scanLine->sizeHint() + QSize(0, scanBarHeight);
     m_scanLine->setGeometry((viewport()->width() - size.width()) / 2,
                             viewport()->height() - size.height() - 12, size.width(), size.height());
+    m_scanProgress->setGeometry(scanBarInset, size.height() - scanBarHeight - 3,
+                                size.width() - 2 * scanBarInset, scanBarHeight);
     m_scanLine->raise();
 }
 

@@ -13,6 +13,7 @@ class QLabel;
 
 namespace marvo {
 
+class PMProgressIndicator;
 class RecordingFilter;
 
 /// The view of the recording list. It plays rows by double click and by the Enter key, keeps the up and down
@@ -76,10 +77,12 @@ private:
     void filterChanged();
     void showEmptyState(const QString& title, const QString& text, ListEmptyState::Offer offer);
     void placeStatus();
+    void endScanning();
 
     RecordingFilter* m_filter;
     ListEmptyState* m_emptyState;
     QLabel* m_scanLine;
+    PMProgressIndicator* m_scanProgress; ///< stands in the scan line
 };
 
 } // namespace marvo

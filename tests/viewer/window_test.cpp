@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 // The main window as a person drives it, with real films and the real player.
+#include "card/clock/MRVTimeSetupController.h"
 #include "controls/ElidedLabel.h"
 #include "controls/FractionSlider.h"
 #include "controls/ImageButton.h"
+#include "platform/FolderDisks.h"
 #include "settings/SettingFile.h"
 #include "TemporaryFolder.h"
 #include "viewer/Appearance.h"
@@ -57,6 +59,7 @@ private Q_SLOTS:
     void theCardDecidesTheSpeedUnit_data();
     void theCardDecidesTheSpeedUnit();
     void onlyZeroAndOneSetTheSpeedUnit();
+    void panelsOpenOnceAndGoWithTheWindow();
 
     void everyShortcutRunsItsCommand_data();
     void everyShortcutRunsItsCommand();
@@ -500,6 +503,28 @@ void WindowTest::noTextIsCut()
     check("map");
     stage.key(Qt::Key_F);
     check("full screen");
+}
+
+void WindowTest::panelsOpenOnceAndGoWithTheWindow()
+{
+    static FolderDisks disks(m_card.path()); // workers may still ask it when the window is gone
+    MRVAppDelegate::Configuration configuration;
+    configuration.disks = &disks;
+    WindowStage stage(configuration);
+    QVERIFY(stage.isShown);
+    stage.key(Qt::Key_T, Qt::ControlModifier);
+    const QPointer<QWidget> clock = stage.delegate.lastDialogController();
+    QVERIFY(qobject_cast<MRVTimeSetupController*>(clock));
+    stage.action(Command::ShowSettingPanel)->trigger();
+    const QPointer<QWidget> settings = stage.delegate.lastDialogController();
+    QVERIFY2(clock && clock->isVisible() && settings != clock,
+             "what was edited in the other one is not lost");
+    stage.action(Command::ShowTimeSetupPanel)->trigger();
+    QCOMPARE(stage.delegate.lastDialogController(), clock.data());
+
+    stage.delegate.closeWindow();
+    QTRY_VERIFY(!clock && !settings);
+    QVERIFY(!stage.delegate.lastDialogController());
 }
 
 int main(int argc, char** argv)

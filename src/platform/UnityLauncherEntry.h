@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace marvo {
+
+/// The program's entry in the desktop's docks and task bars, as those know it that listen to
+/// com.canonical.Unity.LauncherEntry. Without a session bus, or without anybody who listens, nothing happens.
+class UnityLauncherEntry
+{
+public:
+    /// The desktop file's name without its ending, such as "marvo".
+    explicit UnityLauncherEntry(const QString& desktopFileName);
+
+    /// Shows a bar on the entry, 0 to 1; none takes it away. Never waits for the bus.
+    void showProgress(std::optional<double> fraction) const;
+
+private:
+    QString m_appUri;
+    QString m_path;
+};
+
+} // namespace marvo
