@@ -22,11 +22,11 @@ namespace {
 bool isRecordingFileName(std::string_view fileName)
 {
     const auto [base, extension] = splitFileName(fileName);
-    const auto isLetter = [&](std::size_t i, char small, char capital) {
-        return extension[i] == small || extension[i] == capital;
+    const auto is = [](char letter, char small, char capital) {
+        return letter == small || letter == capital;
     };
-    return extension.size() == 3 && isLetter(0, 'a', 'A') && isLetter(1, 'v', 'V') && isLetter(2, 'i', 'I') &&
-           isMediaName(base);
+    return extension.size() == 3 && is(extension[0], 'a', 'A') && is(extension[1], 'v', 'V') &&
+           is(extension[2], 'i', 'I') && isMediaName(base);
 }
 
 struct DirectoryCloser
