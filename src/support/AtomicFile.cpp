@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 #include <utility>
 
@@ -146,9 +147,10 @@ bool isRefusal(const std::error_code& error)
 
 } // namespace
 
-std::error_code AtomicFile::open(const std::string& path)
+std::error_code AtomicFile::open(const std::string& path, Existing existing)
 {
     discard();
+    m_existing = existing;
     m_error = stage(path);
     if (m_error) {
         const std::error_code error = m_error;
@@ -161,6 +163,8 @@ std::error_code AtomicFile::open(const std::string& path)
 std::error_code AtomicFile::stage(const std::string& path)
 {
     struct stat status;
+    if (m_existing == Existing::Keep && ::lstat(path.c_str(), &status) == 0)
+        return std::make_error_code(std::errc::file_exists);
     const bool exists = ::stat(path.c_str(), &status) == 0;
     if (!exists && errno != ENOENT)
         return systemError();
@@ -240,14 +244,31 @@ std::error_code AtomicFile::putInPlace()
         return writeIntoTarget();
     if (::fsync(m_staged) != 0)
         return systemError();
-    if (::renameat(m_folder, m_temporaryName.c_str(), m_folder, m_name.c_str()) == 0) {
+    const std::error_code error = renameInPlace();
+    if (!error) {
         m_temporaryName.clear();
         return syncFolder(m_folder);
     }
-    const std::error_code error = systemError();
-    if (!isRefusal(error) || ::faccessat(m_folder, m_name.c_str(), W_OK, AT_EACCESS) != 0)
+    if (m_existing == Existing::Keep || !isRefusal(error) ||
+        ::faccessat(m_folder, m_name.c_str(), W_OK, AT_EACCESS) != 0)
         return error;
     return writeIntoTarget();
+}
+
+std::error_code AtomicFile::renameInPlace()
+{
+    const char* from = m_temporaryName.c_str();
+    const char* to = m_name.c_str();
+    if (m_existing == Existing::Keep) {
+        if (::renameat2(m_folder, from, m_folder, to, RENAME_NOREPLACE) == 0)
+            return {};
+        if (errno != EINVAL && errno != ENOSYS)
+            return systemError();
+        // The file system cannot look and rename in one step.
+        if (::faccessat(m_folder, to, F_OK, AT_SYMLINK_NOFOLLOW) == 0)
+            return std::make_error_code(std::errc::file_exists);
+    }
+    return ::renameat(m_folder, from, m_folder, to) == 0 ? std::error_code() : systemError();
 }
 
 std::error_code AtomicFile::writeIntoTarget()

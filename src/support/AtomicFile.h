@@ -30,8 +30,13 @@ public:
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
 
+    /// What becomes of a file, or anything else, that is at the path already. Keep fails with file_exists,
+    /// also when it appears only while the pieces are being added; a link counts as a file, whatever it
+    /// points to.
+    enum class Existing { Replace, Keep };
+
     /// Begins a new content for the file at the path; what was begun before is discarded.
-    std::error_code open(const std::string& path);
+    std::error_code open(const std::string& path, Existing existing = Existing::Replace);
     /// Adds a piece. After an error nothing more is added, and commit() gives the same error.
     std::error_code write(std::string_view bytes);
     /// Replaces bytes that were added before, such as a size that is known only at the end; errors as
@@ -44,6 +49,7 @@ public:
 
 private:
     std::error_code stage(const std::string& path);
+    std::error_code renameInPlace();
     std::error_code stageBeside(const struct ::stat* target);
     std::error_code putInPlace();
     std::error_code writeIntoTarget();
@@ -53,6 +59,7 @@ private:
     int m_folder = -1;           ///< of the target, and of the temporary
     int m_staged = -1;           ///< the new content so far
     bool m_targetIsRegular = true;
+    Existing m_existing = Existing::Replace;
     std::error_code m_error = std::make_error_code(std::errc::bad_file_descriptor);
 };
 
