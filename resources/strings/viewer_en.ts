@@ -46,7 +46,6 @@
     <message id="viewer.menu.playback"><source></source><translation>Playback</translation></message>
     <message id="viewer.menu.sound"><source></source><translation>Sound</translation></message>
     <message id="viewer.menu.view"><source></source><translation>View</translation></message>
-    <message id="viewer.command.notYet"><source></source><translation>%1 is not part of this version yet</translation></message>
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>Open folder…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>Camera settings…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>Camera clock…</translation></message>

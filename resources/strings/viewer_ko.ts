@@ -46,7 +46,6 @@
     <message id="viewer.menu.playback"><source></source><translation>재생</translation></message>
     <message id="viewer.menu.sound"><source></source><translation>소리</translation></message>
     <message id="viewer.menu.view"><source></source><translation>보기</translation></message>
-    <message id="viewer.command.notYet"><source></source><translation>%1: 이 버전에는 아직 없는 기능입니다</translation></message>
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>폴더 열기…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>카메라 설정…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>카메라 시계…</translation></message>

@@ -36,14 +36,6 @@ QString axisText(char16_t name, float g)
 /// Whether a number may be degrees and minutes: its degrees are what 32 bits hold.
 bool isCoordinate(double degreesMinutes) { return std::abs(degreesMinutes) / 100 <= Int32Limits::max(); }
 
-/// What the marker byte of a sample makes of its speed. The bytes are characters in the file.
-double shownSpeed(const _AVI_GPS_DATA_T& sample, SpeedUnit unit)
-{
-    if (unit == SpeedUnit::Miles)
-        return sample.KM == '9' ? sample.fSpeed * kilometresPerMile : sample.fSpeed;
-    return sample.KM == '1' ? sample.fSpeed * milesPerKilometre : sample.fSpeed;
-}
-
 QString speedText(const _AVI_GPS_DATA_T& sample, SpeedUnit unit)
 {
     const double speed = shownSpeed(sample, unit);
@@ -76,6 +68,14 @@ void showPlace(GpsPanel& panel, std::span<const _AVI_GPS_DATA_T> gpsData,
 }
 
 } // namespace
+
+// What the marker byte of a sample makes of its speed. The bytes are characters in the file.
+double shownSpeed(const _AVI_GPS_DATA_T& sample, SpeedUnit unit)
+{
+    if (unit == SpeedUnit::Miles)
+        return sample.KM == '9' ? sample.fSpeed * kilometresPerMile : sample.fSpeed;
+    return sample.KM == '1' ? sample.fSpeed * milesPerKilometre : sample.fSpeed;
+}
 
 GsensorPanel initialGsensorPanel()
 {

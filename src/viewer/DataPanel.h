@@ -54,6 +54,9 @@ GsensorPanel gsensorPanelAt(double position, std::span<const MRVGSensor> gsensor
 GpsPanel gpsPanelAt(double position, std::span<const _AVI_GPS_DATA_T> gpsData,
                     const std::vector<std::shared_ptr<const MRVGpsData>>& nmeas, SpeedUnit unit);
 
+/// The speed that the panel shows for a fix, with its fraction, in the unit shown.
+double shownSpeed(const _AVI_GPS_DATA_T& sample, SpeedUnit unit);
+
 /// The way of the whole recording, in driving order: the fixes that are places on earth, without those that
 /// repeat the one before. 0/0 is what a camera without reception writes, not a place.
 QList<MapPoint> wayOf(std::span<const _AVI_GPS_DATA_T> gpsData,

@@ -5,7 +5,9 @@
 #include "card/clock/MRVTimeSetupController.h"
 #include "controls/FractionSlider.h"
 #include "logs/window/DrivingLogWindow.h"
+#include "platform/CupsPrinting.h"
 #include "settings/window/MRVSettingController.h"
+#include "viewer/CaptureController.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/DataPanelUpdater.h"
 #include "viewer/FolderHands.h"
@@ -21,6 +23,7 @@
 #include "viewer/MapView.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/PlaybackController.h"
+#include "viewer/PrintController.h"
 #include "viewer/RecentFoldersMenu.h"
 #include "viewer/RecordingFilterBar.h"
 #include "viewer/RecordingListView.h"
@@ -42,6 +45,13 @@
 #include <utility>
 
 namespace marvo {
+
+namespace {
+
+/// How long a picture that is still being saved or sent to a printer may hold up the end.
+constexpr std::chrono::seconds LongestSaving{5};
+
+} // namespace
 
 MRVAppDelegate::MRVAppDelegate() : MRVAppDelegate(Configuration{}) {}
 
@@ -70,6 +80,7 @@ void MRVAppDelegate::awakeFromNib()
                                                       [this] { updateSideViewButton(); });
     m_playback =
         std::make_unique<PlaybackController>(*m_player1, m_mediaList, m_blackBoxData, m_playInfo, *m_host);
+    prepareCapture();
 
     const QString bar = QStringLiteral("bottom-background");
     m_views->mediaControlBoxForFullScreen->setImageNames(bar, bar, bar);
@@ -78,6 +89,20 @@ void MRVAppDelegate::awakeFromNib()
 
     m_views->bodyRightBox->mediaListTableView()->setModel(&m_recordings);
     setupInitialValues();
+}
+
+void MRVAppDelegate::prepareCapture()
+{
+    const auto shown = [this] {
+        return CaptureSnapshots::Shown{
+            m_views->video1View->image(),
+            captureFactsAt(m_player1->mediaPath(), m_player1->position(), m_player1->timeMs(), m_blackBoxData,
+                           m_mileDisplay ? SpeedUnit::Miles : SpeedUnit::Kilometres)};
+    };
+    m_snapshots = std::make_unique<CaptureSnapshots>(shown, m_captureWorkers, m_configuration.capturePath);
+    m_capture = std::make_unique<CaptureController>(*m_window, *m_player1, *m_snapshots, m_captureWorkers);
+    m_print = std::make_unique<PrintController>(*m_window, *m_player1, *m_snapshots, m_captureWorkers,
+                                                std::make_shared<CupsPrinting>());
 }
 
 void MRVAppDelegate::setupInitialValues()
@@ -188,6 +213,8 @@ void MRVAppDelegate::connectCommands()
     on(Command::VolumeUp, playback, &PlaybackController::volumeUp);
     on(Command::SizeDown, playback, &PlaybackController::sizeDown);
     on(Command::SizeUp, playback, &PlaybackController::sizeUp);
+    on(Command::CaptureVideo, this, &MRVAppDelegate::captureVideo);
+    on(Command::Print, this, &MRVAppDelegate::print);
     on(Command::ToggleFullScreen, this, &MRVAppDelegate::toggleFullScreen);
     on(Command::OpenDrivingLog, this, &MRVAppDelegate::openDrivingLog);
     on(Command::ShowSettingPanel, this, &MRVAppDelegate::showSettingPanel);
@@ -345,6 +372,10 @@ void MRVAppDelegate::toggleFullScreen()
         m_window->enterFullscreen();
 }
 
+void MRVAppDelegate::captureVideo() { m_capture->captureVideo(); }
+
+void MRVAppDelegate::print() { m_print->print(); }
+
 void MRVAppDelegate::clickMediaListViewButton() { setRightViewMode(RecordingListMode); }
 
 void MRVAppDelegate::clickMapViewButton() { setRightViewMode(MapMode); }
@@ -409,6 +440,10 @@ void MRVAppDelegate::die()
     m_hands->keep();
     m_playback->stopPlay();
     m_hands.reset();
+    m_print.reset();
+    m_capture.reset();
+    m_snapshots.reset();
+    m_captureWorkers.waitForAll(LongestSaving);
     m_playback.reset();
     m_host.reset();
     m_dataPanel.reset();

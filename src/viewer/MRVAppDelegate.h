@@ -3,6 +3,7 @@
 #pragma once
 
 #include "media/MRVMediaList.h"
+#include "platform/DetachedWorkers.h"
 #include "recording/MRVBlackBoxData.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "texts/Localisation.h"
@@ -22,6 +23,8 @@
 
 namespace marvo {
 
+class CaptureController;
+class CaptureSnapshots;
 class CustomWindow;
 class Disks;
 class DataPanelUpdater;
@@ -30,6 +33,7 @@ class MainViews;
 class MainWindowCommands;
 class MainWindowPlaybackHost;
 class PlaybackController;
+class PrintController;
 class VlcPlayer;
 
 /// The controller of the application's one main window. It owns the player, the play state, the media list
@@ -45,6 +49,7 @@ public:
         std::chrono::milliseconds loadingTick = LoadingIndicator::tickInterval;
         CardSettingsReader readCardSettings = marvo::readCardSettings;
         Disks* disks = nullptr; ///< where the settings window looks for the card; outlives the application
+        std::string capturePath = "/tmp/marvo_capture.jpg"; ///< the picture that was captured or printed last
     };
 
     MRVAppDelegate();
@@ -67,6 +72,10 @@ public:
     /// Plays the selected row, as a double click on it does.
     void changeAndPlay();
     void toggleFullScreen();
+    /// Saves the picture that plays.
+    void captureVideo();
+    /// Prints the picture that is shown, playing or paused.
+    void print();
     void clickMediaListViewButton();
     void clickMapViewButton();
     void closeWindow();
@@ -85,6 +94,7 @@ public:
     CustomWindow& window() const { return *m_window; }
     MainViews& views() const { return *m_views; }
     const MainWindowCommands& commands() const { return *m_commands; }
+    PrintController& printing() const { return *m_print; }
     PlaybackController& playback() const { return *m_playback; }
     const VlcPlayer* player1() const { return m_player1.get(); }
     const MRVMediaList& mediaList() const { return m_mediaList; }
@@ -119,6 +129,7 @@ private:
     void showPlayTime();
     template <typename Controller, typename... Arguments>
     void showPanel(QPointer<QWidget>& panel, Arguments&&... arguments);
+    void prepareCapture();
     void die();
 
     Configuration m_configuration;
@@ -138,6 +149,11 @@ private:
     std::unique_ptr<MainWindowPlaybackHost> m_host;
     std::unique_ptr<PlaybackController> m_playback;
     std::unique_ptr<FolderHands> m_hands;
+
+    DetachedWorkers m_captureWorkers;
+    std::unique_ptr<CaptureSnapshots> m_snapshots;
+    std::unique_ptr<CaptureController> m_capture;
+    std::unique_ptr<PrintController> m_print;
 
     QPointer<QWidget> m_settingPanel; ///< each is a window of its own, there while it is open
     QPointer<QWidget> m_timeSetupPanel;

@@ -44,7 +44,6 @@ const std::vector<CommandRow>& commandTable()
 {
     using enum Command;
     using enum CommandRow::Repeat;
-    using enum CommandRow::Availability;
     const auto key = [](int keyCode) { return QKeySequence(keyCode); };
     const auto control = [](Qt::Key keyCode) { return QKeySequence(Qt::CTRL | keyCode); };
     static const std::vector<CommandRow> table{
@@ -52,8 +51,8 @@ const std::vector<CommandRow>& commandTable()
         {OpenDrivingLog, "openDrivingLog", {control(Qt::Key_L)}},
         {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}},
         {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}},
-        {CaptureVideo, "captureVideo", {control(Qt::Key_S)}, Once, NotYet},
-        {Print, "print", {control(Qt::Key_P)}, Once, NotYet},
+        {CaptureVideo, "captureVideo", {control(Qt::Key_S)}},
+        {Print, "print", {control(Qt::Key_P)}},
         {ChangeAndPlay, "changeAndPlay", {key(Qt::Key_Return), key(Qt::Key_Enter)}},
         {ClickPlayButton, "clickPlayButton", {key(Qt::Key_Space)}},
         {JumpBackward, "jumpBackward", {key(Qt::Key_Left)}, WhileHeld},
@@ -88,12 +87,7 @@ MainWindowCommands::MainWindowCommands(QWidget& window) : QObject(&window), m_me
         action->setAutoRepeat(row.repeat == CommandRow::Repeat::WhileHeld);
         const QString keyText = row.shortcuts.front().toString(QKeySequence::NativeText);
         const QString name = title.endsWith(QChar(0x2026)) ? title.chopped(1) : title; // "Open folder…"
-        if (row.availability == CommandRow::Availability::NotYet) {
-            action->setEnabled(false);
-            action->setToolTip(localised("viewer.command.notYet").arg(name));
-        } else {
-            action->setToolTip(QStringLiteral("%1  (%2)").arg(name, keyText));
-        }
+        action->setToolTip(QStringLiteral("%1  (%2)").arg(name, keyText));
         window.addAction(action);
         m_actions.push_back(action);
     }

@@ -45,13 +45,11 @@ enum class Command {
 struct CommandRow
 {
     enum class Repeat { Once, WhileHeld };
-    enum class Availability { Available, NotYet };
 
     Command command;
     const char* name; ///< the action's object name; "viewer.command." and the name make the key of its title
     std::vector<QKeySequence> shortcuts;
     Repeat repeat = Repeat::Once;
-    Availability availability = Availability::Available;
 };
 
 const std::vector<CommandRow>& commandTable();

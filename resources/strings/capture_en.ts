@@ -1,0 +1,15 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en">
+<context>
+    <name></name>
+    <message id="capture.save.folder"><source></source><translation>Folder:</translation></message>
+    <message id="capture.save.name"><source></source><translation>File name:</translation></message>
+    <message id="capture.save.type"><source></source><translation>Show:</translation></message>
+    <message id="capture.save.accept"><source></source><translation>Save</translation></message>
+    <message id="capture.save.cancel"><source></source><translation>Cancel</translation></message>
+    <message id="capture.save.allFiles"><source></source><translation>All files (*)</translation></message>
+    <message id="capture.save.taken"><source></source><translation>“%1” exists already and will be left as it is. Choose another name.</translation></message>
+    <message id="print.title"><source></source><translation>Print picture</translation></message>
+</context>
+</TS>

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "viewer/CaptureController.h"
+
+#include "platform/DesktopPrograms.h"
+#include "platform/DetachedWorkers.h"
+#include "support/Log.h"
+#include "viewer/CaptureSaveDialog.h"
+#include "viewer/MediaPlayer.h"
+
+#include <QFile>
+
+namespace marvo {
+
+CaptureController::CaptureController(QWidget& window, const MediaPlayer& player, CaptureSnapshots& snapshots,
+                                     DetachedWorkers& workers)
+    : m_window(window), m_player(player), m_snapshots(snapshots), m_workers(workers)
+{}
+
+void CaptureController::captureVideo()
+{
+    if (!m_player.isPlaying())
+        return;
+    auto* dialog = new CaptureSaveDialog(&m_window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, snapshot = m_snapshots.take()](const QString& path) {
+                save(snapshot, QFile::encodeName(path).toStdString());
+            });
+    dialog->setWindowModality(Qt::ApplicationModal);
+    dialog->show();
+}
+
+void CaptureController::save(const Snapshot& snapshot, const std::string& target)
+{
+    m_workers.start([snapshot, target] {
+        const CaptureFile& file = *snapshot.get();
+        if (const std::error_code error = file.copyTo(target))
+            logLine("cannot save the captured picture as " + target + ": " + error.message());
+    });
+    // The viewer may run for hours, and nobody shall wait for that, nor it for a slow card.
+    DetachedWorkers().start([snapshot] {
+        const std::string path = snapshot.get()->path();
+        if (!openInDefaultProgram(path))
+            logLine("no program of the desktop has opened " + path);
+    });
+}
+
+} // namespace marvo
