@@ -25,6 +25,7 @@
     <message id="log.export.failed"><source></source><translation>“%1” could not be written. %2</translation></message>
     <message id="log.export.full"><source></source><translation>There is not enough room on the disk.</translation></message>
     <message id="log.export.protected"><source></source><translation>You may not write there, or the disk is write-protected.</translation></message>
+    <message id="log.export.gone"><source></source><translation>The folder or the disk is no longer there.</translation></message>
     <message id="log.export.same_file"><source></source><translation>It is the driving log itself. Choose another name.</translation></message>
     <message id="setting.flashdata.index"><source></source><translation>No.</translation></message>
     <message id="setting.flashdata.seq"><source></source><translation>Seq.</translation></message>

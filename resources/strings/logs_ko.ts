@@ -25,6 +25,7 @@
     <message id="log.export.failed"><source></source><translation>“%1” 파일을 쓸 수 없습니다. %2</translation></message>
     <message id="log.export.full"><source></source><translation>디스크에 공간이 부족합니다.</translation></message>
     <message id="log.export.protected"><source></source><translation>쓰기 권한이 없거나 디스크가 쓰기 방지되어 있습니다.</translation></message>
+    <message id="log.export.gone"><source></source><translation>폴더나 디스크를 찾을 수 없습니다.</translation></message>
     <message id="log.export.same_file"><source></source><translation>주행 기록 원본 파일입니다. 다른 이름을 선택하세요.</translation></message>
     <message id="setting.flashdata.index"><source></source><translation>번호</translation></message>
     <message id="setting.flashdata.seq"><source></source><translation>순번</translation></message>

@@ -68,6 +68,9 @@ QString exportFault(const std::error_code& error)
         return localised("log.export.protected");
     if (error == std::errc::file_exists)
         return localised("log.export.same_file");
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::no_such_device ||
+        error == std::errc::no_such_device_or_address || error == std::errc::io_error)
+        return localised("log.export.gone");
     return QString::fromStdString(error.message());
 }
 

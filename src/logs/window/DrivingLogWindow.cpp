@@ -20,7 +20,7 @@ namespace marvo {
 
 namespace {
 
-constexpr QSize usualSize(1240, 640);
+constexpr QSize usualSize(1300, 660);
 
 QString nameOf(const std::string& path)
 {

@@ -13,9 +13,9 @@
 #include <algorithm>
 #include <array>
 #include <QAbstractButton>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QRadioButton>
@@ -121,7 +121,7 @@ MRVSettingForAudioViewController::MRVSettingForAudioViewController(QWidget* pare
 
 QWidget* MRVSettingForAudioViewController::voiceLangBox()
 {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    QFont font = QApplication::font();
     font.setPointSize(kLanguagePointSize);
 
     m_voiceLangRadio->setObjectName(QStringLiteral("voiceLangRadio"));
