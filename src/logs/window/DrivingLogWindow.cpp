@@ -12,8 +12,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace marvo {
@@ -21,6 +23,7 @@ namespace marvo {
 namespace {
 
 constexpr QSize usualSize(1300, 660);
+constexpr int roomForTheMap = 490; // to the right of the window, where the screen has it
 
 QString nameOf(const std::string& path)
 {
@@ -42,7 +45,10 @@ DrivingLogWindow::DrivingLogWindow(const LogDescription& log, const std::string&
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
     layout->addWidget(m_view);
-    resize(usualSize.boundedTo(screen()->availableSize()));
+    const QRect visible = screen()->availableGeometry();
+    resize(usualSize.boundedTo(visible.size()));
+    move(visible.topLeft() + QPoint(std::max(0, visible.width() - width() - roomForTheMap) / 2,
+                                    (visible.height() - height()) / 2));
 
     m_view->setLoadingSheet(new LoadingSheet(this));
     m_view->setFlashDataFilePath(path);
@@ -93,7 +99,12 @@ void openDrivingLogDialog(QWidget* parent, const std::string& folder,
                          }
                          auto* window = new DrivingLogWindow(*log, path);
                          opened(*window);
-                         window->show();
+                         // The dialog that is going gives the keyboard back to its own window first.
+                         QTimer::singleShot(0, window, [window] {
+                             window->show();
+                             window->raise();
+                             window->activateWindow();
+                         });
                      });
     dialog->open();
 }
