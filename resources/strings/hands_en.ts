@@ -24,5 +24,7 @@
 Open the card or a folder of recordings, or drop it onto this window.
 Double-click a recording to play it.</translation></message>
     <message id="hands.openCard"><source></source><translation>Open card “%1”</translation></message>
+    <message id="hands.cannotShowInFolder"><source></source><translation>There is no file manager that could show the file. It is here:
+%1</translation></message>
 </context>
 </TS>

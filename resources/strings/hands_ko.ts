@@ -24,5 +24,7 @@
 카드나 녹화 폴더를 열거나 이 창에 끌어다 놓으세요.
 녹화를 두 번 클릭하면 재생됩니다.</translation></message>
     <message id="hands.openCard"><source></source><translation>“%1” 카드 열기</translation></message>
+    <message id="hands.cannotShowInFolder"><source></source><translation>파일을 보여 줄 파일 관리자가 없습니다. 파일 위치:
+%1</translation></message>
 </context>
 </TS>

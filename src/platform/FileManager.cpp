@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace marvo {
 
@@ -28,23 +29,34 @@ QString fileUri(const std::string& path)
 
 } // namespace
 
-void showInFileManager(const std::string& path)
+void showInFileManager(const std::string& path, QObject* context, std::function<void()> failed)
 {
-    const std::string folder = path.substr(0, std::max<std::size_t>(1, path.rfind('/')));
+    // Without a file manager that listens the desktop opens the folder with whatever it has.
+    const auto openFolder = [folder = path.substr(0, std::max<std::size_t>(1, path.rfind('/'))),
+                             failed = std::move(failed)](const QString& reason) {
+        if (QProcess::startDetached(QStringLiteral("xdg-open"), {fileUri(folder)}))
+            return;
+        qCWarning(logFileManager).noquote()
+            << "cannot show" << QString::fromStdString(folder) << ':' << reason;
+        failed();
+    };
+
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     message << QStringList{fileUri(path)} << QString();
-    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message));
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, folder] {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) { // a call would never be answered
+        QMetaObject::invokeMethod(
+            context, [openFolder] { openFolder(QStringLiteral("no session bus")); }, Qt::QueuedConnection);
+        return;
+    }
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), context);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, openFolder] {
         answer->deleteLater();
         const QDBusPendingReply<> reply = *answer;
-        if (!reply.isError())
-            return;
-        // No file manager that listens; the desktop opens the folder with whatever it has.
-        if (!QProcess::startDetached(QStringLiteral("xdg-open"), {fileUri(folder)}))
-            qCWarning(logFileManager).noquote()
-                << "cannot show" << QString::fromStdString(folder) << ':' << reply.error().message();
+        if (reply.isError())
+            openFolder(reply.error().message());
     });
 }
 

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/FolderHands.h"
 
+#include "controls/MessageSheet.h"
 #include "media/MRVMediaList.h"
 #include "platform/FileManager.h"
 #include "texts/DisplayText.h"
+#include "texts/Localisation.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/ListEmptyState.h"
 #include "viewer/MainViews.h"
@@ -45,8 +47,9 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
     });
     connect(&views.window, &CustomWindow::dropped, this, &FolderHands::dropped);
     connect(commands.action(Command::FindRecording), &QAction::triggered, this, [this, &commands] {
-        if (m_mediaList.count() == 0 || m_views.window.isFullScreen())
+        if (m_mediaList.count() == 0)
             return;
+        m_views.window.leaveFullscreen();
         commands.action(Command::ClickMediaListViewButton)->trigger();
         m_views.bodyRightBox->filterBar()->beginSearch();
     });
@@ -71,8 +74,13 @@ void FolderHands::connectRows()
             Q_EMIT folderWanted(std::string(folders[static_cast<std::size_t>(index)].path));
     });
     connect(list, &RecordingListView::showInFolderRequested, this, [this](std::int64_t row) {
-        if (const MRVMedia* media = m_mediaList.mediaAtIndex(row))
-            showInFileManager(media->path());
+        const MRVMedia* media = m_mediaList.mediaAtIndex(row);
+        if (!media)
+            return;
+        showInFileManager(media->path(), this, [this, path = displayText(media->path())] {
+            showMessageSheet(&m_views.window, QStringLiteral("MARVO"),
+                             localised("hands.cannotShowInFolder").arg(path));
+        });
     });
     connect(list, &RecordingListView::copyPathRequested, this, [this](std::int64_t row) {
         if (const MRVMedia* media = m_mediaList.mediaAtIndex(row))

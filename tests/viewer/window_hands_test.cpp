@@ -20,6 +20,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
@@ -188,6 +189,16 @@ void WindowHandsTest::theMenuOfARowMeansThatRow()
     choose(menu, "copyPath");
     QCOMPARE(QGuiApplication::clipboard()->text(),
              QString::fromStdString(m_card.path("motion_20240518_081500.avi")));
+    const QByteArray path =
+        qgetenv("PATH"); // with no file manager on the bus and no program to open a folder
+    qputenv("PATH", "/nonexistent");
+    menu = menuFor(QContextMenuEvent::Mouse);
+    choose(menu, "showInFolder");
+    QTRY_VERIFY(stage.window().findChild<QMessageBox*>());
+    qputenv("PATH", path);
+    auto* message = stage.window().findChild<QMessageBox*>();
+    QVERIFY(message->informativeText().contains(QGuiApplication::clipboard()->text()));
+    message->close();
     menu = menuFor(QContextMenuEvent::Keyboard);
     QVERIFY(menu);
     choose(menu, "playRecording");
@@ -311,6 +322,7 @@ int main(int argc, char** argv)
 {
     // Where the preferences lie is for the desktop to say; here it says so.
     const TemporaryFolder home;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(home.path()));
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
