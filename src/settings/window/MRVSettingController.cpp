@@ -211,7 +211,9 @@ bool MRVSettingController::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isInput = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress ||
                          event->type() == QEvent::Wheel;
-    if (isInput && watched->isWidgetType() && m_targetView->isAncestorOf(static_cast<QWidget*>(watched)))
+    const bool edits = !m_keptTabs.values().contains(m_targetController); // a log is only looked at
+    if (isInput && edits && watched->isWidgetType() &&
+        m_targetView->isAncestorOf(static_cast<QWidget*>(watched)))
         m_touched = true;
     return QWidget::eventFilter(watched, event);
 }
