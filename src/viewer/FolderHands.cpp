@@ -28,6 +28,12 @@
 
 namespace marvo {
 
+namespace {
+
+constexpr std::int64_t leastTimeToReturnMs = 1000;
+
+} // namespace
+
 FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
                          const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback,
                          Disks* disks)
@@ -152,6 +158,8 @@ void FolderHands::offerReturn()
     if (!place)
         return;
     m_views.bodyRightBox->mediaListTableView()->selectOnlyRow(place->row);
+    if (place->timeMs < leastTimeToReturnMs)
+        return; // a double click on the row does as well
     m_views.bodyRightBox->returnStrip()->offer(*m_mediaList.mediaAtIndex(place->row), place->timeMs);
 }
 
