@@ -13,6 +13,8 @@
 
 namespace marvo {
 
+class DeviceAccess;
+
 /// One mounted file system as the desktop's disk service describes it.
 struct MountedVolume
 {
@@ -21,6 +23,8 @@ struct MountedVolume
     QString name;           ///< the volume's label
     std::string mountPath;  ///< where it is mounted, as bytes
     std::string devicePath; ///< "/dev/sdb1"
+    std::uint64_t deviceNumber = 0;
+    QString fileSystemId; ///< what its formatting gave it, such as "1A2B-3C4D"
     std::optional<QString> model;
     QString serial;         ///< of the drive; empty when it tells none
     QString key;            ///< what the service calls the volume
@@ -29,8 +33,9 @@ struct MountedVolume
     Bus bus = Bus::Other;
     bool removable = false;
     bool writable = false;
-    bool mediaWhole = false; ///< no partition of something larger
-    bool system = false;     ///< the service counts it to the machine's own disks
+    bool deviceWritable = false; ///< the medium is not write-protected, however it is mounted
+    bool mediaWhole = false;     ///< no partition of something larger
+    bool system = false;         ///< the service counts it to the machine's own disks
 };
 
 /// The mounted volumes of the machine. Every operation asks the system on the calling thread, which may take
@@ -56,7 +61,13 @@ public:
     /// An entry for each volume on USB that has a device; its mount path is logged.
     std::vector<TKUSBDiskEntity> usbDiskEntities() const;
 
+    /// What formatting a volume takes; null where the volumes cannot be formatted. Lives as long as this.
+    virtual DeviceAccess* deviceAccess() { return nullptr; }
+
 Q_SIGNALS:
+    /// A volume mounted there is about to be unmounted: whoever has a file on it open lets go of it. Main
+    /// thread.
+    void aboutToUnmount(const std::string& mountPath);
     /// A volume may have come, gone or changed. Several changes at once are told as one. Main thread.
     void volumesChanged();
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Disks.h"
+#include "platform/UDisks2DeviceAccess.h"
 
 #include <QDBusConnection>
 #include <QTimer>
@@ -19,12 +20,14 @@ public:
 
     std::vector<MountedVolume> mountedVolumes() const override;
     std::optional<QString> renameVolume(const TKUSBDiskEntity& volume, const QString& name) override;
+    DeviceAccess* deviceAccess() override { return &m_deviceAccess; }
 
 private Q_SLOTS:
     void noteChange();
 
 private:
     QDBusConnection m_bus;
+    UDisks2DeviceAccess m_deviceAccess;
     QTimer m_changeTimer; ///< gathers the several messages that one card brings
 };
 

@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "platform/UDisks2DeviceAccess.h"
+
+#include "platform/UDisks2Objects.h"
+
+#include <QDBusPendingCall>
+#include <QDBusUnixFileDescriptor>
+#include <QDeadlineTimer>
+#include <QLoggingCategory>
+#include <QThread>
+
+#include <fcntl.h>
+#include <limits>
+#include <unistd.h>
+
+namespace marvo {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logAccess, "marvo.disks.access")
+
+using Kind = DeviceError::Kind;
+using udisks2::interfaceName;
+
+/// Unmounting writes out what the system still holds back for a slow card.
+constexpr int changeTimeoutMs = 60'000;
+/// A file manager that is just looking at the volume lets go of it again.
+constexpr int busyPatienceMs = 3000;
+constexpr int noticePatienceMs = 8000;
+constexpr unsigned long pauseMs = 50;
+
+Kind kindOf(const QString& errorName)
+{
+    const QStringView name = QStringView(errorName).mid(errorName.lastIndexOf(QLatin1Char('.')) + 1);
+    struct Row
+    {
+        QLatin1StringView name;
+        Kind kind;
+    };
+    static constexpr Row rows[]{
+        {QLatin1StringView("NotAuthorized"), Kind::Refused},
+        {QLatin1StringView("NotAuthorizedDismissed"), Kind::Dismissed},
+        {QLatin1StringView("NotAuthorizedCanObtain"), Kind::NobodyAsks},
+        {QLatin1StringView("DeviceBusy"), Kind::Busy},
+        {QLatin1StringView("UnknownObject"), Kind::Gone},
+        {QLatin1StringView("UnknownInterface"), Kind::Gone},
+        {QLatin1StringView("UnknownMethod"), Kind::Gone},
+        {QLatin1StringView("NotFound"), Kind::Gone},
+    };
+    for (const Row& row : rows) {
+        if (name == row.name)
+            return row.kind;
+    }
+    return Kind::Other;
+}
+
+std::optional<DeviceError> errorOf(const QDBusMessage& reply, const char* what)
+{
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        return std::nullopt;
+    qCWarning(logAccess, "%s: %s: %s", what, qUtf8Printable(reply.errorName()),
+              qUtf8Printable(reply.errorMessage()));
+    return DeviceError{kindOf(reply.errorName()), reply.errorMessage()};
+}
+
+bool isError(const QDBusMessage& reply, const char* name)
+{
+    return reply.type() == QDBusMessage::ErrorMessage && reply.errorName().endsWith(QLatin1String(name));
+}
+
+bool mayBeFormatted(const MountedVolume& volume)
+{
+    return volume.bus == MountedVolume::Bus::Usb && volume.removable && !volume.system &&
+           !volume.devicePath.empty() && !carriesSystem(volume.deviceNumber);
+}
+
+DeviceIdentity identityOf(const MountedVolume& volume)
+{
+    return {volume.devicePath, volume.deviceNumber, volume.size, diskSequence(volume.deviceNumber),
+            volume.drive,      volume.serial};
+}
+
+} // namespace
+
+DeviceDescriptor::~DeviceDescriptor()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+UDisks2DeviceAccess::UDisks2DeviceAccess(const Disks& disks)
+    : m_disks(disks), m_bus(QDBusConnection::systemBus())
+{}
+
+std::vector<FormattableVolume> UDisks2DeviceAccess::formattableVolumes() const
+{
+    std::vector<FormattableVolume> volumes;
+    for (const MountedVolume& volume : m_disks.usbVolumeURLs()) {
+        if (!mayBeFormatted(volume))
+            continue;
+        qCInfo(logAccess, "%s", volume.mountPath.c_str());
+        volumes.push_back({TKUSBDiskEntity(volume.name, volume.mountPath, volume.devicePath, volume.model,
+                                           volume.size, volume.deviceWritable, volume.mediaWhole, volume.key),
+                           identityOf(volume)});
+    }
+    return volumes;
+}
+
+std::optional<DeviceIdentity> UDisks2DeviceAccess::identify(const QString& key) const
+{
+    const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
+    return volume && mayBeFormatted(*volume) ? std::optional(identityOf(*volume)) : std::nullopt;
+}
+
+std::optional<DeviceError> UDisks2DeviceAccess::unmountOne(const QString& key)
+{
+    const QDeadlineTimer patience(busyPatienceMs);
+    // A volume that is mounted in several places takes a call for each.
+    while (true) {
+        const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Unmount",
+                                                 {QVariantMap()}, changeTimeoutMs);
+        if (isError(reply, ".NotMounted"))
+            return std::nullopt;
+        if (isError(reply, ".DeviceBusy") && !patience.hasExpired()) {
+            QThread::msleep(pauseMs);
+            continue;
+        }
+        if (auto error = errorOf(reply, "unmount"))
+            return error;
+    }
+}
+
+std::optional<DeviceError> UDisks2DeviceAccess::unmount(const TKUSBDiskEntity& volume)
+{
+    if (volume.mediaWhole()) {
+        const udisks2::ManagedObjects objects = udisks2::managedObjects(m_bus);
+        const auto whole = udisks2::describe(objects, QDBusObjectPath(volume.key()));
+        for (auto object = objects.begin(); object != objects.end(); ++object) {
+            const auto other = udisks2::describe(objects, object.key());
+            if (!whole || !other || whole->drive.isEmpty() || other->drive != whole->drive ||
+                other->key == whole->key || udisks2::mountPoints(*object).empty())
+                continue;
+            if (auto error = unmountOne(other->key))
+                return error;
+        }
+    }
+    return unmountOne(volume.key());
+}
+
+std::optional<DeviceError>
+UDisks2DeviceAccess::openForWriting(const QString& key, const std::stop_token& stop, DeviceDescriptor& opened)
+{
+    QDBusMessage message = udisks2::methodCall(
+        key, interfaceName("Block"), "OpenDevice",
+        {QStringLiteral("rw"), QVariantMap{{QStringLiteral("flags"), O_EXCL | O_CLOEXEC}}});
+    message.setInteractiveAuthorizationAllowed(true);
+    const QDBusPendingCall pending = m_bus.asyncCall(message, std::numeric_limits<int>::max());
+    // Nobody can tell how long a person takes for a password.
+    while (!pending.isFinished()) {
+        if (stop.stop_requested())
+            return DeviceError{Kind::Abandoned, {}};
+        QThread::msleep(pauseMs);
+    }
+    if (auto error = errorOf(pending.reply(), "open")) {
+        const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
+        if (error->kind == Kind::Other && volume && !volume->deviceWritable)
+            error->kind = Kind::WriteProtected;
+        if (!volume)
+            error->kind = Kind::Gone;
+        return error;
+    }
+    const QVariantList arguments = pending.reply().arguments();
+    const auto handed = arguments.isEmpty() ? QDBusUnixFileDescriptor()
+                                            : arguments.constFirst().value<QDBusUnixFileDescriptor>();
+    opened = DeviceDescriptor(handed.isValid() ? ::fcntl(handed.fileDescriptor(), F_DUPFD_CLOEXEC, 3) : -1);
+    if (!opened)
+        return DeviceError{Kind::Other, QStringLiteral("OpenDevice: no descriptor")};
+    return std::nullopt;
+}
+
+std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const QString& fileSystemId)
+{
+    // Udev looks at the device when its last writer closes it; this tells it to, should it have missed that.
+    udisks2::call(m_bus, key, interfaceName("Block"), "Rescan", {QVariantMap()}, changeTimeoutMs);
+    const QDeadlineTimer patience(noticePatienceMs);
+    while (true) {
+        const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
+        const bool noticed = volume && (fileSystemId.isEmpty() || volume->fileSystemId == fileSystemId);
+        if (!volume && patience.hasExpired())
+            return DeviceError{Kind::Gone, {}};
+        if (noticed || patience.hasExpired()) {
+            const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Mount",
+                                                     {QVariantMap()}, changeTimeoutMs);
+            // A desktop that mounts what appears may have been quicker.
+            if (isError(reply, ".AlreadyMounted"))
+                return std::nullopt;
+            const auto error = errorOf(reply, "mount");
+            if (!error || error->kind != Kind::Gone || patience.hasExpired())
+                return error;
+        }
+        QThread::msleep(pauseMs);
+    }
+}
+
+} // namespace marvo
