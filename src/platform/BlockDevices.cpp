@@ -112,13 +112,12 @@ void collectFamily(const fs::path& folder, std::set<std::uint64_t>& devices)
     }
 }
 
-/// The number of the block device that a path names, or that the file at the path lies on.
-std::optional<std::uint64_t> deviceOf(const std::string& path)
+/// True when the path names one of the block devices, or a file that lies on one of them.
+bool liesOn(const std::set<std::uint64_t>& devices, const std::string& path)
 {
     struct stat status = {};
-    if (path.empty() || path.front() != '/' || ::stat(path.c_str(), &status) != 0)
-        return std::nullopt;
-    return S_ISBLK(status.st_mode) ? status.st_rdev : status.st_dev;
+    return path.starts_with('/') && ::stat(path.c_str(), &status) == 0 &&
+           devices.contains(S_ISBLK(status.st_mode) ? status.st_rdev : status.st_dev);
 }
 
 } // namespace
@@ -174,17 +173,13 @@ bool carriesSystem(std::uint64_t device)
     if (family.empty())
         return true;
     for (const MountLine& mount : readMountLines(contentOf("/proc/self/mountinfo"))) {
-        if (!isSystemPath(mount.path))
-            continue;
         // Some file systems, btrfs among them, show a number of their own.
-        const auto source = mount.source.starts_with("/dev/") ? deviceOf(mount.source) : std::nullopt;
-        if (family.contains(mount.device) || (source && family.contains(*source)))
+        if (isSystemPath(mount.path) && (family.contains(mount.device) ||
+                                         (mount.source.starts_with("/dev/") && liesOn(family, mount.source))))
             return true;
     }
-    return std::ranges::any_of(readSwapPaths(contentOf("/proc/swaps")), [&](const std::string& path) {
-        const auto swap = deviceOf(path);
-        return swap && family.contains(*swap);
-    });
+    return std::ranges::any_of(readSwapPaths(contentOf("/proc/swaps")),
+                               [&](const std::string& path) { return liesOn(family, path); });
 }
 
 std::uint64_t diskSequence(std::uint64_t device)

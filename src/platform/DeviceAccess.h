@@ -97,8 +97,8 @@ public:
                                                       DeviceDescriptor& opened) = 0;
 
     /// Mounts the volume after a change of its content: waits some seconds until the system has noticed the
-    /// file system of that identifier ("1A2B-3C4D"; empty: whatever there is). A volume that is mounted
-    /// already is no error.
+    /// file system of that identifier ("1A2B-3C4D"); with an empty one it takes at once whatever there is. A
+    /// volume that is mounted already is no error.
     virtual std::optional<DeviceError> mount(const QString& key, const QString& fileSystemId) = 0;
 };
 

@@ -187,7 +187,7 @@ std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const 
     while (true) {
         const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
         const bool noticed = volume && (fileSystemId.isEmpty() || volume->fileSystemId == fileSystemId);
-        if (!volume && patience.hasExpired())
+        if (!volume && (fileSystemId.isEmpty() || patience.hasExpired()))
             return DeviceError{Kind::Gone, {}};
         if (noticed || patience.hasExpired()) {
             const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Mount",
@@ -196,7 +196,7 @@ std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const 
             if (isError(reply, ".AlreadyMounted"))
                 return std::nullopt;
             const auto error = errorOf(reply, "mount");
-            if (!error || error->kind != Kind::Gone || patience.hasExpired())
+            if (!error || error->kind != Kind::Gone || fileSystemId.isEmpty() || patience.hasExpired())
                 return error;
         }
         QThread::msleep(pauseMs);

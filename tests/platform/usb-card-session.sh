@@ -1,17 +1,19 @@
 #!/usr/bin/env bash
 # SPDX-FileCopyrightText: 2026 The MARVO developers
 # SPDX-License-Identifier: MIT
-# usb-card-session.sh COMMAND...: runs COMMAND beside a real disk service with a FAT card in a "USB reader": a loop device
-# that udev rules and a dressed-up device folder pass off as one. All of it lives in a mount namespace of its own and
-# goes with it. COMMAND finds the device in MARVO_TEST_DEVICE and the card's size in bytes in MARVO_TEST_DEVICE_SIZE.
-# Exit code 77, with the reason, where this machine cannot do that.
+# usb-card-session.sh COMMAND...: runs COMMAND beside a real disk service with FAT cards in "USB readers": loop devices
+# that udev rules and a dressed-up device folder pass off as such. All of it lives in a mount namespace of its own and
+# goes with it. Exit code 77, with the reason, where this machine cannot do that.
+# MARVO_TEST_CARDS lists the cards as LABEL:MIB or LABEL:MIB:partition; each image lies on a small tmpfs of its own.
+# COMMAND finds in MARVO_TEST_CARD_LABEL the device and the image of each ("/dev/loop3p1 /run/marvo/LABEL/card.img"), and
+# of the first card the device in MARVO_TEST_DEVICE and its size in bytes in MARVO_TEST_DEVICE_SIZE.
 set -euo pipefail
 
 skip() { echo "skipped: $*"; exit 77; }
 
 if [ "${1:-}" != --inside ]; then
     [ "$(id -u)" -eq 0 ] || skip "needs root for a loop device and a mount namespace"
-    for tool in unshare losetup dbus-daemon udevadm mkfs.fat fusefat; do
+    for tool in unshare losetup dbus-daemon udevadm mkfs.fat sfdisk fusefat; do
         command -v "$tool" >/dev/null || skip "no $tool"
     done
     for daemon in /lib/systemd/systemd-udevd /usr/libexec/udisks2/udisksd /usr/lib/polkit-1/polkitd; do
@@ -22,19 +24,21 @@ if [ "${1:-}" != --inside ]; then
 fi
 shift
 
-card_mb=${MARVO_TEST_CARD_MB:-64}
+read -r -a cards <<<"${MARVO_TEST_CARDS:-OLDNAME:64}"
 work=/run/marvo
-device=
+disks=()
 pids=()
 
 finish() {
     set +e
     # A file system in user space keeps the namespace alive for as long as it is mounted.
-    [ -z "$device" ] || while umount "$device" 2>/dev/null; do :; done
+    for disk in "${disks[@]}"; do
+        for device in "$disk"*; do while umount "$device" 2>/dev/null; do :; done; done
+    done
     # The disk service waits for a bus that may have gone before it: none of them has anything left to put in order.
     [ "${#pids[@]}" -eq 0 ] || kill -KILL "${pids[@]}" 2>/dev/null
     wait 2>/dev/null
-    [ -z "$device" ] || losetup -d "$device" 2>/dev/null
+    for disk in "${disks[@]}"; do losetup -d "$disk" 2>/dev/null; done
 }
 trap finish EXIT
 
@@ -51,6 +55,9 @@ wait_for() {
 
 mount -t tmpfs tmpfs /run || skip "no tmpfs on /run"
 mkdir -p /run/dbus /run/udev/rules.d /run/lock "$work"
+# Where volumes get mounted, and where the disk service remembers them.
+mount -t tmpfs tmpfs /media
+[ ! -d /var/lib/udisks2 ] || mount -t tmpfs tmpfs /var/lib/udisks2
 
 # The kernel of a build machine often has no vfat; the mount command then finds this helper.
 if ! grep -qw vfat /proc/filesystems && ! modprobe vfat 2>/dev/null; then
@@ -68,38 +75,63 @@ HELPER
     mount --bind "$work/sbin" "$system_sbin"
 fi
 
-truncate -s "${card_mb}M" "$work/card.img"
-mkfs.fat -F 32 -n "${MARVO_TEST_CARD_LABEL:-OLDNAME}" "$work/card.img" >/dev/null
-device=$(losetup -f --show "$work/card.img") || skip "no loop device"
-name=$(basename "$device")
+# make_card LABEL MIB [partition]: its image in a reader; the disk's device is added to `disks`.
+make_card() {
+    local folder=$work/$1 image=$work/$1/card.img
+    mkdir "$folder"
+    mount -t tmpfs -o size=48m tmpfs "$folder"
+    truncate -s "$2M" "$image"
+    if [ "${3:-}" = partition ]; then
+        echo '2048,,c' | sfdisk -q "$image"
+        mkfs.fat -F 32 -n "$1" -h 2048 --offset 2048 "$image" $(($2 * 1024 - 1024)) >/dev/null
+    else
+        mkfs.fat -F 32 -n "$1" "$image" >/dev/null
+    fi
+    disks+=("$(losetup -P -f --show "$image")") || skip "no loop device"
+}
+for card in "${cards[@]}"; do
+    IFS=: read -r label mib kind <<<"$card"
+    make_card "$label" "$mib" "${kind:-}"
+    device=${disks[-1]}
+    [ "${kind:-}" != partition ] || device+=p1
+    export "MARVO_TEST_CARD_$label=$device $work/$label/card.img"
+    if [ -z "${MARVO_TEST_DEVICE:-}" ]; then
+        MARVO_TEST_DEVICE=$device
+        MARVO_TEST_DEVICE_SIZE=$(blockdev --getsize64 "$device")
+        export MARVO_TEST_DEVICE MARVO_TEST_DEVICE_SIZE
+    fi
+done
 
-cat >/run/udev/rules.d/99-marvo-test.rules <<RULES
-KERNEL=="$name", ENV{ID_BUS}="usb", ENV{ID_USB_DRIVER}="usb-storage", ENV{ID_MODEL}="Card_Reader", ENV{ID_MODEL_ENC}="Card\\x20Reader", ENV{ID_VENDOR}="Test", ENV{ID_VENDOR_ENC}="Test", ENV{ID_SERIAL}="Test_Card_Reader_0001", ENV{ID_SERIAL_SHORT}="0001", ENV{ID_DRIVE_FLASH_SD}="1", ENV{ID_INSTANCE}="0:0", ENV{UDISKS_SYSTEM}="0", ENV{UDISKS_IGNORE}="0"
-RULES
-
-# The loop device's folder under a parent that looks like a USB interface, and its medium removable.
-real=$(readlink -f "/sys/class/block/$name")
-mkdir "$work/loop"
-mount --bind "$real" "$work/loop"
+# The loop devices' folders under a parent that looks like a USB interface, and their media removable.
+mkdir "$work/sys"
+mount --bind "$(readlink -f /sys/devices/virtual/block)" "$work/sys"
 mount -t tmpfs tmpfs /sys/devices/virtual/block
 printf 'DEVTYPE=usb_interface\n' >/sys/devices/virtual/block/uevent
 ln -s ../../../../bus/usb /sys/devices/virtual/block/subsystem
-mkdir "/sys/devices/virtual/block/$name"
-mount --bind "$work/loop" "/sys/devices/virtual/block/$name"
 echo 1 >"$work/removable"
-mount --bind "$work/removable" "/sys/devices/virtual/block/$name/removable"
+for disk in "${disks[@]}"; do
+    name=$(basename "$disk")
+    mkdir "/sys/devices/virtual/block/$name"
+    mount --bind "$work/sys/$name" "/sys/devices/virtual/block/$name"
+    mount --bind "$work/removable" "/sys/devices/virtual/block/$name/removable"
+    # Readers are told apart by their serial numbers.
+    cat >>/run/udev/rules.d/99-marvo-test.rules <<RULES
+KERNEL=="$name|${name}p*", ENV{ID_BUS}="usb", ENV{ID_USB_DRIVER}="usb-storage", ENV{ID_MODEL}="Card_Reader", ENV{ID_MODEL_ENC}="Card\\x20Reader", ENV{ID_VENDOR}="Test", ENV{ID_VENDOR_ENC}="Test", ENV{ID_SERIAL}="Test_Card_Reader_$name", ENV{ID_SERIAL_SHORT}="$name", ENV{ID_DRIVE_FLASH_SD}="1", ENV{ID_INSTANCE}="0:0", ENV{UDISKS_SYSTEM}="0", ENV{UDISKS_IGNORE}="0"
+RULES
+done
 
 export SYSTEMD_DEVICE_VERIFY_SYSFS=0
 dbus-daemon --system --nofork --nopidfile >"$work/dbus.log" 2>&1 & pids+=($!)
 wait_for 5 "the system bus" test -S /run/dbus/system_bus_socket
 /lib/systemd/systemd-udevd >"$work/udev.log" 2>&1 & pids+=($!)
 wait_for 5 "udev" test -S /run/udev/control
-udevadm trigger --action=add "$real" 2>/dev/null || udevadm trigger --action=add --subsystem-match=block
+for disk in "${disks[@]}"; do udevadm trigger --action=add "/sys/class/block/$(basename "$disk")"*; done
 udevadm settle --timeout=10 || true
 /usr/lib/polkit-1/polkitd --no-debug >"$work/polkit.log" 2>&1 & pids+=($!)
 /usr/libexec/udisks2/udisksd >"$work/udisks.log" 2>&1 & pids+=($!)
-bus_object=/org/freedesktop/UDisks2/block_devices/$name
-wait_for 10 "the disk service" \
-    gdbus introspect --system --dest org.freedesktop.UDisks2 --object-path "$bus_object" --only-properties
+for disk in "${disks[@]}"; do
+    wait_for 10 "the disk service" gdbus introspect --system --dest org.freedesktop.UDisks2 --only-properties \
+        --object-path "/org/freedesktop/UDisks2/block_devices/$(basename "$disk")"
+done
 
-MARVO_TEST_DEVICE=$device MARVO_TEST_DEVICE_SIZE=$(blockdev --getsize64 "$device") "$@"
+"$@"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/window/MRVSettingController.h"
 
+#include "card/format/MRVFormatWindowController.h"
 #include "controls/MessageSheet.h"
 #include "controls/SegmentedControl.h"
 #include "platform/DesktopPrograms.h"
@@ -98,8 +99,12 @@ void MRVSettingController::buildWindow()
     tools->setMenu(new QMenu(tools));
     buildToolsMenu(*tools->menu());
 
+    auto* sdcardFormatButton = windowButton("sdcardFormatButton", "setting.sdcardformat", this);
+    connect(sdcardFormatButton, &QPushButton::clicked, this, &MRVSettingController::onFormat);
+
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(tools);
+    buttons->addWidget(sdcardFormatButton);
     buttons->addWidget(m_resetButton);
     buttons->addStretch();
     buttons->addWidget(cancelButton);
@@ -177,7 +182,8 @@ void MRVSettingController::settingsRead(LoadedSettings loaded)
 
 void MRVSettingController::volumesChanged()
 {
-    if (!m_loaded)
+    // While a card is formatted it goes and comes back.
+    if (!m_loaded || m_lastDialogController)
         return;
     struct Found
     {
@@ -369,6 +375,31 @@ void MRVSettingController::onDiskUtil()
 {
     if (!startDiskUtility())
         showMessageSheet(this, QStringLiteral("MARVO"), localised("msg.no_disk_utility"));
+}
+
+void MRVSettingController::onFormat()
+{
+    if (m_lastDialogController)
+        return;
+    m_lastDialogController = new MRVFormatWindowController(m_disks, this);
+    m_lastDialogController->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_lastDialogController, &MRVFormatWindowController::cardChanged, this,
+            &MRVSettingController::reloadAfterFormat);
+    m_lastDialogController->show();
+}
+
+void MRVSettingController::reloadAfterFormat()
+{
+    runInBackground(
+        [disks = &m_disks, language = m_language] {
+            return loadSettingFile(*disks, CardNaming::Keep, language, {});
+        },
+        [this](LoadedSettings loaded) {
+            // What the user has already chosen is worth more than what was put back on the card.
+            if (m_touched || !loaded.wasRead)
+                loaded.record = m_FileData;
+            settingsRead(std::move(loaded));
+        });
 }
 
 void MRVSettingController::onSaveDefaultSetting()

@@ -10,6 +10,7 @@
 #include "texts/Localisation.h"
 
 #include <QHash>
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -22,6 +23,7 @@ namespace marvo {
 
 class Disks;
 class LoadingSheet;
+class MRVFormatWindowController;
 template <typename Target>
 class ObjectLink;
 class SegmentedControl;
@@ -52,6 +54,8 @@ public:
     void onSave();
     void onCloseCmd();
     void onDiskUtil();
+    /// Shows the dialog that formats a card; afterwards the settings are read again.
+    void onFormat();
     /// The defaults of the language into the record and the tab shown; nothing is written.
     void onSaveDefaultSetting();
 
@@ -78,6 +82,7 @@ private:
     void buildToolsMenu(QMenu& menu);
     void onInitDIalog();
     void settingsRead(LoadedSettings loaded);
+    void reloadAfterFormat();
     void volumesChanged();
     void updateWindowTitle();
     void updateTabBar();
@@ -110,6 +115,7 @@ private:
     QWidget* m_targetView = nullptr;
     SettingsTabView* m_targetController = nullptr;
     LoadingSheet* m_loadingSheet = nullptr;
+    QPointer<MRVFormatWindowController> m_lastDialogController; ///< while it is open
 };
 
 } // namespace marvo

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "card/CardRestoring.h"
+
+#include "settings/FileData.h"
+#include "support/AtomicFile.h"
+#include "support/FileSource.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace marvo {
+
+namespace {
+
+constexpr const char* settingsName = "/config.bin";
+constexpr std::size_t mostSettingsBytes = std::size_t{64} << 10;
+constexpr std::array recordingFolders{"AlwaysMovie", "EventMovie", "MotionMovie"};
+
+std::string newCameraSettings()
+{
+    _FILEDATA record{};
+    fillDefaultFileData(record);
+    const FileDataBytes bytes = encodeFileData(record);
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// What the system holds of a folder's file system is written out, and what it remembers of a file forgotten.
+std::error_code writeOut(const std::string& root)
+{
+    const int folder = ::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return {errno, std::generic_category()};
+    const std::error_code error =
+        ::syncfs(folder) == 0 ? std::error_code() : std::error_code(errno, std::generic_category());
+    ::close(folder);
+    const int file = ::open((root + settingsName).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file >= 0) {
+        ::posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
+        ::close(file);
+    }
+    return error;
+}
+
+} // namespace
+
+std::optional<std::string> readCardSettingsFile(const std::string& root)
+{
+    FileSource file(root + settingsName);
+    std::string bytes(mostSettingsBytes + 1, '\0');
+    bytes.resize(file.readAt(0, std::as_writable_bytes(std::span(bytes))));
+    if (!file.isOpen() || !file.error().empty() || bytes.size() > mostSettingsBytes)
+        return std::nullopt;
+    return bytes;
+}
+
+std::optional<std::string> keepSettings(const std::string& bytes)
+{
+    std::error_code error;
+    const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
+    if (error)
+        return std::nullopt;
+    std::string folder = (temporary / "marvo-config-XXXXXX").string();
+    if (::mkdtemp(folder.data()) == nullptr || writeFileAtomically(folder + settingsName, bytes))
+        return std::nullopt;
+    return folder + settingsName;
+}
+
+std::error_code restoreSettings(const std::string& root, const std::optional<std::string>& bytes)
+{
+    return writeFileAtomically(root + settingsName, bytes ? *bytes : newCameraSettings());
+}
+
+void makeRecordingFolders(const std::string& root)
+{
+    for (const char* name : recordingFolders)
+        ::mkdir((root + '/' + name).c_str(), 0777);
+}
+
+std::optional<std::string> checkCard(const std::string& root, const std::optional<std::string>& bytes)
+{
+    if (const std::error_code error = writeOut(root))
+        return error.message();
+    if (readCardSettingsFile(root) != (bytes ? *bytes : newCameraSettings()))
+        return "config.bin reads back differently";
+    for (const char* name : recordingFolders) {
+        struct stat status = {};
+        if (::lstat((root + '/' + name).c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+            return std::string("no folder ") + name;
+    }
+    return std::nullopt;
+}
+
+} // namespace marvo

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "card/FormatPlan.h"
+#include "platform/DeviceAccess.h"
+
+#include <QString>
+
+#include <optional>
+#include <stop_token>
+
+namespace marvo {
+
+/// Has mkfs.fat make the plan's file system in a sparse file in memory, as large as the volume. The file has
+/// no name and goes with its descriptor.
+struct FileSystemImage
+{
+    DeviceDescriptor file;         ///< none when it could not be made
+    bool formatterMissing = false; ///< there is no mkfs.fat on this computer
+    QString error;                 ///< what went wrong, in the system's words
+};
+FileSystemImage makeFileSystemImage(const FormatPlan& plan, const std::stop_token& stop);
+
+} // namespace marvo

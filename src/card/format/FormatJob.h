@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/DeviceAccess.h"
+
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <string>
+
+namespace marvo {
+
+/// The steps of formatting, in their order.
+enum class FormatStep {
+    KeepSettings, ///< the camera's settings are copied to the computer
+    Unmount,
+    Password, ///< the system asks for it
+    Prepare,  ///< the new file system is made in memory
+    Write,    ///< from here on the card's content is lost
+    ReadBack,
+    Mount,
+    Complete
+};
+
+/// The settings that a card held before.
+struct KeptSettings
+{
+    std::string path; ///< of the copy on the computer
+    std::string bytes;
+};
+
+struct FormatFailure
+{
+    enum class Kind {
+        Abandoned,
+        WriteProtected,
+        Refused,
+        Dismissed,
+        NobodyAsks,
+        Busy,
+        Changed,          ///< another card, or none, is where the chosen one was
+        Unsuitable,       ///< no FAT32 can be made on a volume like this
+        FormatterMissing, ///< mkfs.fat is not installed
+        Mismatch,         ///< what was written reads back differently
+        Other
+    };
+    Kind kind = Kind::Other;
+    QString message;     ///< the system's own words, if any
+    bool erased = false; ///< writing had begun
+};
+
+/// How a job ended.
+struct FormatOutcome
+{
+    std::optional<FormatFailure> failure;
+    std::optional<KeptSettings> kept;
+};
+
+/// Formats one volume: keeps its settings, unmounts it, writes the new file system, reads it back and mounts
+/// it. What it held is untouched until the step Write; after a failure before that it is mounted again.
+class FormatJob
+{
+public:
+    /// Told of each step before it begins, on the job's thread. False at a step up to Write ends the job;
+    /// after it nobody is asked any more.
+    using OnStep = std::function<bool(FormatStep)>;
+
+    /// The access must outlive the job. Earlier settings, kept from the same card by a job that failed, stand
+    /// in where it holds none any more.
+    FormatJob(DeviceAccess& access, FormattableVolume volume, std::optional<KeptSettings> earlier = {});
+
+    /// Takes as long as the card and the user do: not for the main thread.
+    FormatOutcome run(const OnStep& onStep, const std::stop_token& stop);
+
+private:
+    std::optional<FormatFailure> format(const OnStep& onStep, const std::stop_token& stop);
+    std::optional<FormatFailure> write(DeviceDescriptor device, const OnStep& onStep,
+                                       const std::stop_token& stop);
+    bool isStillTheChosen(const DescriptorFacts& facts) const;
+    void keepSettings();
+
+    DeviceAccess& m_access;
+    FormattableVolume m_volume;
+    std::optional<KeptSettings> m_kept;
+    QString m_fileSystemId; ///< of the new file system
+};
+
+} // namespace marvo

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "card/CardContents.h"
+#include "card/format/FormatJob.h"
+#include "platform/DetachedWorkers.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <stop_token>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace marvo {
+
+class Disks;
+class ElidedLabel;
+class PMProgressIndicator;
+template <typename Target>
+class ObjectLink;
+
+/// The dialog that formats the camera's card: lists the cards in USB readers, asks, shows each step, and puts
+/// the camera's settings and folders back on the new file system. While the card is being written it cannot
+/// be closed.
+class MRVFormatWindowController : public QDialog
+{
+    Q_OBJECT
+public:
+    /// The disks must outlive every window of the application.
+    explicit MRVFormatWindowController(Disks& disks, QWidget* parent = nullptr);
+    ~MRVFormatWindowController() override;
+
+    /// Lists the cards anew on a worker; then the completion, if any, is called.
+    void loadUSBVolumes(std::function<void()> completion = {});
+    /// Selects the card of that device. None when it is not in the list.
+    const FormattableVolume* selectUSBByDevFile(const std::string& deviceFilePath);
+    const FormattableVolume* selectedUSBDisk() const;
+    const std::vector<FormattableVolume>& usbDiskArray() const { return m_usbDiskArray; }
+
+    void onFormat();
+    /// Closes the dialog, or gives up what is under way and can still be given up.
+    void cancel();
+    void reject() override;
+
+Q_SIGNALS:
+    void volumesLoaded();
+    /// The progress display shows another message.
+    void stepShown(const QString& message, const QString& detail);
+    /// A card has another content than before, whether or not all went well.
+    void cardChanged();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    /// What is under way, by what closing the dialog does to it.
+    enum class Work { None, CanBeAbandoned, Abandoning, MustEnd };
+
+    template <typename Task, typename Done>
+    void runInBackground(Task task, Done done);
+
+    void buildWindow();
+    void volumesChanged();
+    void updateSelectedDiskInfo();
+    void changeDisk();
+    void setWork(Work work);
+    void askAndFormat(const FormattableVolume& volume);
+    void showWarningSheet(const FormattableVolume& volume, const CardContents& contents);
+    void doFormat(const FormattableVolume& volume);
+    bool showStep(FormatStep step);
+    void formatEnded(const FormattableVolume& volume, FormatOutcome outcome);
+    void formatFailed(const FormattableVolume& volume, const FormatFailure& failure,
+                      const std::optional<KeptSettings>& kept);
+    void formatDidFinished(const FormattableVolume& volume, const std::optional<KeptSettings>& kept);
+    void restored(const QString& displayString, const QString& copyError, const QString& checkError,
+                  const std::optional<KeptSettings>& kept);
+    void endWithMessage(const QString& title, const QString& message);
+    void showProgressBar(const QString& message);
+    void updateProgressBar(double totalSeconds);
+    void hideProgressBar();
+    void showMessage(const QString& message, const QString& detail);
+
+    Disks& m_disks;
+    DetachedWorkers m_workers;
+    std::shared_ptr<ObjectLink<MRVFormatWindowController>> m_link;
+    std::stop_source m_stop;
+    Work m_work = Work::None;
+    bool m_stopProgressBar = true;
+    double m_progress = 0;
+    QTimer m_progressTimer;
+    std::vector<FormattableVolume> m_usbDiskArray; ///< of the combo's items
+    bool m_listing = false;
+    bool m_listAgain = false; ///< a card came or went meanwhile
+
+    /// A card that a failed format has left without a file system, and the settings that it held.
+    std::optional<FormattableVolume> m_erased;
+    std::optional<KeptSettings> m_erasedSettings;
+
+    QComboBox* m_usbDiskCombo = nullptr;
+    QLabel* m_allocationUnitField = nullptr;
+    QLabel* m_fileSystemField = nullptr;
+    ElidedLabel* m_pathField = nullptr;
+    QPushButton* m_formatButton = nullptr;
+    QPushButton* m_cancelButton = nullptr;
+    PMProgressIndicator* m_progressBar = nullptr;
+    QLabel* m_progressMessageField = nullptr;
+    QLabel* m_progressDetailField = nullptr;
+};
+
+} // namespace marvo
