@@ -32,6 +32,7 @@
     <message id="msg.format.dismissed"><source></source><translation>No password was entered. Nothing on the card has been changed.</translation></message>
     <message id="msg.format.nobody_asks"><source></source><translation>This desktop has no program that asks for the administrator’s password. Nothing on the card has been changed.</translation></message>
     <message id="msg.format.changed"><source></source><translation>The card is no longer the one that was chosen, or it has been removed. Nothing has been written. Choose it again.</translation></message>
+    <message id="msg.format.removed"><source></source><translation>The card was removed while it was being written. Put it back in and format it again.</translation></message>
     <message id="msg.format.busy"><source></source><translation>A program is using the card. Close it and try again.</translation></message>
     <message id="msg.format.unsuitable"><source></source><translation>FAT32 cannot be used on a card of this size.</translation></message>
     <message id="msg.format.no_formatter"><source></source><translation>The program mkfs.fat (package dosfstools) is not installed.</translation></message>

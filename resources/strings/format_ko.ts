@@ -32,6 +32,7 @@
     <message id="msg.format.dismissed"><source></source><translation>암호를 입력하지 않았습니다. 카드의 내용은 바뀌지 않았습니다.</translation></message>
     <message id="msg.format.nobody_asks"><source></source><translation>이 데스크톱에는 관리자 암호를 묻는 프로그램이 없습니다. 카드의 내용은 바뀌지 않았습니다.</translation></message>
     <message id="msg.format.changed"><source></source><translation>선택한 카드가 바뀌었거나 제거되었습니다. 아무것도 기록하지 않았습니다. 다시 선택하세요.</translation></message>
+    <message id="msg.format.removed"><source></source><translation>기록하는 중에 카드가 제거되었습니다. 다시 꽂은 후 포맷하세요.</translation></message>
     <message id="msg.format.busy"><source></source><translation>다른 프로그램이 카드를 사용하고 있습니다. 그 프로그램을 닫고 다시 시도하세요.</translation></message>
     <message id="msg.format.unsuitable"><source></source><translation>이 크기의 카드에는 FAT32를 사용할 수 없습니다.</translation></message>
     <message id="msg.format.no_formatter"><source></source><translation>mkfs.fat 프로그램(dosfstools 패키지)이 설치되어 있지 않습니다.</translation></message>

@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <optional>
-#include <stop_token>
 #include <utility>
 #include <vector>
 
@@ -43,7 +42,6 @@ struct DeviceError
         WriteProtected, ///< the medium takes no writing
         Busy,           ///< a program is using the volume
         Gone,           ///< the device is not there any more
-        Abandoned,      ///< the caller gave up
         Other
     };
     Kind kind = Kind::Other;
@@ -91,10 +89,9 @@ public:
     virtual std::optional<DeviceError> unmount(const TKUSBDiskEntity& volume) = 0;
 
     /// Opens the device for reading and writing for this program alone, for which the system asks the user
-    /// for the administrator's password as long as it takes. The question stays when the caller gives up, but
-    /// opens nothing any more.
-    virtual std::optional<DeviceError> openForWriting(const QString& key, const std::stop_token& stop,
-                                                      DeviceDescriptor& opened) = 0;
+    /// for the administrator's password as long as it takes. Until it is answered nothing else can be done
+    /// with the volume.
+    virtual std::optional<DeviceError> openForWriting(const QString& key, DeviceDescriptor& opened) = 0;
 
     /// Mounts the volume after a change of its content: waits some seconds until the system has noticed the
     /// file system of that identifier ("1A2B-3C4D"); with an empty one it takes at once whatever there is. A

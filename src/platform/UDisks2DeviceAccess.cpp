@@ -4,7 +4,6 @@
 
 #include "platform/UDisks2Objects.h"
 
-#include <QDBusPendingCall>
 #include <QDBusUnixFileDescriptor>
 #include <QDeadlineTimer>
 #include <QLoggingCategory>
@@ -120,7 +119,8 @@ std::optional<DeviceError> UDisks2DeviceAccess::unmountOne(const QString& key)
     while (true) {
         const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Unmount",
                                                  {QVariantMap()}, changeTimeoutMs);
-        if (isError(reply, ".NotMounted"))
+        // The latter is what a device without a file system answers.
+        if (isError(reply, ".NotMounted") || isError(reply, ".UnknownMethod"))
             return std::nullopt;
         if (isError(reply, ".DeviceBusy") && !patience.hasExpired()) {
             QThread::msleep(pauseMs);
@@ -148,21 +148,15 @@ std::optional<DeviceError> UDisks2DeviceAccess::unmount(const TKUSBDiskEntity& v
     return unmountOne(volume.key());
 }
 
-std::optional<DeviceError>
-UDisks2DeviceAccess::openForWriting(const QString& key, const std::stop_token& stop, DeviceDescriptor& opened)
+std::optional<DeviceError> UDisks2DeviceAccess::openForWriting(const QString& key, DeviceDescriptor& opened)
 {
     QDBusMessage message = udisks2::methodCall(
         key, interfaceName("Block"), "OpenDevice",
         {QStringLiteral("rw"), QVariantMap{{QStringLiteral("flags"), O_EXCL | O_CLOEXEC}}});
     message.setInteractiveAuthorizationAllowed(true);
-    const QDBusPendingCall pending = m_bus.asyncCall(message, std::numeric_limits<int>::max());
     // Nobody can tell how long a person takes for a password.
-    while (!pending.isFinished()) {
-        if (stop.stop_requested())
-            return DeviceError{Kind::Abandoned, {}};
-        QThread::msleep(pauseMs);
-    }
-    if (auto error = errorOf(pending.reply(), "open")) {
+    const QDBusMessage reply = m_bus.call(message, QDBus::Block, std::numeric_limits<int>::max());
+    if (auto error = errorOf(reply, "open")) {
         const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
         if (error->kind == Kind::Other && volume && !volume->deviceWritable)
             error->kind = Kind::WriteProtected;
@@ -170,7 +164,7 @@ UDisks2DeviceAccess::openForWriting(const QString& key, const std::stop_token& s
             error->kind = Kind::Gone;
         return error;
     }
-    const QVariantList arguments = pending.reply().arguments();
+    const QVariantList arguments = reply.arguments();
     const auto handed = arguments.isEmpty() ? QDBusUnixFileDescriptor()
                                             : arguments.constFirst().value<QDBusUnixFileDescriptor>();
     opened = DeviceDescriptor(handed.isValid() ? ::fcntl(handed.fileDescriptor(), F_DUPFD_CLOEXEC, 3) : -1);
@@ -182,7 +176,9 @@ UDisks2DeviceAccess::openForWriting(const QString& key, const std::stop_token& s
 std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const QString& fileSystemId)
 {
     // Udev looks at the device when its last writer closes it; this tells it to, should it have missed that.
-    udisks2::call(m_bus, key, interfaceName("Block"), "Rescan", {QVariantMap()}, changeTimeoutMs);
+    // It is not worth a password.
+    const QVariantMap unasked{{QStringLiteral("auth.no_user_interaction"), true}};
+    udisks2::call(m_bus, key, interfaceName("Block"), "Rescan", {unasked}, changeTimeoutMs);
     const QDeadlineTimer patience(noticePatienceMs);
     while (true) {
         const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));

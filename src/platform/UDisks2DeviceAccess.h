@@ -20,8 +20,7 @@ public:
     std::vector<FormattableVolume> formattableVolumes() const override;
     std::optional<DeviceIdentity> identify(const QString& key) const override;
     std::optional<DeviceError> unmount(const TKUSBDiskEntity& volume) override;
-    std::optional<DeviceError> openForWriting(const QString& key, const std::stop_token& stop,
-                                              DeviceDescriptor& opened) override;
+    std::optional<DeviceError> openForWriting(const QString& key, DeviceDescriptor& opened) override;
     std::optional<DeviceError> mount(const QString& key, const QString& fileSystemId) override;
 
 private:

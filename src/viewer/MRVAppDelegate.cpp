@@ -6,6 +6,7 @@
 #include "controls/FractionSlider.h"
 #include "logs/window/DrivingLogWindow.h"
 #include "platform/CupsPrinting.h"
+#include "platform/Disks.h"
 #include "settings/window/MRVSettingController.h"
 #include "viewer/CaptureController.h"
 #include "viewer/CustomWindow.h"
@@ -125,6 +126,14 @@ void MRVAppDelegate::setupInitialValues()
     connect(m_hands.get(), &FolderHands::folderWanted, this, &MRVAppDelegate::openDirectory);
     connect(m_window.get(), &CustomWindow::windowWillClose, this, [this] { m_hands->keep(); });
     connect(m_window.get(), &CustomWindow::windowWillClose, m_playback.get(), &PlaybackController::stopPlay);
+    if (m_configuration.disks) {
+        // A recording that is open in the player would keep its card in use.
+        connect(m_configuration.disks, &Disks::aboutToUnmount, this, [this](const std::string& mountPath) {
+            const MRVMedia* media = m_mediaList.mediaAtIndex(m_playback->mediaIndex());
+            if (media && media->path().starts_with(mountPath + '/'))
+                m_playback->stop();
+        });
+    }
 
     m_rightViewMode = RecordingListMode;
     updateSideViewButton();

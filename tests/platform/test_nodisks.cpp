@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "platform/BlockDevices.h"
 #include "platform/UDisks2Disks.h"
 
 #include <QElapsedTimer>
@@ -14,6 +15,37 @@ class TestNoDisks : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void systemPaths_data()
+    {
+        QTest::addColumn<QByteArray>("path");
+        QTest::addColumn<bool>("isSystem");
+        for (const char* path : {"/", "/home", "/boot", "/boot/efi", "/usr", "/var/lib", "/run/live/medium"})
+            QTest::newRow(path) << QByteArray(path) << true;
+        for (const char* path :
+             {"/media/me/MARVO", "/run/media/me/MARVO", "/mnt", "/home/me/card", "/bootleg"})
+            QTest::newRow(path) << QByteArray(path) << false;
+    }
+    void systemPaths()
+    {
+        QFETCH(QByteArray, path);
+        QTEST(isSystemPath(path.toStdString()), "isSystem");
+    }
+
+    void mountAndSwapTables()
+    {
+        const auto mounts =
+            readMountLines("36 35 8:17 /sub /media/a\\040b\\134 rw,noatime shared:1 - vfat /dev/sdb1 rw\n"
+                           "cut off\n"
+                           "37 35 0:50 / / rw - btrfs /dev/sda2 rw");
+        QCOMPARE(mounts.size(), std::size_t{2});
+        QCOMPARE(mounts[0].path, std::string("/media/a b\\"));
+        QCOMPARE(mounts[0].device, std::uint64_t{8 << 8 | 17});
+        QCOMPARE(mounts[1].source, std::string("/dev/sda2"));
+        QCOMPARE(readSwapPaths("Filename Type Size\n/swap\\040file file 1\n").front(),
+                 std::string("/swap file"));
+        QVERIFY2(carriesSystem(0), "what the system does not know is not formatted");
+    }
+
     void noSystemBus()
     {
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent/bus");

@@ -33,8 +33,6 @@ FormatFailure failureOf(const DeviceError& error)
         return {Kind::Busy, error.message};
     case DeviceError::Kind::Gone:
         return {Kind::Changed, error.message};
-    case DeviceError::Kind::Abandoned:
-        return {Kind::Abandoned, {}};
     case DeviceError::Kind::Other:
         break;
     }
@@ -66,6 +64,8 @@ FormatOutcome FormatJob::run(const OnStep& onStep, const std::stop_token& stop)
 {
     std::optional<FormatFailure> failure = format(onStep, stop);
     if (failure) {
+        if (failure->erased && m_access.identify(m_volume.entity.key()) != m_volume.identity)
+            failure->kind = Kind::Removed;
         qCWarning(logFormat, "ERROR=%d %s", static_cast<int>(failure->kind),
                   qUtf8Printable(failure->message));
         m_access.mount(m_volume.entity.key(), {});
@@ -94,7 +94,7 @@ std::optional<FormatFailure> FormatJob::format(const OnStep& onStep, const std::
     if (m_access.identify(m_volume.entity.key()) != m_volume.identity)
         return FormatFailure{Kind::Changed, {}};
     DeviceDescriptor device;
-    if (const auto error = m_access.openForWriting(m_volume.entity.key(), stop, device))
+    if (const auto error = m_access.openForWriting(m_volume.entity.key(), device))
         return failureOf(*error);
     return write(std::move(device), onStep, stop);
 }

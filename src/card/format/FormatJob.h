@@ -40,6 +40,7 @@ struct FormatFailure
         NobodyAsks,
         Busy,
         Changed,          ///< another card, or none, is where the chosen one was
+        Removed,          ///< the card went while it was being written
         Unsuitable,       ///< no FAT32 can be made on a volume like this
         FormatterMissing, ///< mkfs.fat is not installed
         Mismatch,         ///< what was written reads back differently

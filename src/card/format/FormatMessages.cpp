@@ -56,8 +56,10 @@ QString contentsText(const CardContents& contents)
     const char* key = contents.recordings == 0   ? "format.contents.none"
                       : contents.recordings == 1 ? "format.contents.one"
                                                  : "format.contents.many";
-    return QStringLiteral("%1, %2").arg(localised(key).arg(contents.recordings),
-                                        displayText(decimalSizeString(contents.usedBytes)));
+    QString recordings = localised(key);
+    if (contents.recordings > 1)
+        recordings = recordings.arg(contents.recordings);
+    return QStringLiteral("%1, %2").arg(recordings, displayText(decimalSizeString(contents.usedBytes)));
 }
 
 QString keptText(const std::optional<KeptSettings>& kept)
@@ -89,6 +91,8 @@ QString failureText(const QString& displayString, const FormatFailure& failure,
             return plain("msg.format.nobody_asks");
         case Kind::Changed:
             return plain("msg.format.changed");
+        case Kind::Removed:
+            return plain("msg.format.removed");
         case Kind::Busy:
             return errorText(displayString, localised("msg.format.busy"));
         case Kind::Unsuitable:
@@ -103,8 +107,11 @@ QString failureText(const QString& displayString, const FormatFailure& failure,
         }
         return errorText(displayString, failure.message);
     };
-    return failure.erased ? text() + QLatin1Char('\n') + localised("msg.format.erased") + keptText(kept)
-                          : text();
+    if (!failure.erased)
+        return text();
+    if (failure.kind == Kind::Removed)
+        return text() + keptText(kept);
+    return text() + QLatin1Char('\n') + localised("msg.format.erased") + keptText(kept);
 }
 
 } // namespace marvo

@@ -265,7 +265,7 @@ void MRVFormatWindowController::setWork(Work work)
     m_work = work;
     m_usbDiskCombo->setEnabled(work == Work::None);
     m_formatButton->setEnabled(work == Work::None);
-    m_cancelButton->setEnabled(work == Work::None || work == Work::CanBeAbandoned);
+    m_cancelButton->setEnabled(work != Work::Abandoning && work != Work::MustEnd);
     if (work == Work::None && m_listAgain)
         volumesChanged();
 }
@@ -369,8 +369,12 @@ bool MRVFormatWindowController::showStep(FormatStep step)
     showMessage(message.isEmpty() ? m_progressMessageField->text() : message, stepDetail(step));
     if (m_stop.stop_requested())
         return false;
-    // From here on giving up would leave a card without a file system.
-    if (step == FormatStep::Write)
+    // From Write on giving up would leave a card without a file system.
+    if (step == FormatStep::Password)
+        setWork(Work::CanBeLeft);
+    else if (step < FormatStep::Write)
+        setWork(Work::CanBeAbandoned);
+    else
         setWork(Work::MustEnd);
     return true;
 }
@@ -476,7 +480,8 @@ void MRVFormatWindowController::reject() { close(); }
 
 void MRVFormatWindowController::closeEvent(QCloseEvent* event)
 {
-    if (m_work == Work::None) {
+    if (m_work == Work::None || m_work == Work::CanBeLeft) {
+        m_stop.request_stop();
         event->accept();
         setResult(QDialog::Rejected);
         Q_EMIT finished(result());

@@ -62,7 +62,13 @@ protected:
 
 private:
     /// What is under way, by what closing the dialog does to it.
-    enum class Work { None, CanBeAbandoned, Abandoning, MustEnd };
+    enum class Work {
+        None,
+        CanBeAbandoned, ///< it is given up, the dialog stays
+        CanBeLeft, ///< the dialog closes; the work gives up when the user has answered the system's question
+        Abandoning,
+        MustEnd
+    };
 
     template <typename Task, typename Done>
     void runInBackground(Task task, Done done);

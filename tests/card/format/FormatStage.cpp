@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "FormatStage.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace marvo::testing {
+
+namespace {
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+QString StageCard::key() const
+{
+    return QStringLiteral("/org/freedesktop/UDisks2/block_devices/") + QFileInfo(device).fileName();
+}
+
+QString StageCard::disk() const { return device.endsWith(QLatin1String("p1")) ? device.chopped(2) : device; }
+
+bool FormatStage::begin()
+{
+    m_root.run(QStringLiteral("mkdir -p %1; chmod 755 %1 /run/marvo").arg(m_agentFolder));
+    if (!RootShell::becomeOrdinaryUser())
+        return false;
+    m_root.run(QStringLiteral("%1 %2 %3 >%3/log 2>&1 &")
+                   .arg(QStringLiteral(POLKIT_AGENT))
+                   .arg(QCoreApplication::applicationPid())
+                   .arg(m_agentFolder));
+    m_disks = std::make_unique<UDisks2Disks>();
+    return QTest::qWaitFor(
+        [&] { return contentOf(m_agentFolder + QStringLiteral("/log")).contains("ready"); });
+}
+
+StageCard FormatStage::card(const char* label) const
+{
+    const QStringList words =
+        qEnvironmentVariable((QByteArray("MARVO_TEST_CARD_") + label).constData()).split(QLatin1Char(' '));
+    return {words.value(0), words.value(1)};
+}
+
+void FormatStage::reset()
+{
+    delete m_dialog;
+    m_root.run(QStringLiteral("rm -f %1/hook %1/asked; echo yes >%1/answer; export MTOOLS_SKIP_CHECK=1")
+                   .arg(m_agentFolder));
+    putBack();
+}
+
+void FormatStage::putBack()
+{
+    for (const char* label : {"WHOLE", "LARGE", "PART", "SMALL"}) {
+        const StageCard card = this->card(label);
+        QString found;
+        m_root.run(QStringLiteral(
+                       "while umount %1 2>/dev/null; do :; done; "
+                       "{ losetup %2 >/dev/null 2>&1 && [ $(blockdev --getro %2) = 0 ]; } || "
+                       "{ losetup %2 >/dev/null 2>&1 || losetup %2 %3; blockdev --setrw %2; echo changed; }")
+                       .arg(card.device, card.disk(), card.image),
+                   &found);
+        if (!found.isEmpty())
+            trigger(card, "change");
+    }
+}
+
+void FormatStage::trigger(const StageCard& card, const char* action)
+{
+    m_root.run(QStringLiteral("udevadm trigger --settle --action=%1 /sys/class/block/%2")
+                   .arg(QLatin1String(action), QFileInfo(card.device).fileName()));
+}
+
+bool FormatStage::mount(const StageCard& card)
+{
+    return !m_disks->deviceAccess()->mount(card.key(), {}) && QTest::qWaitFor([&] {
+        const auto volumes = m_disks->deviceAccess()->formattableVolumes();
+        return std::ranges::any_of(volumes, [&](const auto& volume) {
+            return QString::fromStdString(volume.entity.deviceFilePath()) == card.device;
+        });
+    });
+}
+
+bool FormatStage::putFile(const StageCard& card, const QString& name, const QByteArray& bytes)
+{
+    return m_root.run(
+        QStringLiteral("echo %1 | base64 -d >/run/marvo/file; mcopy -o -i %2 /run/marvo/file ::%3; sync %2")
+            .arg(QString::fromLatin1(bytes.toBase64()), card.device, name));
+}
+
+void FormatStage::setAnswer(const QString& answer, const QString& hook)
+{
+    m_root.run(QStringLiteral("echo %2 >%1/answer").arg(m_agentFolder, answer));
+    if (!hook.isEmpty())
+        m_root.run(QStringLiteral("cat >%1/hook <<'HOOK'\n%2\nHOOK").arg(m_agentFolder, hook));
+}
+
+QString FormatStage::asked() const
+{
+    return QString::fromUtf8(contentOf(m_agentFolder + QStringLiteral("/asked"))).trimmed();
+}
+
+QString FormatStage::digest(const StageCard& card)
+{
+    return m_root.output(QStringLiteral("{ head -c 512 %1; mtype -i %1 ::config.bin 2>/dev/null; mdir -b -/ "
+                                        "-i %1 :: 2>/dev/null; } | sha256sum")
+                             .arg(card.device));
+}
+
+void FormatStage::breakMedium(const StageCard& card)
+{
+    m_root.run(
+        QStringLiteral("fallocate -p -o 0 -l 16M %1; head -c 64M /dev/zero >%1.filler 2>/dev/null; true")
+            .arg(card.image));
+}
+
+void FormatStage::mendMedium(const StageCard& card)
+{
+    m_root.run(QStringLiteral("rm -f %1.filler").arg(card.image));
+}
+
+MRVFormatWindowController* FormatStage::open(const StageCard& card)
+{
+    m_dialog = new MRVFormatWindowController(*m_disks);
+    QSignalSpy loaded(m_dialog, &MRVFormatWindowController::volumesLoaded);
+    m_dialog->show();
+    m_dialog->activateWindow();
+    if (!loaded.wait() || !QTest::qWaitForWindowActive(m_dialog))
+        return nullptr;
+    m_dialog->selectUSBByDevFile(card.device.toStdString());
+    return m_dialog;
+}
+
+void FormatStage::click(const char* name) const
+{
+    QVERIFY2(find(name), name);
+    QTest::mouseClick(find(name), Qt::LeftButton);
+}
+
+void FormatStage::format() const
+{
+    click("formatButton");
+    QTRY_VERIFY(find("confirmButton"));
+    QTRY_VERIFY(find("confirmButton")->isVisible());
+    click("confirmButton");
+}
+
+QString FormatStage::message() const
+{
+    const auto box = [this] { return find<QMessageBox>("messageSheet"); };
+    if (!QTest::qWaitFor([&] { return box() && box()->isVisible(); }, 20000))
+        return QStringLiteral("no message");
+    const QString text = box()->text() + QLatin1Char('\n') + box()->informativeText();
+    QPointer<QMessageBox> shown = box();
+    shown->accept();
+    (void)QTest::qWaitFor([&] { return shown.isNull(); });
+    return text;
+}
+
+} // namespace marvo::testing
