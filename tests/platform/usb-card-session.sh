@@ -143,10 +143,21 @@ echo 'polkit.addRule(function(action) {
 chmod 755 /run "$work" "$work/rules.d"
 mount --bind "$work/rules.d" /etc/polkit-1/rules.d
 /usr/lib/polkit-1/polkitd --no-debug >"$work/polkit.log" 2>&1 & pids+=($!)
-/usr/libexec/udisks2/udisksd >"$work/udisks.log" 2>&1 & pids+=($!)
-for disk in "${disks[@]}"; do
-    wait_for 10 "the disk service" gdbus introspect --system --dest org.freedesktop.UDisks2 --only-properties \
-        --object-path "/org/freedesktop/UDisks2/block_devices/$(basename "$disk")"
+# Now and then the disk service misses at its start what a reader hangs on; it does not look again.
+readers_known() {
+    [ "$(gdbus call --system --dest org.freedesktop.UDisks2 --object-path /org/freedesktop/UDisks2 \
+        --method org.freedesktop.DBus.ObjectManager.GetManagedObjects |
+        grep -o "'ConnectionBus': <'usb'>" | wc -l)" -ge "${#disks[@]}" ]
+}
+for attempt in 1 2 3 4 5; do
+    /usr/libexec/udisks2/udisksd --replace >"$work/udisks.log" 2>&1 & pids+=($!)
+    for disk in "${disks[@]}"; do
+        wait_for 10 "the disk service" gdbus introspect --system --dest org.freedesktop.UDisks2 --only-properties \
+            --object-path "/org/freedesktop/UDisks2/block_devices/$(basename "$disk")"
+    done
+    ! readers_known || break
+    echo "the disk service takes the readers for something else (attempt $attempt)"
+    for disk in "${disks[@]}"; do udevadm trigger --settle --action=add "/sys/class/block/$(basename "$disk")"; done
 done
 
 "$@"
