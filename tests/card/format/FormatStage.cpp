@@ -28,7 +28,10 @@ QString StageCard::disk() const { return device.endsWith(QLatin1String("p1")) ? 
 
 bool FormatStage::begin()
 {
-    m_root.run(QStringLiteral("mkdir -p %1; chmod 755 %1 /run/marvo").arg(m_agentFolder));
+    // The copies of settings that formatting leaves behind go with the session.
+    qputenv("TMPDIR", "/run/marvo/tmp");
+    m_root.run(QStringLiteral("mkdir -p -m 1777 /run/marvo/tmp; mkdir -p %1; chmod 755 %1 /run/marvo")
+                   .arg(m_agentFolder));
     if (!RootShell::becomeOrdinaryUser())
         return false;
     m_root.run(QStringLiteral("%1 %2 %3 >%3/log 2>&1 &")
