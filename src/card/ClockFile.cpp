@@ -21,10 +21,15 @@ std::string clockFileBytes(const ClockMoment& moment)
 
 std::error_code writeClockFile(const std::string& path, const ClockMoment& moment, ClockFilePlace place)
 {
-    // A card that is gone may have left the folder behind where it was mounted.
-    struct stat status;
-    if (place == ClockFilePlace::Existing && ::stat(path.c_str(), &status) != 0)
-        return {errno, std::generic_category()};
+    if (place == ClockFilePlace::Existing) {
+        // A card that is gone may have left the folder behind where it was mounted.
+        struct stat status;
+        if (::lstat(path.c_str(), &status) != 0)
+            return {errno, std::generic_category()};
+        // Nobody has been asked about what a link on a card points to.
+        if (!S_ISREG(status.st_mode))
+            return std::make_error_code(std::errc::operation_not_permitted);
+    }
     return writeFileAtomically(path, clockFileBytes(moment));
 }
 

@@ -25,11 +25,12 @@ struct ClockMoment
 /// The whole file: the 19 bytes "yyyy/MM/dd HH:mm:ss" without line end.
 std::string clockFileBytes(const ClockMoment& moment);
 
-/// Whether the file must be there already, as on a card, from which it may have been pulled out since.
+/// Whether the file must be there already, as on a card, which may have been pulled out since. It must then
+/// be a regular one: a card from elsewhere may hold a link to anything.
 enum class ClockFilePlace { Existing, Any };
 
 /// Writes the clock file whole or not at all, and synced; a longer one is shortened to the 19 bytes. The
-/// system's error otherwise; with ClockFilePlace::Existing a missing file is one.
+/// system's error otherwise; with ClockFilePlace::Existing a missing file is one, and so is a link.
 std::error_code writeClockFile(const std::string& path, const ClockMoment& moment, ClockFilePlace place);
 
 } // namespace marvo

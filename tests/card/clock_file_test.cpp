@@ -32,6 +32,12 @@ TEST(ClockFile, IsMadeWhereTheUserWantsItButNotWhereACardWas)
     EXPECT_FALSE(writeClockFile(path, moment, ClockFilePlace::Any));
     EXPECT_EQ(folder.read(clockFileName).size(), 19U);
     EXPECT_TRUE(writeClockFile(folder.path("gone/timeset.cfg"), moment, ClockFilePlace::Any));
+
+    const std::string victim = folder.write("victim", "precious");
+    const std::string link = folder.makeFolder("card") + "/timeset.cfg";
+    std::filesystem::create_symlink(victim, link);
+    EXPECT_TRUE(writeClockFile(link, moment, ClockFilePlace::Existing));
+    EXPECT_EQ(folder.read("victim"), "precious");
 }
 
 } // namespace

@@ -136,6 +136,7 @@ void MRVTimeSetupController::buildWindow()
     guide->setForegroundRole(QPalette::PlaceholderText);
     m_targetField = new ElidedLabel(this);
     m_targetField->setObjectName(QStringLiteral("targetField"));
+    m_targetField->setFullText(localised("clock.looking"));
     auto* notes = new QVBoxLayout;
     notes->setSpacing(4);
     notes->addWidget(guide);
@@ -208,16 +209,17 @@ void MRVTimeSetupController::showEvent(QShowEvent* event)
 
 void MRVTimeSetupController::loadSettingFile()
 {
-    ++m_lookUps;
+    m_lookingUp = true;
     runInBackground([disks = &m_disks] { return findClockCard(*disks); },
-                    [this](ClockCard card) {
-                        if (--m_lookUps == 0)
+                    [this, lookUp = ++m_lastLookUp](ClockCard card) {
+                        if (lookUp == m_lastLookUp)
                             cardFound(std::move(card));
                     });
 }
 
 void MRVTimeSetupController::cardFound(ClockCard card)
 {
+    m_lookingUp = false;
     m_card = std::move(card);
     const QString path = m_card.clockFile ? QFile::decodeName(m_card.clockFile->c_str()) : QString();
     m_targetField->setFullText(m_card.clockFile ? localised("clock.saved_on_card").arg(path)
@@ -280,8 +282,9 @@ ClockMoment MRVTimeSetupController::moment() const
 
 void MRVTimeSetupController::onSaveConfigFile()
 {
-    if (m_lookUps > 0) {
+    if (m_lookingUp) {
         m_saveWhenFound = true;
+        m_targetField->setFullText(localised("clock.looking"));
         return;
     }
     if (m_card.clockFile) {

@@ -10,6 +10,7 @@
 #include <QDialog>
 #include <QTime>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -84,7 +85,8 @@ private:
     ClockCard m_card;
     QDate m_selectedDate;
     QTime m_selectedTime;
-    int m_lookUps = 0; ///< under way; only what the last one finds counts
+    std::uint64_t m_lastLookUp = 0; ///< an older one may hang on a card that is gone; it counts no more
+    bool m_lookingUp = false;       ///< the last one is under way
     bool m_saveWhenFound = false;
     bool m_centred = false;
 

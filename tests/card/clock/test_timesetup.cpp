@@ -17,12 +17,37 @@
 #include <QPushButton>
 #include <QTimeEdit>
 
+#include <atomic>
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <semaphore>
 
 using namespace marvo;
 using marvo::test::TemporaryFolder;
+
+namespace {
+
+/// A folder that stands for the card, and whose first look-up does not return before it is let go.
+class HangingDisks : public FolderDisks
+{
+public:
+    using FolderDisks::FolderDisks;
+
+    std::vector<MountedVolume> mountedVolumes() const override
+    {
+        if (m_looks++ != 0)
+            return FolderDisks::mountedVolumes();
+        answer.acquire();
+        return {};
+    }
+    mutable std::binary_semaphore answer{0};
+
+private:
+    mutable std::atomic<int> m_looks = 0;
+};
+
+} // namespace
 
 /// The clock dialog as a person drives it, on a folder that stands for the card.
 class TestTimeSetup : public QObject
@@ -228,6 +253,25 @@ private Q_SLOTS:
         typeIntoPanel(m_card->path("mine"));
         QTRY_VERIFY(message());
         QCOMPARE(m_card->read("mine.cfg"), std::string("2013/05/26 13:45:02"));
+    }
+
+    void aLookUpThatHangsHoldsUpNothing()
+    {
+        m_card->write(clockFileName);
+        // Its worker still has it when the test is over.
+        static auto* const disks = new HangingDisks(m_card->path());
+        m_dialog = new MRVTimeSetupController(*disks);
+        QVERIFY(marvo::testing::showActive(*m_dialog));
+        chooseMoment();
+        press("saveButton");
+        QTest::qWait(100);
+        QVERIFY(m_card->read(clockFileName).empty() && !panel());
+        Q_EMIT disks->volumesChanged(); // the card is put in again
+        QTRY_VERIFY(message());
+        QCOMPARE(m_card->read(clockFileName), std::string("2013/05/26 13:45:02"));
+        disks->answer.release(); // an answer of long ago, that of an empty reader
+        QTest::qWait(100);
+        QCOMPARE(m_dialog->m_SettingFilePath(), std::optional(m_card->path(clockFileName)));
     }
 
     void aFailureKeepsTheDialog()
