@@ -84,10 +84,18 @@ void PMProgressIndicator::updateDock()
         icon.addProgressIndicator(*this);
 }
 
+/// For what is no new value, and so neither puts the bar on the icon nor takes it away.
+void PMProgressIndicator::redrawDock() const
+{
+    if (auto* icon = PMProgressIndicatorController::existingInstance())
+        icon->progressIndicatorChanged(*this);
+}
+
 void PMProgressIndicator::setMinValue(double minimum)
 {
     m_progress.minimum = minimum;
     m_progress.value = std::max(m_progress.value, minimum);
+    redrawDock();
     update();
 }
 
@@ -95,6 +103,7 @@ void PMProgressIndicator::setMaxValue(double maximum)
 {
     m_progress.maximum = maximum;
     m_progress.value = std::min(m_progress.value, maximum);
+    redrawDock();
     update();
 }
 
@@ -114,6 +123,7 @@ void PMProgressIndicator::setDoubleValue(double value)
 void PMProgressIndicator::setIndeterminate(bool indeterminate)
 {
     m_indeterminate = indeterminate;
+    redrawDock();
     runAnimation();
     update();
 }

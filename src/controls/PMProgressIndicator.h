@@ -81,6 +81,7 @@ protected:
 private:
     QString percentageText() const;
     void updateDock();
+    void redrawDock() const;
     void runAnimation();
 
     Clock m_clock;

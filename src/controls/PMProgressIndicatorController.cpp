@@ -49,15 +49,31 @@ PMProgressIndicatorController::PMProgressIndicatorController(QObject* parent)
 
 void PMProgressIndicatorController::addProgressIndicator(const PMProgressIndicator& indicator)
 {
-    if (std::ranges::find(m_progressIndicators, &indicator) == m_progressIndicators.end())
+    if (!isListed(indicator))
         m_progressIndicators.push_back(&indicator);
-    if (!m_redraw.isActive())
-        m_redraw.start();
+    redrawSoon();
 }
 
 void PMProgressIndicatorController::removeProgressIndicator(const PMProgressIndicator& indicator)
 {
-    if (std::erase(m_progressIndicators, &indicator) != 0 && !m_redraw.isActive())
+    if (std::erase(m_progressIndicators, &indicator) != 0)
+        redrawSoon();
+}
+
+void PMProgressIndicatorController::progressIndicatorChanged(const PMProgressIndicator& indicator)
+{
+    if (isListed(indicator))
+        redrawSoon();
+}
+
+bool PMProgressIndicatorController::isListed(const PMProgressIndicator& indicator) const
+{
+    return std::ranges::find(m_progressIndicators, &indicator) != m_progressIndicators.end();
+}
+
+void PMProgressIndicatorController::redrawSoon()
+{
+    if (!m_redraw.isActive())
         m_redraw.start();
 }
 

@@ -37,6 +37,8 @@ public:
     void addProgressIndicator(const PMProgressIndicator& indicator);
     /// Takes an indicator out of the list, and draws anew 0.1 s later.
     void removeProgressIndicator(const PMProgressIndicator& indicator);
+    /// What an indicator shows has changed: draws anew 0.1 s later if it is listed.
+    void progressIndicatorChanged(const PMProgressIndicator& indicator);
     std::size_t numProgressIndicators() const { return m_progressIndicators.size(); }
 
     /// Draws the bars of all listed indicators into a copy of the icon, which becomes the application's; the
@@ -53,6 +55,8 @@ public:
 private:
     explicit PMProgressIndicatorController(QObject* parent);
 
+    bool isListed(const PMProgressIndicator& indicator) const;
+    void redrawSoon();
     void announce(std::optional<double> fraction);
 
     std::vector<const PMProgressIndicator*> m_progressIndicators;

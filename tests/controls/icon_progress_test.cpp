@@ -123,8 +123,13 @@ private Q_SLOTS:
         auto known = std::make_unique<PMProgressIndicator>();
         known->setDoubleValue(50);
         QTRY_COMPARE_WITH_TIMEOUT(m_told, (std::vector<std::optional<double>>{0.5}), 1000);
-        known.reset();
         busy.setDrawDockProgress(false);
+        QTest::qWait(250);       // the stripes have come to rest
+        known->setMaxValue(200); // no new value, but another part done
+        QTRY_COMPARE_WITH_TIMEOUT(m_told.back(), 0.25, 1000);
+        known->setIndeterminate(true);
+        QTRY_COMPARE_WITH_TIMEOUT(m_told.back(), std::nullopt, 1000);
+        known.reset();
         QTRY_COMPARE_WITH_TIMEOUT(applicationIcon(), plain, 1000);
         QCOMPARE(m_told.back(), std::nullopt);
         QTest::qWait(250);
