@@ -170,6 +170,9 @@ private:
 /// Says no to waiting on, so that a printer which holds its line open in silence is given up.
 int giveUp(http_t*, void*) { return 0; }
 
+/// CUPS itself would ask on the terminal that the application was started from, and hold it up there.
+const char* noPassword(const char*, http_t*, const char*, const char*, void*) { return nullptr; }
+
 } // namespace
 
 void PrintSettings::setValue(const std::string& name, const std::string& value)
@@ -183,6 +186,7 @@ void PrintSettings::setValue(const std::string& name, const std::string& value)
 
 Printing::Found CupsPrinting::printerNamed(const std::string& name)
 {
+    cupsSetPasswordCB2(noPassword, nullptr); // of this thread
     const bool isAddress = name.find("://") != std::string::npos;
     const std::size_t slash = name.find('/');
     const std::string queue = name.substr(0, slash);

@@ -21,12 +21,12 @@ void CaptureController::captureVideo()
 {
     if (!m_player.isPlaying())
         return;
+    // Before the dialog, which takes its time to list a folder: the picture is that of the click.
+    const Snapshot snapshot = m_snapshots.take();
     auto* dialog = new CaptureSaveDialog(&m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QFileDialog::fileSelected, this,
-            [this, snapshot = m_snapshots.take()](const QString& path) {
-                save(snapshot, QFile::encodeName(path).toStdString());
-            });
+            [this, snapshot](const QString& path) { save(snapshot, QFile::encodeName(path).toStdString()); });
     dialog->setWindowModality(Qt::ApplicationModal);
     dialog->show();
 }
@@ -40,9 +40,11 @@ void CaptureController::save(const Snapshot& snapshot, const std::string& target
     });
     // The viewer may run for hours, and nobody shall wait for that, nor it for a slow card.
     DetachedWorkers().start([snapshot] {
-        const std::string path = snapshot.get()->path();
-        if (!openInDefaultProgram(path))
-            logLine("no program of the desktop has opened " + path);
+        const CaptureFile& file = *snapshot.get();
+        if (file.descriptor() < 0) // what has that name, if anything, is not ours
+            logLine("there is no captured picture to open at " + file.path());
+        else if (!openInDefaultProgram(file.path()))
+            logLine("no program of the desktop has opened " + file.path());
     });
 }
 

@@ -15,6 +15,8 @@ namespace marvo {
 
 namespace {
 
+constexpr int LongestNameShown = 240; ///< pixels; a name has up to 255 characters, and the dialog a width
+
 QString startFolder()
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -42,6 +44,7 @@ CaptureSaveDialog::CaptureSaveDialog(QWidget* parent)
     resize(760, 460);
 
     m_takenLabel->setObjectName(QStringLiteral("captureNameTaken"));
+    m_takenLabel->setTextFormat(Qt::PlainText); // a name may hold what looks like tags
     if (auto* grid = qobject_cast<QGridLayout*>(layout()))
         grid->addWidget(m_takenLabel, grid->rowCount(), 0, 1, -1);
     if (const auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
@@ -56,7 +59,9 @@ void CaptureSaveDialog::showWhetherTaken()
     const QString name = edit ? edit->text() : QString();
     const QFileInfo file(directory().absoluteFilePath(name));
     const bool isTaken = !name.isEmpty() && (file.isFile() || file.isSymLink());
-    m_takenLabel->setText(isTaken ? localised("capture.save.taken").arg(file.fileName()) : QString());
+    const QString shown =
+        m_takenLabel->fontMetrics().elidedText(file.fileName(), Qt::ElideMiddle, LongestNameShown);
+    m_takenLabel->setText(isTaken ? localised("capture.save.taken").arg(shown) : QString());
 }
 
 } // namespace marvo

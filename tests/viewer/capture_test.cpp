@@ -261,7 +261,7 @@ void CaptureTest::savesWhilePlayingOnly()
 {
     LogLines log;
     MRVAppDelegate::Configuration configuration;
-    configuration.capturePath = m_home.path("capture.jpg");
+    configuration.capturePath = m_home.makeFolder("shots") + "/capture.jpg";
     WindowStage stage(configuration);
     QVERIFY(stage.isShown && stage.open(m_card.path()));
     const auto dialog = [&stage] { return stage.window().findChild<CaptureSaveDialog*>(); };
@@ -285,7 +285,7 @@ void CaptureTest::savesWhilePlayingOnly()
     QTRY_COMPARE(opened(), "1:" + configuration.capturePath + '\n');
     QTRY_VERIFY(!dialog());
     const std::string jpeg = m_home.read("saved.png");
-    QCOMPARE(jpeg, m_home.read("capture.jpg"));
+    QCOMPARE(jpeg, m_home.read("shots/capture.jpg"));
     QCOMPARE(pictureSize(jpeg), stage.player().videoSize());
     QCOMPARE(firstDivisors(jpeg), std::pair(2, 1));
     // The clock of the recording has passed midnight by now.
@@ -304,6 +304,17 @@ void CaptureTest::savesWhilePlayingOnly()
     QTRY_COMPARE(log.lines().size(), 1u);
     QCOMPARE(m_home.read("there.png"), std::string("old"));
 
+    // Without a picture of ours, what may have its name is neither saved nor opened.
+    QTRY_VERIFY(!dialog());
+    std::filesystem::rename(m_home.path("shots"), m_home.path("away"));
+    log.clear();
+    capture();
+    answer(m_home.path("nothing.png"));
+    QTRY_COMPARE(log.lines().size(), 3u); // written, saved, opened: none of them
+    QVERIFY(!std::filesystem::exists(m_home.path("nothing.png")));
+    QCOMPARE(opened(), twice);
+    std::filesystem::rename(m_home.path("away"), m_home.path("shots"));
+
     QTRY_VERIFY(!dialog());
     capture();
     QTest::keyClick(dialog(), Qt::Key_Escape);
@@ -311,10 +322,10 @@ void CaptureTest::savesWhilePlayingOnly()
 
     stage.key(Qt::Key_Space);
     QTRY_VERIFY(stage.player().isPaused());
-    const std::string before = m_home.read("capture.jpg");
+    const std::string before = m_home.read("shots/capture.jpg");
     capture();
     QVERIFY(!dialog());
-    QCOMPARE(m_home.read("capture.jpg"), before);
+    QCOMPARE(m_home.read("shots/capture.jpg"), before);
     QCOMPARE(opened(), twice); // neither the cancelled one nor the paused one
 }
 
