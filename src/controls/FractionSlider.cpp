@@ -193,6 +193,7 @@ void FractionSlider::leaveEvent(QEvent* event)
 void FractionSlider::hideEvent(QHideEvent* event)
 {
     QSlider::hideEvent(event);
+    setSliderDown(false); // the release of the button goes to no one
     endHover();
 }
 

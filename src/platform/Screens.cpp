@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <utility>
+
 namespace marvo {
 
 namespace {
@@ -66,14 +68,20 @@ QScreen* screenWithDisplayID(quint32 id)
 
 ScreenAreas areasOf(const QScreen& screen) { return {screen.geometry(), screen.availableGeometry()}; }
 
-void Presentation::setFullscreenPresentationOptions(QWidget& window)
+void Presentation::setFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen)
 {
-    setOptions(window, withFullscreenOptions(options(), areasOf(*window.screen())));
+    const unsigned before = options();
+    const unsigned wanted = withFullscreenOptions(before, screen);
+    m_added |= wanted & ~before;
+    setOptions(window, wanted);
 }
 
-void Presentation::setNonFullscreenPresentationOptions(QWidget& window)
+void Presentation::setNonFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen)
 {
-    setOptions(window, withoutFullscreenOptions(options(), areasOf(*window.screen())));
+    // The panels may be others by now, or the screen: an option left behind would keep the window covering
+    // it.
+    const unsigned added = std::exchange(m_added, noPresentationOptions);
+    setOptions(window, withoutFullscreenOptions(options(), screen) & ~added);
 }
 
 void WindowStatePresentation::setOptions(QWidget& window, unsigned options)

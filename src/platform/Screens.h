@@ -51,9 +51,14 @@ public:
     /// Asks the desktop for them on the screen of the window, which need not be shown yet.
     virtual void setOptions(QWidget& window, unsigned options) = 0;
 
-    /// For a window that is about to cover its screen, and for one that no longer does.
-    void setFullscreenPresentationOptions(QWidget& window);
-    void setNonFullscreenPresentationOptions(QWidget& window);
+    /// For a window that is about to cover its screen, and for one that no longer does. The screen's areas
+    /// are those of the moment: what was added on entering goes again even if the panels have changed
+    /// meanwhile.
+    void setFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen);
+    void setNonFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen);
+
+private:
+    unsigned m_added = noPresentationOptions; ///< by the entering that has not been left yet
 };
 
 /// By the window's full-screen state ("_NET_WM_STATE_FULLSCREEN" on X11, the top level's full-screen request

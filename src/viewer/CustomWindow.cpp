@@ -40,6 +40,24 @@ std::string droppedPath(const QMimeData& data)
     return {};
 }
 
+/// Opening is no move: a program that gave a folder away to be moved might delete it.
+void takeAsCopy(QDropEvent& event)
+{
+    if (!(event.possibleActions() & Qt::CopyAction))
+        return event.acceptProposedAction();
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
+/// The frame itself, unless the screen that it lay on is gone: then as large, on the other one.
+QRect frameOnScreen(QRect frame, const QScreen& other)
+{
+    const auto shows = [&frame](const QScreen* screen) { return screen->geometry().intersects(frame); };
+    if (!std::ranges::any_of(QGuiApplication::screens(), shows))
+        frame.moveCenter(other.availableGeometry().center());
+    return frame;
+}
+
 } // namespace
 
 QPoint draggedOrigin(QPoint currentOrigin, QPoint location, QPoint initialLocation, const QRect& visibleArea)
@@ -96,7 +114,7 @@ void CustomWindow::enterFullscreen()
         m_initialFrame = before;
     // The frame first: setting one takes the state away again that makes the desktop put its panels away.
     setGeometry(screen()->geometry());
-    m_presentation.setFullscreenPresentationOptions(*this);
+    m_presentation.setFullscreenPresentationOptions(*this, areasOf(*screen()));
 }
 
 void CustomWindow::leaveFullscreen()
@@ -104,8 +122,8 @@ void CustomWindow::leaveFullscreen()
     if (!m_isFullScreen)
         return;
     setIsFullScreen(false);
-    m_presentation.setNonFullscreenPresentationOptions(*this);
-    setFrame(m_initialFrame, FrameChange::AtOnce);
+    m_presentation.setNonFullscreenPresentationOptions(*this, areasOf(*screen()));
+    setFrame(frameOnScreen(m_initialFrame, *screen()), FrameChange::AtOnce);
 }
 
 QRect CustomWindow::frame() const
@@ -233,7 +251,7 @@ void CustomWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     if (droppedPath(*event->mimeData()).empty())
         return;
-    event->acceptProposedAction();
+    takeAsCopy(*event);
     m_dropHint->setGeometry(rect().adjusted(8, 8, -8, -8));
     m_dropHint->raise();
     m_dropHint->show();
@@ -247,7 +265,7 @@ void CustomWindow::dropEvent(QDropEvent* event)
     const std::string path = droppedPath(*event->mimeData());
     if (path.empty())
         return;
-    event->acceptProposedAction();
+    takeAsCopy(*event);
     Q_EMIT dropped(path);
 }
 

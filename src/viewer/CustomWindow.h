@@ -40,7 +40,8 @@ public:
     void setIsFullScreen(bool fullScreen);
     /// Covers the whole screen of the window, panels included. Nothing happens in full screen.
     void enterFullscreen();
-    /// Returns to initialFrame. Nothing happens out of full screen.
+    /// Returns to initialFrame, or to one of its size if its screen is gone. Nothing happens out of full
+    /// screen.
     void leaveFullscreen();
 
     /// The frame to return to when leaving full screen; entering it fills in the frame of that moment when

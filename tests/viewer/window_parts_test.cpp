@@ -177,6 +177,12 @@ void WindowPartsTest::fullScreenReturnsToTheStartFrame()
     QCOMPARE(changes.size(), 2);
     QTRY_COMPARE(window.geometry(), start);
 
+    window.setInitialFrame({90'000, 60, 800, 500}); // on a screen that has been unplugged
+    window.enterFullscreen();
+    window.leaveFullscreen();
+    QTRY_COMPARE(window.size(), QSize(800, 500));
+    QVERIFY(window.screen()->geometry().contains(window.geometry()));
+
     CustomWindow unset;
     unset.setFrame({10, 20, 700, 400}, CustomWindow::FrameChange::AtOnce);
     unset.enterFullscreen();
@@ -218,6 +224,15 @@ void WindowPartsTest::panelsDecideThePresentationOptions()
     const unsigned entered = withFullscreenOptions(other, screen);
     QTEST(entered & ~other, "options");
     QCOMPARE(withoutFullscreenOptions(entered, screen), other);
+
+    // Whatever becomes of the panels meanwhile, nothing that was asked for stays.
+    QWidget window;
+    WindowStatePresentation presentation;
+    presentation.setFullscreenPresentationOptions(window, screen);
+    QVERIFY(window.windowState() & Qt::WindowFullScreen);
+    presentation.setNonFullscreenPresentationOptions(window, {{0, 0, 1920, 1080}, {0, 0, 1920, 1040}});
+    QCOMPARE(presentation.options(), unsigned(noPresentationOptions));
+    QVERIFY(!(window.windowState() & Qt::WindowFullScreen));
 }
 
 void WindowPartsTest::cells_data()
@@ -408,6 +423,12 @@ void WindowPartsTest::sliderTellsTheUserFromTheProgram()
     QTest::keyClick(&slider, Qt::Key_Home);
     QCOMPARE(slider.fraction(), 0.0);
     QCOMPARE(moved.size(), 2);
+
+    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(107, 12));
+    slider.hide(); // as the bar of the full screen goes with a new recording
+    slider.show();
+    slider.setFraction(0.1);
+    QCOMPARE(slider.fraction(), 0.1);
 }
 
 void WindowPartsTest::playTimes_data()
