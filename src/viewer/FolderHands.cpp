@@ -5,6 +5,7 @@
 #include "controls/MessageSheet.h"
 #include "media/MRVMediaList.h"
 #include "platform/FileManager.h"
+#include "platform/ObjectLink.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 #include "viewer/CustomWindow.h"
@@ -43,6 +44,7 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
       m_memory(m_preferences),
       m_place(m_memory, player, mediaList, playInfo, playback),
       m_cardOffer(disks),
+      m_link(std::make_shared<ObjectLink<FolderHands>>(this)),
       m_recent(new RecentFoldersMenu(m_memory, commands.menu()))
 {
     commands.insertRecentFolders(*m_recent);
@@ -70,6 +72,8 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
     showCard();
     m_cardOffer.look();
 }
+
+FolderHands::~FolderHands() { m_link->sever(); }
 
 void FolderHands::connectRows()
 {
@@ -106,10 +110,24 @@ void FolderHands::reopenLastFolder()
     m_onlyTried = true;
 }
 
+/// What was dropped may lie on a medium that does not answer, so a worker asks what it is.
 void FolderHands::dropped(const std::string& path)
 {
-    std::error_code failed;
-    if (std::filesystem::is_directory(path, failed)) {
+    runInBackground(
+        m_workers, m_link,
+        [path] {
+            std::error_code failed;
+            return std::filesystem::is_directory(path, failed);
+        },
+        [path, generation = ++m_dropGeneration](FolderHands& hands, bool isFolder) {
+            if (generation == hands.m_dropGeneration)
+                hands.openDropped(path, isFolder);
+        });
+}
+
+void FolderHands::openDropped(const std::string& path, bool isFolder)
+{
+    if (isFolder) {
         Q_EMIT folderWanted(path);
         return;
     }
@@ -119,7 +137,8 @@ void FolderHands::dropped(const std::string& path)
 
 void FolderHands::folderWillChange()
 {
-    m_place.keep();
+    ++m_dropGeneration;
+    m_place.leaveFolder();
     m_onlyTried = false;
     m_playWhenListed.clear();
     m_views.bodyRightBox->filterBar()->clear();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/DetachedWorkers.h"
 #include "viewer/CardOffer.h"
 #include "viewer/FolderMemory.h"
 #include "viewer/PlaceKeeper.h"
@@ -9,6 +10,8 @@
 #include <QObject>
 #include <QSettings>
 
+#include <cstdint>
+#include <memory>
 #include <string>
 
 namespace marvo {
@@ -20,6 +23,8 @@ class MRVMediaList;
 class MRVPlayInfo;
 class PlaybackController;
 class RecentFoldersMenu;
+template <typename Target>
+class ObjectLink;
 
 /// The handy ways to folders and recordings: those opened last, what is dropped onto the window, the place
 /// where watching was left, and what the menu of a row offers.
@@ -30,6 +35,7 @@ public:
     /// None of the objects is owned; all must outlive this one. There need not be disks.
     FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
                 const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback, Disks* disks);
+    ~FolderHands() override;
 
     /// Asks for the folder that was open last; without one, or when it is gone, the window stays as at a
     /// first start.
@@ -48,6 +54,7 @@ Q_SIGNALS:
 
 private:
     void dropped(const std::string& path);
+    void openDropped(const std::string& path, bool isFolder);
     void showRecentFolders();
     void showCard();
     void offerReturn();
@@ -60,6 +67,9 @@ private:
     FolderMemory m_memory;
     PlaceKeeper m_place;
     CardOffer m_cardOffer;
+    DetachedWorkers m_workers;
+    std::shared_ptr<ObjectLink<FolderHands>> m_link;
+    std::uint64_t m_dropGeneration = 0; ///< of a drop that another folder has overtaken nothing comes
     RecentFoldersMenu* m_recent;
     std::string m_playWhenListed; ///< a recording that was dropped
     bool m_onlyTried = false;

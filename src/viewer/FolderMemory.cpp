@@ -14,6 +14,9 @@ namespace marvo {
 
 namespace {
 
+/// Of a list that claims to be longer no more is looked at.
+constexpr int mostEntries = 64;
+
 const QString listKey = QStringLiteral("recentFolders");
 const QString pathKey = QStringLiteral("path");
 const QString recordingKey = QStringLiteral("recording");
@@ -39,7 +42,7 @@ FolderMemory::FolderMemory(QSettings& preferences) : m_preferences(preferences) 
 
 void FolderMemory::load()
 {
-    const int count = m_preferences.beginReadArray(listKey);
+    const int count = std::min(m_preferences.beginReadArray(listKey), mostEntries);
     for (int i = 0; i < count && m_folders.size() < limit; ++i) {
         m_preferences.setArrayIndex(i);
         Folder folder{read(m_preferences, pathKey), {}};

@@ -7,6 +7,7 @@
 #include "logs/window/DrivingLogWindow.h"
 #include "platform/CupsPrinting.h"
 #include "platform/Disks.h"
+#include "platform/FolderProbe.h"
 #include "settings/window/MRVSettingController.h"
 #include "viewer/CaptureController.h"
 #include "viewer/CustomWindow.h"
@@ -26,7 +27,6 @@
 #include "viewer/PlaybackController.h"
 #include "viewer/PrintController.h"
 #include "viewer/RecentFoldersMenu.h"
-#include "viewer/RecordingFilterBar.h"
 #include "viewer/RecordingListView.h"
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/VideoNotice.h"
@@ -77,8 +77,11 @@ void MRVAppDelegate::awakeFromNib()
     m_dataPanel =
         std::make_unique<DataPanelUpdater>(m_views->dataPanelFields(), *m_views->graphView,
                                            *m_views->mapWebView, *m_player1, m_blackBoxData, m_playInfo);
-    m_host = std::make_unique<MainWindowPlaybackHost>(*m_views, m_recordings, *m_loading, *m_dataPanel,
-                                                      [this] { updateSideViewButton(); });
+    m_host =
+        std::make_unique<MainWindowPlaybackHost>(*m_views, m_recordings, *m_loading, *m_dataPanel, [this] {
+            // The keyboard stays where it is: recordings also start by themselves.
+            m_views->bodyRightBox->updateSideViewButton(m_rightViewMode);
+        });
     m_playback =
         std::make_unique<PlaybackController>(*m_player1, m_mediaList, m_blackBoxData, m_playInfo, *m_host);
     prepareCapture();
@@ -259,8 +262,9 @@ void MRVAppDelegate::openMediaDirectoryDialog()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
-    const QString shown = QFile::decodeName(QByteArray::fromStdString(m_mediaList.directoryPath()));
-    dialog->setDirectory(shown.isEmpty() ? QDir::homePath() : shown);
+    const std::string& folder = m_mediaList.directoryPath();
+    dialog->setDirectory(folderAnswers(folder) ? QFile::decodeName(QByteArray::fromStdString(folder))
+                                               : QDir::homePath());
     dialog->resize(760, 460);
     connect(dialog, &QFileDialog::fileSelected, this,
             [this](const QString& path) { openDirectory(QFile::encodeName(path).toStdString()); });
@@ -288,6 +292,8 @@ void MRVAppDelegate::showFolder(const QString& detail)
 /// How many recordings the folder has, and how many of them a search leaves.
 void MRVAppDelegate::showFolderCount(int shown)
 {
+    if (m_mediaList.isScanning())
+        return; // the rows are those of the folder before
     const qint64 count = m_mediaList.count();
     const QString all = QLocale().toString(count);
     const QString found =
@@ -400,13 +406,7 @@ void MRVAppDelegate::setRightViewMode(RightViewMode mode)
 void MRVAppDelegate::updateSideViewButton()
 {
     // The keyboard is the list's while the list is shown, and the window's otherwise; it must not wander to
-    // whatever button comes next. Nor must a recording that starts by itself take it from a search.
-    const QWidget* search = m_views->bodyRightBox->filterBar();
-    if (m_rightViewMode == RecordingListMode && !m_window->isFullScreen() && m_window->focusWidget() &&
-        search->isAncestorOf(m_window->focusWidget())) {
-        m_views->bodyRightBox->updateSideViewButton(m_rightViewMode);
-        return;
-    }
+    // whatever button comes next.
     m_window->setFocus();
     m_views->bodyRightBox->updateSideViewButton(m_rightViewMode);
     if (m_rightViewMode == RecordingListMode && !m_window->isFullScreen())

@@ -24,11 +24,20 @@ PlaceKeeper::PlaceKeeper(FolderMemory& memory, const MediaPlayer& player, const 
 {
     connect(&playInfo, &MRVPlayInfo::positionChanged, this, &PlaceKeeper::positionChanged);
     connect(&player, &MediaPlayer::timeChanged, this, &PlaceKeeper::playerTimeChanged);
+    connect(&player, &MediaPlayer::failed, this, [this] { m_returningTo.reset(); });
+}
+
+/// Not while the rows of the folder before are still there, nor when the list has become another one since.
+bool PlaceKeeper::isOfTheFolder() const
+{
+    const MRVMedia* media =
+        m_mediaList.isScanning() ? nullptr : m_mediaList.mediaAtIndex(m_playback.mediaIndex());
+    return media && media->path() == m_player.mediaPath();
 }
 
 void PlaceKeeper::positionChanged(double positionFraction)
 {
-    if (!m_player.hasMedia() || m_player.lengthMs() <= 0 || m_returningTo)
+    if (!m_player.hasMedia() || m_player.lengthMs() <= 0 || m_returningTo || !isOfTheFolder())
         return;
     m_folder = m_mediaList.directoryPath();
     const auto timeMs =
@@ -46,6 +55,12 @@ void PlaceKeeper::keep()
         return;
     m_memory.setPlace(m_folder, m_place);
     m_sinceKept.start();
+}
+
+void PlaceKeeper::leaveFolder()
+{
+    keep();
+    m_returningTo.reset();
 }
 
 std::optional<PlaceKeeper::Place> PlaceKeeper::lastPlace() const

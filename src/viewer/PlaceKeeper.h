@@ -35,10 +35,13 @@ public:
 
     /// Plays the recording from that place on, if it still is in the list.
     void returnToLastPlace();
-    /// Writes the place now. Call it before the list's folder changes and before the program ends.
+    /// Writes the place now. Call it before the program ends.
     void keep();
+    /// Call it before the list's folder changes: writes the place, and goes back nowhere any more.
+    void leaveFolder();
 
 private:
+    bool isOfTheFolder() const;
     void positionChanged(double positionFraction);
     void playerTimeChanged();
 

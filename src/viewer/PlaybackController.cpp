@@ -470,8 +470,8 @@ bool PlaybackController::isPlayersRow(std::int64_t row) const
 
 void PlaybackController::setMediaIndex(std::int64_t index)
 {
-    if (std::exchange(m_mediaIndex, index) != index)
-        Q_EMIT mediaIndexChanged(index);
+    m_mediaIndex = index;
+    Q_EMIT mediaIndexChanged(index);
 }
 
 void PlaybackController::after(int delayMs, std::function<void()> step)

@@ -79,6 +79,7 @@ public:
 
 Q_SIGNALS:
     void volumeChanged(int volume);
+    /// A recording is being started; its row may have the number of the one before, in another list.
     void mediaIndexChanged(std::int64_t index);
 
 private:

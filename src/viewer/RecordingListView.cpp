@@ -280,7 +280,8 @@ void RecordingListView::keyPressEvent(QKeyEvent* event)
     if (enter && selectedRow() >= 0)
         return activateSelection();
     const QString typed = event->text();
-    if (typed.size() == 1 && typed[0].isDigit() && event->modifiers() == Qt::NoModifier) {
+    if (typed.size() == 1 && typed[0].isDigit() &&
+        (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
         Q_EMIT digitTyped(typed);
         return;
     }
@@ -322,6 +323,7 @@ void RecordingListView::contextMenuEvent(QContextMenuEvent* event)
     menu->addSeparator();
     add("showInFolder", "hands.showInFolder", &RecordingListView::showInFolderRequested);
     add("copyPath", "hands.copyPath", &RecordingListView::copyPathRequested);
+    connect(model(), &QAbstractItemModel::modelReset, menu, &QWidget::close); // its row is no more
     menu->popup(place);
 }
 

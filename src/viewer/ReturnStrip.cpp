@@ -43,11 +43,12 @@ ReturnStrip::ReturnStrip(QWidget* parent)
 
 void ReturnStrip::offer(const MRVMedia& media, std::int64_t timeMs)
 {
-    const QString name = media.year() >= 1
-                             ? QString::asprintf("%04d-%02d-%02d %02d:%02d:%02d", media.year(), media.month(),
-                                                 media.day(), media.hour(), media.minute(), media.second())
-                             : fontMetrics().elidedText(displayText(media.fileName()), Qt::ElideMiddle, widestName);
-    m_return->setText(localised("hands.return").arg(name, playTimeText(timeMs)));
+    QString name = media.year() >= 1
+                       ? QString::asprintf("%04d-%02d-%02d %02d:%02d:%02d", media.year(), media.month(),
+                                           media.day(), media.hour(), media.minute(), media.second())
+                       : fontMetrics().elidedText(displayText(media.fileName()), Qt::ElideMiddle, widestName);
+    m_return->setText(localised("hands.return")
+                          .arg(name.replace(QLatin1Char('&'), QStringLiteral("&&")), playTimeText(timeMs)));
     m_return->setToolTip(displayText(media.path()));
     show();
 }

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void kindsFilterAndAnEmptyResultOffersTheWayBack();
     void theMenuOfARowMeansThatRow();
     void theNextStartGoesOnWhereTheLastEnded();
+    void aRecordingOfTheFolderBeforeIsNoPlaceOfTheNext();
     void aFolderThatIsGoneLeavesAFirstStart();
     void aCardInTheReaderIsOffered();
     void aDroppedRecordingPlays();
@@ -234,6 +235,29 @@ void WindowHandsTest::theNextStartGoesOnWhereTheLastEnded()
     QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying() && stage.player().timeMs() >= 14'000, 10'000);
     QCOMPARE(stage.delegate.playback().mediaIndex(), 1);
     QVERIFY(stage.player().timeMs() < 20'000);
+}
+
+void WindowHandsTest::aRecordingOfTheFolderBeforeIsNoPlaceOfTheNext()
+{
+    TemporaryFolder other;
+    other.write("event_20240517_091530.avi", "no film");
+    const PlaceInRecording place{other.path("event_20240517_091530.avi"), 4321};
+    QSettings preferences;
+    FolderMemory memory(preferences);
+    memory.opened(other.path());
+    memory.setPlace(other.path(), place);
+
+    WindowStage stage;
+    QVERIFY(stage.open(m_card.path()));
+    QSignalSpy listed(&stage.delegate, &MRVAppDelegate::recordingsListed);
+    stage.delegate.openDirectory(other.path());
+    stage.doubleClickRow(0); // the rows of the folder before are still there
+    stage.window().findChild<QLineEdit*>(QStringLiteral("listSearchField"))->setText(QStringLiteral("0"));
+    QVERIFY(stage.text("folderDetail").startsWith(QStringLiteral("Reading")));
+    QVERIFY(listed.wait());
+    QTRY_VERIFY_WITH_TIMEOUT(stage.delegate.playInfo().position() > 0, 10'000);
+    stage.window().close();
+    QVERIFY(FolderMemory(preferences).placeIn(other.path()) == place);
 }
 
 void WindowHandsTest::aFolderThatIsGoneLeavesAFirstStart()

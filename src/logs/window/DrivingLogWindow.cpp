@@ -5,6 +5,7 @@
 #include "controls/MessageSheet.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
+#include "platform/FolderProbe.h"
 #include "settings/window/LoadingSheet.h"
 #include "texts/Localisation.h"
 
@@ -84,9 +85,13 @@ void openDrivingLogDialog(QWidget* parent, const std::string& folder,
         types += QStringLiteral(" *.") +
                  QString::fromLatin1(log->fileType.data(), static_cast<qsizetype>(log->fileType.size()));
     dialog->setNameFilter(QStringLiteral("%1 (%2)").arg(localised("log.file"), types.trimmed()));
-    const QString shown = QFile::decodeName(QByteArray::fromStdString(folder));
-    const QString logs = shown + QStringLiteral("/DrvInfo");
-    dialog->setDirectory(shown.isEmpty() ? QDir::homePath() : QFileInfo(logs).isDir() ? logs : shown);
+    const auto shown = [](const std::string& path) {
+        return QFile::decodeName(QByteArray::fromStdString(path));
+    };
+    const std::string logs = folder + "/DrvInfo";
+    dialog->setDirectory(!folderAnswers(folder) ? QDir::homePath()
+                         : folderAnswers(logs)  ? shown(logs)
+                                                : shown(folder));
     dialog->resize(760, 460);
     QObject::connect(dialog, &QFileDialog::fileSelected, parent,
                      [parent, opened = std::move(opened)](const QString& file) {
