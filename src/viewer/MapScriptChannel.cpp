@@ -33,6 +33,8 @@ void MapScriptChannel::newRecording()
     post(Kind::Recording, mapStatement::newRecording());
 }
 
+void MapScriptChannel::follow() { post(Kind::Follow, mapStatement::follow()); }
+
 void MapScriptChannel::setWay(const QList<MapPoint>& points)
 {
     m_way = points;

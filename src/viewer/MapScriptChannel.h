@@ -29,6 +29,8 @@ public:
     void setTiles(const QString& address, const QString& attribution);
     /// Forgets the position, the ways and the messages of the recording before.
     void newRecording();
+    /// Brings the map back to the position; a page that comes later follows anyway.
+    void follow();
     void setWay(const QList<MapPoint>& points);
     void setLatLag(const MapPoint& point);
     void debug(const QString& message);
@@ -39,7 +41,7 @@ public:
     void pageLost();
 
 private:
-    enum class Kind { Tiles, Recording, Way, Driven, Message, Position };
+    enum class Kind { Tiles, Recording, Follow, Way, Driven, Message, Position };
     struct Pending
     {
         Kind kind;

@@ -64,6 +64,8 @@ QString restoreDriven(const QList<MapPoint>& points)
 
 QString newRecording() { return QStringLiteral("marvoMap.newRecording()"); }
 
+QString follow() { return QStringLiteral("marvoMap.follow()"); }
+
 QString setTiles(const QString& address, const QString& attribution)
 {
     return QStringLiteral("marvoMap.setTiles({address:%1,attribution:%2})")

@@ -35,6 +35,9 @@ QString restoreDriven(const QList<MapPoint>& points);
 /// Another recording begins: the page forgets the car and its ways.
 QString newRecording();
 
+/// The map shows the car again, and goes with it, after the person has dragged it elsewhere.
+QString follow();
+
 /// Where street tiles come from: an address with {z}, {x} and {y}, and the credit to show with them.
 QString setTiles(const QString& address, const QString& attribution);
 

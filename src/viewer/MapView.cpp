@@ -87,6 +87,8 @@ void MapView::MRVDebug(const QString& message) { m_channel.debug(message); }
 
 void MapView::newRecording() { m_channel.newRecording(); }
 
+void MapView::follow() { m_channel.follow(); }
+
 void MapView::setWay(const QList<MapPoint>& points) { m_channel.setWay(points); }
 
 void MapView::showEvent(QShowEvent* event)

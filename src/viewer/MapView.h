@@ -50,6 +50,9 @@ public:
     /// Another recording begins: the car and the ways of the one before go.
     void newRecording();
 
+    /// The map shows the position again, and goes with it, after the person has dragged it elsewhere.
+    void follow();
+
     /// The whole way of the recording, in driving order, drawn faintly below the way driven so far.
     void setWay(const QList<MapPoint>& points);
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // The views of the driving logs as a person drives them, with the real map.
 #include "ActiveWindow.h"
+#include "controls/PMProgressIndicator.h"
 #include "logs/LogBytes.h"
 #include "logs/window/DrivingLogWindow.h"
 #include "logs/window/LogTableModel.h"
@@ -161,6 +162,8 @@ private Q_SLOTS:
     /// Two reads and an export at once: each on its own data, and the log asked for last is shown.
     void readsAndExportRace()
     {
+        LoadingSheet sheet(m_view.get());
+        m_view->setLoadingSheet(&sheet);
         QVERIFY(load(m_folder.write("a.drv", drivingLog(60'000, 60'000))));
         for (int round = 0; round < 10; ++round) {
             QSignalSpy readEnded(m_view.get(), &DrivingLogViewController::readingEnded);
@@ -179,6 +182,7 @@ private Q_SLOTS:
             QCOMPARE(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')), shown + 1);
             QVERIFY(load(m_folder.path("a.drv")));
         }
+        QTRY_VERIFY(!sheet.isVisible());
     }
 
     void exportByTheButtons()
@@ -225,6 +229,19 @@ private Q_SLOTS:
         QCOMPARE(std::distance(std::filesystem::directory_iterator(m_folder.path("disk")), {}), 1);
     }
 
+    void sheetThatHasGoneShowsNoProgress()
+    {
+        LoadingSheet sheet(m_view.get());
+        sheet.showLoading(QStringLiteral("Saving..."), [] {});
+        sheet.setProgress(30);
+        const auto* bar = sheet.findChild<PMProgressIndicator*>();
+        QCOMPARE(bar->doubleValue(), 30.0);
+        sheet.hideLoading();
+        QTRY_VERIFY(!sheet.isVisible());
+        sheet.setProgress(60); // an export that stood still for too long goes on
+        QCOMPARE(bar->doubleValue(), bar->minValue());
+    }
+
     void exportIsCancelled()
     {
         LoadingSheet sheet(m_view.get());
@@ -269,6 +286,10 @@ private Q_SLOTS:
         doubleClickRow(1);
         QCOMPARE(m_view->mapWindowController(), map);
         QTRY_COMPARE_WITH_TIMEOUT(ask(*map, car), QVariant(QStringLiteral("126.966733 37.552057")), 10'000);
+        ask(*map, QStringLiteral("marvo.page.follow(false); marvo.page.map.setView([0, 0]); 1")); // dragged
+        doubleClickRow(1);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            ask(*map, QStringLiteral("Math.round(marvo.page.map.getCenter().lat)")).toInt(), 38, 10'000);
         QTest::keyClick(map->window(), Qt::Key_Down); // it is the window in front
         QTRY_COMPARE_WITH_TIMEOUT(ask(*map, car), QVariant(QStringLiteral("126.966733 37.566667")), 10'000);
 

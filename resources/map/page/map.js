@@ -212,6 +212,8 @@ var marvoMap = {
     setWay(points) { marvo.page.setWay(points); },
     /// Another recording begins: its way starts anew.
     newRecording() { marvo.page.newRecording(); },
+    /// Back to the car, wherever the person has dragged the map.
+    follow() { marvo.page.follow(true); },
     /// [[longitude, latitude], ...]: the way driven before the page had to be loaded again.
     restoreDriven(points) {
         marvo.page.vehicle.restoreDriven(points

@@ -167,7 +167,7 @@ void DrivingLogViewController::loadFlashDataFile(Occasion occasion)
         return;
     if (m_loadingSheet)
         m_loadingSheet->showLoading(QStringLiteral("Loading..."));
-    ++m_readsUnderWay;
+    m_isReading = true;
     runInBackground(
         m_readers, m_link,
         [path = m_FlashDataFilePath, log = &m_description] {
@@ -185,8 +185,10 @@ void DrivingLogViewController::loadFlashDataFile(Occasion occasion)
 void DrivingLogViewController::readEnded(std::uint64_t number, Occasion occasion, const std::string& path,
                                          DrivingLog::Reading reading)
 {
-    if (--m_readsUnderWay == 0 && m_loadingSheet)
-        m_loadingSheet->hideLoading();
+    // An earlier one that still hangs on its card keeps nobody waiting.
+    if (number == m_lastRead)
+        m_isReading = false;
+    hideLoadingWhenIdle();
     // One that was begun earlier may come later.
     const bool shown = reading.log && number > m_shownRead;
     if (shown) {
@@ -198,6 +200,12 @@ void DrivingLogViewController::readEnded(std::uint64_t number, Occasion occasion
         showFault(path, occasion, reading);
     }
     Q_EMIT readingEnded(shown);
+}
+
+void DrivingLogViewController::hideLoadingWhenIdle()
+{
+    if (m_loadingSheet && !m_isReading && !m_abandonExport)
+        m_loadingSheet->hideLoading();
 }
 
 void DrivingLogViewController::showFault(const std::string& path, Occasion occasion,
@@ -325,8 +333,7 @@ void DrivingLogViewController::writingEnded(const std::string& path, std::error_
 {
     m_abandonExport.reset();
     showStatus();
-    if (m_loadingSheet)
-        m_loadingSheet->hideLoading();
+    hideLoadingWhenIdle();
     Q_EMIT exportEnded(!error);
     if (error == std::errc::operation_canceled)
         return;
@@ -344,7 +351,9 @@ void DrivingLogViewController::doubleClickTableRow(std::int64_t row)
     if (row < 0 || row >= flashDataNum())
         return;
     showMapWindow();
-    showPosition(row);
+    // Whoever asks for a place wants to see it, also after the map has been dragged elsewhere.
+    if (showPosition(row))
+        m_mapWindowController->mapWebView()->follow();
 }
 
 void DrivingLogViewController::showMapWindow()
@@ -390,11 +399,13 @@ void DrivingLogViewController::dropMapWindow()
     m_wayBox->setChecked(false);
 }
 
-void DrivingLogViewController::showPosition(std::int64_t row)
+bool DrivingLogViewController::showPosition(std::int64_t row)
 {
     const DecimalPosition position = m_model->log()->position(static_cast<std::uint64_t>(row));
-    if (isKnown(position))
-        m_mapWindowController->updateMapLat(position.latitude, position.longitude);
+    if (!isKnown(position))
+        return false;
+    m_mapWindowController->updateMapLat(position.latitude, position.longitude);
+    return true;
 }
 
 void DrivingLogViewController::showWay(bool shown)
@@ -418,8 +429,10 @@ void DrivingLogViewController::showWay(bool shown)
             if (!view.m_mapWindowController || !view.m_wayBox->isChecked() || log != view.m_model->log())
                 return;
             // Without a position the map shows all of the way.
-            view.m_mapWindowController->mapWebView()->newRecording();
-            view.m_mapWindowController->mapWebView()->setWay(way);
+            MapView& map = *view.m_mapWindowController->mapWebView();
+            map.newRecording();
+            map.follow();
+            map.setWay(way);
         });
 }
 

@@ -89,12 +89,14 @@ private:
                    DrivingLog::Reading reading);
     void showFault(const std::string& path, Occasion occasion, const DrivingLog::Reading& reading);
     void writingEnded(const std::string& path, std::error_code error);
+    void hideLoadingWhenIdle();
     void showStatus();
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showMapWindow();
     void placeMapWindow();
     void dropMapWindow();
-    void showPosition(std::int64_t row);
+    /// False, and the map as it was, for a row without a position.
+    bool showPosition(std::int64_t row);
     void showWay(bool shown);
 
     const LogDescription& m_description;
@@ -104,9 +106,9 @@ private:
     bool m_firstLoad = true;
     std::string m_FlashDataFilePath;
     std::string m_logFolder;
-    std::uint64_t m_lastRead = 0;  ///< number of the reading that was begun last
-    std::uint64_t m_shownRead = 0; ///< number of the reading whose result is shown
-    int m_readsUnderWay = 0;
+    std::uint64_t m_lastRead = 0;                       ///< number of the reading that was begun last
+    std::uint64_t m_shownRead = 0;                      ///< number of the reading whose result is shown
+    bool m_isReading = false;                           ///< the reading that was begun last has not ended
     std::shared_ptr<std::atomic<bool>> m_abandonExport; ///< of the export under way; null for none
 
     LogTableModel* m_model;
