@@ -58,6 +58,9 @@ void LoadingSheet::showLoading(const QString& title, std::function<void()> cance
 
 void LoadingSheet::setProgress(double percent)
 {
+    // When the sheet has gone, nothing would take the progress off the application's icon again.
+    if (m_stopLoadingWindow)
+        return;
     m_progress = 0;
     m_progressIndicator->setIndeterminate(false);
     m_progressIndicator->setDoubleValue(percent);

@@ -28,7 +28,8 @@ public:
 
     /// With something to call for it, the sheet offers to cancel; else it cannot be waved away.
     void showLoading(const QString& title, std::function<void()> cancel = {});
-    /// How much is done, 0 to 100: a sign of life. Until then the sheet shows only that work goes on.
+    /// How much is done, 0 to 100: a sign of life. Until then the sheet shows only that work goes on. Nothing
+    /// once the sheet has gone.
     void setProgress(double percent);
     void hideLoading() { m_stopLoadingWindow = true; }
 
