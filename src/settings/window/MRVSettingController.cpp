@@ -15,6 +15,7 @@
 #include "settings/window/SettingsTabView.h"
 #include "texts/Localisation.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -27,11 +28,16 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <chrono>
+#include <utility>
+
 namespace marvo {
 
 namespace {
 
 Q_LOGGING_CATEGORY(logSettings, "marvo.settings")
+
+constexpr std::chrono::seconds saveEndsWithin{5};
 
 QPushButton* windowButton(const char* name, const char* key, QWidget* parent)
 {
@@ -60,7 +66,12 @@ MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSet
     connect(&m_disks, &Disks::volumesChanged, this, &MRVSettingController::volumesChanged);
 }
 
-MRVSettingController::~MRVSettingController() { m_link->sever(); }
+MRVSettingController::~MRVSettingController()
+{
+    m_link->sever();
+    // The application may end with this window, and what has been saved is to reach the card.
+    m_writers.waitForAll(saveEndsWithin);
+}
 
 template <typename Work, typename Done>
 void MRVSettingController::runInBackground(Work work, Done done)
@@ -130,8 +141,8 @@ void MRVSettingController::buildToolsMenu(QMenu& menu)
     };
     connect(add("onDiskUtil", "setting.disk_utility"), &QAction::triggered, this,
             &MRVSettingController::onDiskUtil);
-    connect(add("restoreEarlierFile", "setting.restore_earlier"), &QAction::triggered, this,
-            &MRVSettingController::restoreEarlierFile);
+    m_restoreAction = add("restoreEarlierFile", "setting.restore_earlier");
+    connect(m_restoreAction, &QAction::triggered, this, &MRVSettingController::restoreEarlierFile);
     menu.addSeparator();
     QAction* obd = add("obdAdapter", "setting.camera_with_obd");
     obd->setCheckable(true);
@@ -182,9 +193,18 @@ void MRVSettingController::settingsRead(LoadedSettings loaded)
 
 void MRVSettingController::volumesChanged()
 {
-    // While a card is formatted it goes and comes back.
-    if (!m_loaded || m_lastDialogController)
+    m_volumesChanged = true;
+    lookForCardAgain();
+}
+
+void MRVSettingController::lookForCardAgain()
+{
+    // One look at a time, or the older could end last; none while a card is formatted, which goes and comes
+    // back. What changes meanwhile is looked at afterwards.
+    if (!m_volumesChanged || !m_loaded || m_isLooking || m_lastDialogController)
         return;
+    m_volumesChanged = false;
+    m_isLooking = true;
     struct Found
     {
         bool changed = false;
@@ -199,18 +219,27 @@ void MRVSettingController::volumesChanged()
             return found;
         },
         [this](Found found) {
-            if (!m_loaded || !found.changed)
-                return;
-            m_card = std::move(found.loaded.card);
-            // What the user has already chosen is worth more than what a card holds that came later.
-            if (found.loaded.wasRead && !m_touched) {
-                m_FileData = found.loaded.record;
-                if (m_targetController)
-                    m_targetController->setFileData(&m_FileData);
-            }
-            updateWindowTitle();
-            updateTabBar();
+            m_isLooking = false;
+            if (!m_loaded)
+                m_volumesChanged = true;
+            else if (found.changed)
+                takeCard(std::move(found.loaded));
+            lookForCardAgain();
         });
+}
+
+void MRVSettingController::takeCard(LoadedSettings loaded)
+{
+    m_card = std::move(loaded.card);
+    // What the user has already chosen is worth more than what a card holds that came later. It may stand in
+    // the tab's controls alone.
+    if (loaded.wasRead && !m_touched) {
+        m_FileData = loaded.record;
+        if (m_targetController)
+            m_targetController->setFileData(&m_FileData);
+    }
+    updateWindowTitle();
+    updateTabBar();
 }
 
 bool MRVSettingController::eventFilter(QObject* watched, QEvent* event)
@@ -231,6 +260,8 @@ void MRVSettingController::setTabEnabled(bool enabled)
     m_functionSegmentedControl->setEnabled(enabled);
     m_saveButton->setEnabled(enabled);
     m_resetButton->setEnabled(enabled);
+    m_restoreAction->setEnabled(enabled);
+    lookForCardAgain();
 }
 
 void MRVSettingController::updateWindowTitle()
@@ -325,16 +356,16 @@ void MRVSettingController::onSave()
     sealFileData(m_FileData);
     setTabEnabled(false);
     runInBackground([disks = &m_disks, card = m_card] { return saveDestination(*disks, card); },
-                    [this](const std::optional<std::string>& destination) {
+                    [this, record = m_FileData](const std::optional<std::string>& destination) {
                         setTabEnabled(true);
                         if (destination)
-                            writeTo(*destination);
+                            writeTo(*destination, record);
                         else
-                            askWhereToSave();
+                            askWhereToSave(record);
                     });
 }
 
-void MRVSettingController::askWhereToSave()
+void MRVSettingController::askWhereToSave(const _FILEDATA& record)
 {
     const QString desktop = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
     auto* dialog = new QFileDialog(this, QStringLiteral("Save Settings"), desktop);
@@ -342,20 +373,26 @@ void MRVSettingController::askWhereToSave()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(QStringLiteral("config.bin"));
+    // A card that is put in meanwhile may bring another record into the window.
     connect(dialog, &QFileDialog::fileSelected, this,
-            [this](const QString& path) { writeTo(QFile::encodeName(path).toStdString()); });
+            [this, record](const QString& path) { writeTo(QFile::encodeName(path).toStdString(), record); });
     dialog->open();
 }
 
-void MRVSettingController::writeTo(const std::string& path)
+void MRVSettingController::writeTo(const std::string& path, const _FILEDATA& record)
 {
     setTabEnabled(false);
-    runInBackground([record = m_FileData, path,
-                     backups = m_backups]() mutable { return saveToCard(record, path, backups); },
-                    [this, path](const std::optional<QString>& error) { saved(path, error); });
+    marvo::runInBackground(
+        m_writers, m_link,
+        [record, path, backups = m_backups]() mutable { return saveToCard(record, path, backups); },
+        [path, speedUnit = record.speedUnit](MRVSettingController& window,
+                                             const std::optional<QString>& error) {
+            window.saved(path, speedUnit, error);
+        });
 }
 
-void MRVSettingController::saved(const std::string& path, const std::optional<QString>& error)
+void MRVSettingController::saved(const std::string& path, std::uint32_t speedUnit,
+                                 const std::optional<QString>& error)
 {
     setTabEnabled(true);
     if (error) {
@@ -366,7 +403,7 @@ void MRVSettingController::saved(const std::string& path, const std::optional<QS
     showAlertSheet(this, QStringLiteral("Information"),
                    localised("msg.saved") + QFile::decodeName(path.c_str()), [this] { onCloseCmd(); });
     if (m_delegate)
-        m_delegate->setDisplayMile(m_FileData.speedUnit);
+        m_delegate->setDisplayMile(speedUnit);
 }
 
 void MRVSettingController::onCloseCmd() { close(); }
@@ -385,6 +422,9 @@ void MRVSettingController::onFormat()
     m_lastDialogController->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_lastDialogController, &MRVFormatWindowController::cardChanged, this,
             &MRVSettingController::reloadAfterFormat);
+    // Later, for it also goes with this window.
+    connect(m_lastDialogController, &QObject::destroyed, this, &MRVSettingController::lookForCardAgain,
+            Qt::QueuedConnection);
     m_lastDialogController->show();
 }
 
@@ -394,16 +434,12 @@ void MRVSettingController::reloadAfterFormat()
         [disks = &m_disks, language = m_language] {
             return loadSettingFile(*disks, CardNaming::Keep, language, {});
         },
-        [this](LoadedSettings loaded) {
-            // What the user has already chosen is worth more than what was put back on the card.
-            if (m_touched || !loaded.wasRead)
-                loaded.record = m_FileData;
-            settingsRead(std::move(loaded));
-        });
+        [this](LoadedSettings loaded) { takeCard(std::move(loaded)); });
 }
 
 void MRVSettingController::onSaveDefaultSetting()
 {
+    m_touched = true;
     fillDefaultFileDataForLanguage(m_FileData, m_language);
     if (m_targetController)
         m_targetController->setFileData(&m_FileData);
@@ -423,6 +459,7 @@ void MRVSettingController::useEarlierFile(const std::string& path)
         showMessageSheet(this, QStringLiteral("MARVO"), localised("msg.earlier_unreadable"));
         return;
     }
+    m_touched = true;
     m_FileData = earlier;
     if (m_targetController)
         m_targetController->setFileData(&m_FileData);

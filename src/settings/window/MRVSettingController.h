@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 
+class QAction;
 class QMenu;
 class QPushButton;
 
@@ -38,6 +39,7 @@ public:
     /// The disks must outlive every window of the application; the delegate, which may be null, this one.
     MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
                          QWidget* parent = nullptr);
+    /// A save that still goes on is waited for, some seconds at most.
     ~MRVSettingController() override;
 
     _FILEDATA* filedata() { return &m_FileData; }
@@ -84,18 +86,21 @@ private:
     void settingsRead(LoadedSettings loaded);
     void reloadAfterFormat();
     void volumesChanged();
+    void lookForCardAgain();
+    void takeCard(LoadedSettings loaded);
     void updateWindowTitle();
     void updateTabBar();
     void showTab(int index);
     void setTabEnabled(bool enabled);
-    void askWhereToSave();
-    void writeTo(const std::string& path);
-    void saved(const std::string& path, const std::optional<QString>& error);
+    void askWhereToSave(const _FILEDATA& record);
+    void writeTo(const std::string& path, const _FILEDATA& record);
+    void saved(const std::string& path, std::uint32_t speedUnit, const std::optional<QString>& error);
     void restoreEarlierFile();
     void useEarlierFile(const std::string& path);
 
     Disks& m_disks;
     DetachedWorkers m_workers;
+    DetachedWorkers m_writers;
     std::shared_ptr<ObjectLink<MRVSettingController>> m_link;
     viewControllerForMRVSettingDelegate* m_delegate;
     InterfaceLanguage m_language = builtLanguage(); ///< of the defaults
@@ -106,10 +111,13 @@ private:
     QHash<QString, SettingsTabView*> m_keptTabs; ///< by the key of their label
     int m_lastSelectedTabIndex = -1;
     bool m_initialised = false;
-    bool m_touched = false; ///< a person has done something in a tab
-    bool m_loaded = false;  ///< the record is whole: no read of the card is under way
+    bool m_touched = false;        ///< a person has done something in a tab, or with the whole record
+    bool m_loaded = false;         ///< the record is whole: no read of the card is under way
+    bool m_volumesChanged = false; ///< since the card was looked for
+    bool m_isLooking = false;      ///< for the card, after the first read
 
     SegmentedControl* m_functionSegmentedControl = nullptr;
+    QAction* m_restoreAction = nullptr;
     QPushButton* m_saveButton = nullptr;
     QPushButton* m_resetButton = nullptr;
     QWidget* m_targetView = nullptr;

@@ -26,6 +26,7 @@
 #include <QStandardPaths>
 
 #include <memory>
+#include <semaphore>
 
 using namespace marvo;
 using marvo::test::TemporaryFolder;
@@ -53,6 +54,21 @@ void writeBytes(const std::string& path, const QByteArray& bytes)
     QFile file(QFile::decodeName(path.c_str()));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
+
+/// A disk service that takes its time and tells what it saw when it was asked.
+struct SlowDisks : FolderDisks
+{
+    using FolderDisks::FolderDisks;
+    std::vector<MountedVolume> mountedVolumes() const override
+    {
+        std::vector<MountedVolume> volumes = FolderDisks::mountedVolumes();
+        asked.release();
+        answer.acquire();
+        return volumes;
+    }
+    mutable std::counting_semaphore<> asked{0};
+    mutable std::counting_semaphore<> answer{0};
+};
 
 } // namespace
 
@@ -82,6 +98,25 @@ private:
     }
 
     void press(const char* button) { QTest::mouseClick(&control(*m_window, button), Qt::LeftButton); }
+    void keepEarlier(void (*change)(_FILEDATA& record))
+    {
+        _FILEDATA earlier{};
+        QVERIFY(readSettingFile(configPath(), earlier));
+        change(earlier);
+        QVERIFY(!writeSettingFile(earlier, m_card->path("earlier.bin")));
+        QVERIFY(!SettingsBackups().keep(m_card->path("earlier.bin")));
+    }
+    void restoreNewestCopy()
+    {
+        m_window->findChild<QAction*>(QStringLiteral("restoreEarlierFile"))->trigger();
+        auto* dialog = m_window->findChild<QDialog*>(QStringLiteral("earlierSettingsDialog"));
+        QVERIFY(dialog);
+        auto* list = dialog->findChild<QListWidget*>();
+        QTRY_VERIFY(dialog->isVisible());
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Home);
+        QTest::keyClick(list, Qt::Key_Return);
+    }
     int shownSegment() const { return marvo::testing::shownItem(*m_window, "functionSegmentedControl"); }
     QMessageBox* message() const { return m_window->findChild<QMessageBox*>(QStringLiteral("messageSheet")); }
 
@@ -249,23 +284,11 @@ private Q_SLOTS:
 
     void earlierFileIsRestoredIntoTheWindow()
     {
-        _FILEDATA earlier{};
-        QVERIFY(readSettingFile(configPath(), earlier));
-        earlier.videoBitrate = 7000;
-        QVERIFY(!writeSettingFile(earlier, m_card->path("earlier.bin")));
-        QVERIFY(!SettingsBackups().keep(m_card->path("earlier.bin")));
+        keepEarlier([](_FILEDATA& earlier) { earlier.videoBitrate = 7000; });
         const QByteArray before = bytesOf(configPath());
 
         openWindow();
-        auto* restore = m_window->findChild<QAction*>(QStringLiteral("restoreEarlierFile"));
-        restore->trigger();
-        auto* dialog = m_window->findChild<QDialog*>(QStringLiteral("earlierSettingsDialog"));
-        QVERIFY(dialog);
-        auto* list = dialog->findChild<QListWidget*>();
-        QTRY_VERIFY(dialog->isVisible());
-        list->setFocus();
-        QTest::keyClick(list, Qt::Key_Home);
-        QTest::keyClick(list, Qt::Key_Return);
+        restoreNewestCopy();
         QTRY_COMPARE(m_window->filedata()->videoBitrate, 7000U);
         QCOMPARE(bytesOf(configPath()), before);
 
@@ -314,25 +337,48 @@ private Q_SLOTS:
 
     void cardPutInLaterIsTakenWhileNothingWasTouched_data()
     {
-        QTest::addColumn<bool>("touched");
+        QTest::addColumn<QString>("touch");
         QTest::addColumn<unsigned int>("speedUnit");
-        QTest::newRow("untouched: the card's settings") << false << 1U;
-        QTest::newRow("touched: what was chosen stays") << true << 0U;
+        QTest::newRow("untouched: the card's settings") << "" << 1U;
+        QTest::newRow("touched: what was chosen stays") << "tab" << 0U;
+        QTest::newRow("reset: the defaults stay") << "resetButton" << 0U;
+        QTest::newRow("restored: the earlier ones stay") << "earlier" << 0U;
     }
 
     void cardPutInLaterIsTakenWhileNothingWasTouched()
     {
-        QFETCH(bool, touched);
+        QFETCH(QString, touch);
         QFETCH(unsigned int, speedUnit);
         const QByteArray settings = bytesOf(configPath());
+        keepEarlier([](_FILEDATA& earlier) { earlier.speedUnit = 0; });
         QVERIFY(QFile::remove(QFile::decodeName(configPath().c_str())));
         openWindow();
-        if (touched)
+        if (touch == QLatin1String("tab"))
             clickItem(*m_window, "videoSharpness", 4);
+        else if (touch == QLatin1String("resetButton"))
+            press("resetButton");
+        else if (touch == QLatin1String("earlier"))
+            restoreNewestCopy();
+        QTRY_COMPARE(m_window->filedata()->speedUnit, 0U);
         writeBytes(configPath(), settings);
         Q_EMIT m_disks->volumesChanged();
         QTRY_VERIFY(m_window->windowTitle().contains(QLatin1String("config.bin")));
         QCOMPARE(m_window->filedata()->speedUnit, speedUnit);
+    }
+
+    void cardPutInWhileTheCardIsLookedForIsSeen()
+    {
+        const auto slow = std::make_shared<SlowDisks>(m_card->path("reader"));
+        m_window = new MRVSettingController(*slow, m_viewer.get());
+        m_window->show();
+        slow->asked.acquire(); // by the first read, which has seen no card
+        m_card->makeFolder("reader");
+        writeBytes(m_card->path("reader/config.bin"), bytesOf(configPath()));
+        Q_EMIT slow->volumesChanged();
+        slow->answer.release(100);
+        QTRY_VERIFY(m_window->windowTitle().contains(QLatin1String("config.bin")));
+        QCOMPARE(m_window->filedata()->speedUnit, 1U);
+        delete m_window;
     }
 };
 
