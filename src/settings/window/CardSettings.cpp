@@ -7,6 +7,7 @@
 #include "settings/SettingFileWriting.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsBackups.h"
+#include "texts/Localisation.h"
 
 #include <QLoggingCategory>
 
@@ -28,6 +29,13 @@ std::optional<std::uint64_t> fileSize(const std::string& path)
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
+}
+
+/// Nobody has been asked about what a link on a card points to, so it is not written.
+bool isLink(const std::string& path)
+{
+    struct stat status = {};
+    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
 std::optional<TKUSBDiskEntity> named(Disks& disks, const TKUSBDiskEntity& card, CardNaming naming)
@@ -93,6 +101,10 @@ std::optional<std::string> saveDestination(const Disks& disks, const SelectedCar
 
 std::optional<QString> saveToCard(const _FILEDATA& record, const std::string& path, SettingsBackups& backups)
 {
+    if (isLink(path)) {
+        qCWarning(logSettings, "%s is a link", path.c_str());
+        return localised("msg.file_open_fail");
+    }
     if (fileSize(path)) {
         // A full home must not keep the user from setting up the camera.
         if (const auto error = backups.keep(path))

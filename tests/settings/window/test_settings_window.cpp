@@ -249,6 +249,20 @@ private Q_SLOTS:
         QVERIFY(QDir(QFile::decodeName(m_card->path("config.bin/inside").c_str())).exists());
     }
 
+    // A card of unknown origin may point its "config.bin" anywhere.
+    void linkInTheFilesPlaceIsAWarning()
+    {
+        const std::string elsewhere = m_card->path("elsewhere.txt");
+        writeBytes(elsewhere, "the user's own");
+        QVERIFY(QFile::remove(QFile::decodeName(configPath().c_str())));
+        QVERIFY(::symlink(elsewhere.c_str(), configPath().c_str()) == 0);
+        openWindow();
+        press("saveButton");
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("Warn"));
+        QCOMPARE(bytesOf(elsewhere), QByteArray("the user's own"));
+    }
+
     void cardThatTakesNothingIsAWarning_data()
     {
         QTest::addColumn<bool>("full");
