@@ -108,13 +108,6 @@ bool RecordingFilterBar::eventFilter(QObject* watched, QEvent* event)
             m_search->clear();
             Q_EMIT left();
         });
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        if (event->type() == QEvent::ShortcutOverride) {
-            event->accept(); // they move in the text, not in the recording
-            return true;
-        }
-        [[fallthrough]];
     default:
         return QWidget::eventFilter(watched, event);
     }
