@@ -83,8 +83,10 @@ std::optional<std::uint64_t> deviceNumber(std::string_view majorMinor)
 fs::path sysfsFolder(std::uint64_t device)
 {
     std::error_code error;
-    return fs::canonical(
-        "/sys/dev/block/" + std::to_string(major(device)) + ':' + std::to_string(minor(device)), error);
+    const fs::path link =
+        "/sys/dev/block/" + std::to_string(major(device)) + ':' + std::to_string(minor(device));
+    const fs::path folder = fs::canonical(link, error);
+    return error ? link : folder; // never empty, which would mean the working folder
 }
 
 /// The folder of the disk that a partition lies on; of the device itself when it is no partition.
@@ -168,11 +170,11 @@ bool carriesSystem(std::uint64_t device)
 {
     const fs::path folder = sysfsFolder(device);
     std::set<std::uint64_t> family;
-    if (!folder.empty())
-        collectFamily(wholeDiskFolder(folder), family);
-    if (family.empty())
+    collectFamily(wholeDiskFolder(folder), family);
+    const std::vector<MountLine> mounts = readMountLines(contentOf("/proc/self/mountinfo"));
+    if (family.empty() || mounts.empty())
         return true;
-    for (const MountLine& mount : readMountLines(contentOf("/proc/self/mountinfo"))) {
+    for (const MountLine& mount : mounts) {
         // Some file systems, btrfs among them, show a number of their own.
         if (isSystemPath(mount.path) && (family.contains(mount.device) ||
                                          (mount.source.starts_with("/dev/") && liesOn(family, mount.source))))

@@ -27,7 +27,7 @@ std::vector<std::string> readSwapPaths(std::string_view swaps);
 bool isSystemPath(std::string_view path);
 
 /// True when any part of the disk that the block device belongs to holds such a place or swap space, be it
-/// through an encrypted or logical volume. True as well when the system does not know the device.
+/// through an encrypted or logical volume. True as well when the system does not tell.
 bool carriesSystem(std::uint64_t device);
 
 /// Which medium is in the drive, as a number that the system never gives twice (its disk sequence number); 0

@@ -76,8 +76,9 @@ class DeviceAccess
 public:
     virtual ~DeviceAccess() = default;
 
-    /// The mounted volumes on removable USB media that are no part of the running system. An entry is
-    /// writable when its medium is, even if the system has mounted it read-only because of damage.
+    /// The mounted volumes on cards in USB readers that are no part of the running system, no external hard
+    /// disks. An entry is writable when its medium is, even if the system has mounted it read-only because of
+    /// damage.
     virtual std::vector<FormattableVolume> formattableVolumes() const = 0;
 
     /// What the device is now, whether or not it is mounted; none when it is gone, or no longer one that may
@@ -85,7 +86,8 @@ public:
     virtual std::optional<DeviceIdentity> identify(const QString& key) const = 0;
 
     /// Unmounts the volume, and with a whole medium everything on it. A volume in use is tried for a few
-    /// seconds. One that is not mounted is no error.
+    /// seconds; for one that another user has mounted the system asks for the administrator's password. One
+    /// that is not mounted is no error.
     virtual std::optional<DeviceError> unmount(const TKUSBDiskEntity& volume) = 0;
 
     /// Opens the device for reading and writing for this program alone, for which the system asks the user
@@ -95,7 +97,7 @@ public:
 
     /// Mounts the volume after a change of its content: waits some seconds until the system has noticed the
     /// file system of that identifier ("1A2B-3C4D"); with an empty one it takes at once whatever there is. A
-    /// volume that is mounted already is no error.
+    /// volume that is mounted already is no error. Without an error it is listed from then on.
     virtual std::optional<DeviceError> mount(const QString& key, const QString& fileSystemId) = 0;
 };
 

@@ -22,11 +22,13 @@ Q_LOGGING_CATEGORY(logAccess, "marvo.disks.access")
 using Kind = DeviceError::Kind;
 using udisks2::interfaceName;
 
-/// Unmounting writes out what the system still holds back for a slow card.
 constexpr int changeTimeoutMs = 60'000;
+/// Nobody can tell how long a person takes for a password, nor a slow card for what the system holds back.
+constexpr int noTimeout = std::numeric_limits<int>::max();
 /// A file manager that is just looking at the volume lets go of it again.
 constexpr int busyPatienceMs = 3000;
 constexpr int noticePatienceMs = 8000;
+constexpr int mountedPatienceMs = 3000;
 constexpr unsigned long pauseMs = 50;
 
 Kind kindOf(const QString& errorName)
@@ -68,10 +70,18 @@ bool isError(const QDBusMessage& reply, const char* name)
     return reply.type() == QDBusMessage::ErrorMessage && reply.errorName().endsWith(QLatin1String(name));
 }
 
-bool mayBeFormatted(const MountedVolume& volume)
+bool mayBeFormatted(const udisks2::ManagedObjects& objects, const MountedVolume& volume)
 {
     return volume.bus == MountedVolume::Bus::Usb && volume.removable && !volume.system &&
-           !volume.devicePath.empty() && !carriesSystem(volume.deviceNumber);
+           !volume.devicePath.empty() && udisks2::isOnCard(objects, QDBusObjectPath(volume.key)) &&
+           !carriesSystem(volume.deviceNumber);
+}
+
+/// A call for which the system may ask the user for the administrator's password.
+QDBusMessage callWithPassword(const QDBusConnection& bus, QDBusMessage message)
+{
+    message.setInteractiveAuthorizationAllowed(true);
+    return bus.call(message, QDBus::Block, noTimeout);
 }
 
 DeviceIdentity identityOf(const MountedVolume& volume)
@@ -95,8 +105,10 @@ UDisks2DeviceAccess::UDisks2DeviceAccess(const Disks& disks)
 std::vector<FormattableVolume> UDisks2DeviceAccess::formattableVolumes() const
 {
     std::vector<FormattableVolume> volumes;
-    for (const MountedVolume& volume : m_disks.usbVolumeURLs()) {
-        if (!mayBeFormatted(volume))
+    const std::vector<MountedVolume> mounted = m_disks.usbVolumeURLs();
+    const udisks2::ManagedObjects objects = udisks2::managedObjects(m_bus);
+    for (const MountedVolume& volume : mounted) {
+        if (!mayBeFormatted(objects, volume))
             continue;
         qCInfo(logAccess, "%s", volume.mountPath.c_str());
         volumes.push_back({TKUSBDiskEntity(volume.name, volume.mountPath, volume.devicePath, volume.model,
@@ -108,17 +120,19 @@ std::vector<FormattableVolume> UDisks2DeviceAccess::formattableVolumes() const
 
 std::optional<DeviceIdentity> UDisks2DeviceAccess::identify(const QString& key) const
 {
-    const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
-    return volume && mayBeFormatted(*volume) ? std::optional(identityOf(*volume)) : std::nullopt;
+    const udisks2::ManagedObjects objects = udisks2::managedObjects(m_bus);
+    const auto volume = udisks2::describe(objects, QDBusObjectPath(key));
+    return volume && mayBeFormatted(objects, *volume) ? std::optional(identityOf(*volume)) : std::nullopt;
 }
 
 std::optional<DeviceError> UDisks2DeviceAccess::unmountOne(const QString& key)
 {
     const QDeadlineTimer patience(busyPatienceMs);
-    // A volume that is mounted in several places takes a call for each.
+    // A volume that is mounted in several places takes a call for each; one that another user has mounted, a
+    // password.
     while (true) {
-        const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Unmount",
-                                                 {QVariantMap()}, changeTimeoutMs);
+        const QDBusMessage reply = callWithPassword(
+            m_bus, udisks2::methodCall(key, interfaceName("Filesystem"), "Unmount", {QVariantMap()}));
         // The latter is what a device without a file system answers.
         if (isError(reply, ".NotMounted") || isError(reply, ".UnknownMethod"))
             return std::nullopt;
@@ -134,14 +148,12 @@ std::optional<DeviceError> UDisks2DeviceAccess::unmountOne(const QString& key)
 std::optional<DeviceError> UDisks2DeviceAccess::unmount(const TKUSBDiskEntity& volume)
 {
     if (volume.mediaWhole()) {
+        // Not all of the same drive: readers with one serial number are one to the service.
         const udisks2::ManagedObjects objects = udisks2::managedObjects(m_bus);
-        const auto whole = udisks2::describe(objects, QDBusObjectPath(volume.key()));
         for (auto object = objects.begin(); object != objects.end(); ++object) {
-            const auto other = udisks2::describe(objects, object.key());
-            if (!whole || !other || whole->drive.isEmpty() || other->drive != whole->drive ||
-                other->key == whole->key || udisks2::mountPoints(*object).empty())
+            if (!udisks2::isPartitionOf(*object, volume.key()) || udisks2::mountPoints(*object).empty())
                 continue;
-            if (auto error = unmountOne(other->key))
+            if (auto error = unmountOne(object.key().path()))
                 return error;
         }
     }
@@ -150,12 +162,10 @@ std::optional<DeviceError> UDisks2DeviceAccess::unmount(const TKUSBDiskEntity& v
 
 std::optional<DeviceError> UDisks2DeviceAccess::openForWriting(const QString& key, DeviceDescriptor& opened)
 {
-    QDBusMessage message = udisks2::methodCall(
-        key, interfaceName("Block"), "OpenDevice",
-        {QStringLiteral("rw"), QVariantMap{{QStringLiteral("flags"), O_EXCL | O_CLOEXEC}}});
-    message.setInteractiveAuthorizationAllowed(true);
-    // Nobody can tell how long a person takes for a password.
-    const QDBusMessage reply = m_bus.call(message, QDBus::Block, std::numeric_limits<int>::max());
+    const QDBusMessage reply = callWithPassword(
+        m_bus, udisks2::methodCall(
+                   key, interfaceName("Block"), "OpenDevice",
+                   {QStringLiteral("rw"), QVariantMap{{QStringLiteral("flags"), O_EXCL | O_CLOEXEC}}}));
     if (auto error = errorOf(reply, "open")) {
         const auto volume = udisks2::describe(udisks2::managedObjects(m_bus), QDBusObjectPath(key));
         if (error->kind == Kind::Other && volume && !volume->deviceWritable)
@@ -171,6 +181,15 @@ std::optional<DeviceError> UDisks2DeviceAccess::openForWriting(const QString& ke
     if (!opened)
         return DeviceError{Kind::Other, QStringLiteral("OpenDevice: no descriptor")};
     return std::nullopt;
+}
+
+/// The service may tell of a mount only after it has answered the call for it.
+void UDisks2DeviceAccess::waitForMountPoint(const QString& key) const
+{
+    const QDeadlineTimer patience(mountedPatienceMs);
+    while (udisks2::mountPoints(udisks2::managedObjects(m_bus).value(QDBusObjectPath(key))).empty() &&
+           !patience.hasExpired())
+        QThread::msleep(pauseMs);
 }
 
 std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const QString& fileSystemId)
@@ -189,9 +208,9 @@ std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const 
             const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Mount",
                                                      {QVariantMap()}, changeTimeoutMs);
             // A desktop that mounts what appears may have been quicker.
-            if (isError(reply, ".AlreadyMounted"))
-                return std::nullopt;
-            const auto error = errorOf(reply, "mount");
+            const auto error = isError(reply, ".AlreadyMounted") ? std::nullopt : errorOf(reply, "mount");
+            if (!error)
+                waitForMountPoint(key);
             if (!error || error->kind != Kind::Gone || fileSystemId.isEmpty() || patience.hasExpired())
                 return error;
         }

@@ -25,6 +25,7 @@ public:
 
 private:
     std::optional<DeviceError> unmountOne(const QString& key);
+    void waitForMountPoint(const QString& key) const;
 
     const Disks& m_disks;
     QDBusConnection m_bus;

@@ -6,6 +6,7 @@
 #include <QDBusMetaType>
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <atomic>
 
 namespace marvo::udisks2 {
@@ -127,6 +128,23 @@ std::optional<MountedVolume> describe(const ManagedObjects& objects, const QDBus
     if (drive->value(QStringLiteral("ConnectionBus")).toString() == QLatin1String("usb"))
         volume.bus = MountedVolume::Bus::Usb;
     return volume;
+}
+
+bool isOnCard(const ManagedObjects& objects, const QDBusObjectPath& path)
+{
+    const QVariantMap block = objects.value(path).value(interfaceName("Block"));
+    const QVariantMap* drive = driveOf(objects, block);
+    if (drive == nullptr)
+        return false;
+    const QStringList media = drive->value(QStringLiteral("MediaCompatibility")).toStringList();
+    return drive->value(QStringLiteral("MediaRemovable")).toBool() ||
+           std::ranges::any_of(media, [](const QString& name) { return name.startsWith(u"flash"); });
+}
+
+bool isPartitionOf(const Interfaces& interfaces, const QString& whole)
+{
+    const QVariant table = interfaces.value(interfaceName("Partition")).value(QStringLiteral("Table"));
+    return table.value<QDBusObjectPath>().path() == whole;
 }
 
 } // namespace marvo::udisks2

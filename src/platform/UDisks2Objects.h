@@ -39,4 +39,11 @@ std::vector<std::string> mountPoints(const Interfaces& interfaces);
 /// A block device; no mount path yet. None for objects that are none.
 std::optional<MountedVolume> describe(const ManagedObjects& objects, const QDBusObjectPath& path);
 
+/// True when the block device is on a medium that can be taken out of its drive, as a card out of its reader,
+/// or in a drive for flash cards. An external hard disk, which as a whole can be unplugged, is neither.
+bool isOnCard(const ManagedObjects& objects, const QDBusObjectPath& path);
+
+/// True when the block device is a partition of the other one.
+bool isPartitionOf(const Interfaces& interfaces, const QString& whole);
+
 } // namespace marvo::udisks2

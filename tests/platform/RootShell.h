@@ -43,8 +43,10 @@ public:
         m_shell.write((command + QStringLiteral("\necho \"[done $?]\"\n")).toUtf8());
         QByteArray text;
         while (!text.contains("[done ") || !text.endsWith("]\n")) {
-            if (!m_shell.waitForReadyRead(20000))
+            if (!m_shell.waitForReadyRead(40000)) {
+                qInfo("%s: no answer", qUtf8Printable(command));
                 return false;
+            }
             text += m_shell.readAll();
         }
         const qsizetype end = text.lastIndexOf("[done ");

@@ -54,6 +54,20 @@ private Q_SLOTS:
         QVERIFY(QDir(QString::fromStdString(entity->mountedURL())).exists());
     }
 
+    void anExternalHardDiskIsNoCardToFormat()
+    {
+        UDisks2Disks disks;
+        const QString disk = qEnvironmentVariable("MARVO_TEST_CARD_DISK").section(QLatin1Char(' '), 0, 0);
+        const QStringList mount{QStringLiteral("mount"), QStringLiteral("-b"), disk};
+        QCOMPARE(QProcess::execute(QStringLiteral("udisksctl"), mount), 0);
+        QTRY_COMPARE(disks.usbDiskEntities().size(), std::size_t{2});
+        const auto volumes = disks.deviceAccess()->formattableVolumes();
+        QCOMPARE(volumes.size(), std::size_t{1});
+        QCOMPARE(QString::fromStdString(volumes.front().entity.deviceFilePath()), m_device);
+        QVERIFY(!disks.deviceAccess()->identify(QStringLiteral("/org/freedesktop/UDisks2/block_devices/") +
+                                                QFileInfo(disk).fileName()));
+    }
+
     void renamedCardIsMountedAgain()
     {
         UDisks2Disks disks;

@@ -4,7 +4,8 @@
 # usb-card-session.sh COMMAND...: runs COMMAND beside a real disk service with FAT cards in "USB readers": loop devices
 # that udev rules and a dressed-up device folder pass off as such. All of it lives in a mount namespace of its own and
 # goes with it. Exit code 77, with the reason, where this machine cannot do that.
-# MARVO_TEST_CARDS lists the cards as LABEL:MIB or LABEL:MIB:partition; each image lies on a small tmpfs of its own.
+# MARVO_TEST_CARDS lists the cards as LABEL:MIB, LABEL:MIB:partition, or LABEL:MIB:fixed for what is no card but an
+# external hard disk; each image lies on a small tmpfs of its own.
 # COMMAND finds in MARVO_TEST_CARD_LABEL the device and the image of each ("/dev/loop3p1 /run/marvo/LABEL/card.img"), and
 # of the first card the device in MARVO_TEST_DEVICE and its size in bytes in MARVO_TEST_DEVICE_SIZE.
 set -euo pipefail
@@ -29,6 +30,7 @@ shift
 read -r -a cards <<<"${MARVO_TEST_CARDS:-OLDNAME:64}"
 work=/run/marvo
 disks=()
+fixed=
 pids=()
 
 finish() {
@@ -101,6 +103,7 @@ for card in "${cards[@]}"; do
         [ -b "${device}p1" ] || addpart "$device" 1 2048 $((mib * 2048 - 2048)) || skip "no partitions on loop devices"
         device+=p1
     fi
+    [ "${kind:-}" != fixed ] || fixed+=" ${disks[-1]} "
     export "MARVO_TEST_CARD_$label=$device $work/$label/card.img"
     if [ -z "${MARVO_TEST_DEVICE:-}" ]; then
         MARVO_TEST_DEVICE=$device
@@ -120,10 +123,15 @@ for disk in "${disks[@]}"; do
     name=$(basename "$disk")
     mkdir "/sys/devices/virtual/block/$name"
     mount --bind "$work/sys/$name" "/sys/devices/virtual/block/$name"
-    mount --bind "$work/removable" "/sys/devices/virtual/block/$name/removable"
+    flash=', ENV{ID_DRIVE_FLASH_SD}="1"'
+    if [[ $fixed == *" $disk "* ]]; then
+        flash=
+    else
+        mount --bind "$work/removable" "/sys/devices/virtual/block/$name/removable"
+    fi
     # Readers are told apart by their serial numbers.
     cat >>/run/udev/rules.d/99-marvo-test.rules <<RULES
-KERNEL=="$name|${name}p*", ENV{ID_BUS}="usb", ENV{ID_USB_DRIVER}="usb-storage", ENV{ID_MODEL}="Card_Reader", ENV{ID_MODEL_ENC}="Card\\x20Reader", ENV{ID_VENDOR}="Test", ENV{ID_VENDOR_ENC}="Test", ENV{ID_SERIAL}="Test_Card_Reader_$name", ENV{ID_SERIAL_SHORT}="$name", ENV{ID_DRIVE_FLASH_SD}="1", ENV{ID_INSTANCE}="0:0", ENV{UDISKS_SYSTEM}="0", ENV{UDISKS_IGNORE}="0"
+KERNEL=="$name|${name}p*", ENV{ID_BUS}="usb", ENV{ID_USB_DRIVER}="usb-storage", ENV{ID_MODEL}="Card_Reader", ENV{ID_MODEL_ENC}="Card\\x20Reader", ENV{ID_VENDOR}="Test", ENV{ID_VENDOR_ENC}="Test", ENV{ID_SERIAL}="Test_Card_Reader_$name", ENV{ID_SERIAL_SHORT}="$name"$flash, ENV{ID_INSTANCE}="0:0", ENV{UDISKS_SYSTEM}="0", ENV{UDISKS_IGNORE}="0"
 RULES
 done
 
