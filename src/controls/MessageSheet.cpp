@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/MessageSheet.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -14,15 +15,22 @@ QMessageBox* showAlertSheet(QWidget* window, const QString& title, const QString
     box->setObjectName(QStringLiteral("messageSheet"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
-    // Paths and texts of the card's own are shown as they stand, whatever tags they seem to hold.
-    box->setTextFormat(Qt::PlainText);
-    box->setInformativeText(message);
+    setPlainMessage(*box, message);
     box->button(QMessageBox::Ok)->setText(QStringLiteral("OK"));
     if (dismissed)
         QObject::connect(box, &QMessageBox::finished, window,
                          [dismissed = std::move(dismissed)] { dismissed(); });
     box->open();
     return box;
+}
+
+void setPlainMessage(QMessageBox& box, const QString& message)
+{
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(message);
+    // The format is the main text's alone.
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
 }
 
 QMessageBox* showMessageSheet(QWidget* window, const QString& title, const QString& message)
