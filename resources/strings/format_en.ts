@@ -10,6 +10,7 @@
     <message id="setting.format.filesystem"><source></source><translation>File system</translation></message>
     <message id="setting.format.format"><source></source><translation>Format</translation></message>
     <message id="setting.format.no_card"><source></source><translation>No card in a USB reader</translation></message>
+    <message id="setting.format.choose"><source></source><translation>Choose a card</translation></message>
     <message id="msg.cannot_format"><source></source><translation>The card cannot be formatted</translation></message>
     <message id="msg.format_complete"><source></source><translation>The card has been formatted</translation></message>
     <message id="msg.format.warning"><source></source><translation>Format this card?</translation></message>
@@ -17,6 +18,7 @@
     <message id="msg.format.settings_stay"><source></source><translation>The camera settings are put back afterwards.</translation></message>
     <message id="msg.format.settings_lost"><source></source><translation>The camera settings on it cannot be read and will be replaced by those of a new camera.</translation></message>
     <message id="format.contents.none"><source></source><translation>no recordings</translation></message>
+    <message id="format.contents.unknown"><source></source><translation>recordings that cannot be counted</translation></message>
     <message id="format.contents.one"><source></source><translation>1 recording</translation></message>
     <message id="format.contents.many"><source></source><translation>%1 recordings</translation></message>
     <message id="format.step.look"><source></source><translation>Looking at what is on the card</translation></message>
@@ -38,8 +40,9 @@
     <message id="msg.format.no_formatter"><source></source><translation>The program mkfs.fat (package dosfstools) is not installed.</translation></message>
     <message id="msg.format.mismatch"><source></source><translation>What was written reads back differently. The card may be worn out.</translation></message>
     <message id="msg.format.erased"><source></source><translation>The card can no longer be used as it is. Format it again.</translation></message>
-    <message id="msg.format.kept"><source></source><translation>A copy of the camera settings is kept in %1</translation></message>
-    <message id="msg.format.not_mounted"><source></source><translation>The card was formatted but could not be opened again. Take it out, put it back in, and format it once more.</translation></message>
+    <message id="msg.format.kept"><source></source><translation>A copy of the camera settings is kept in
+%1</translation></message>
+    <message id="msg.format.not_mounted"><source></source><translation>The card was formatted but could not be opened. Format it once more.</translation></message>
     <message id="msg.format.incomplete"><source></source><translation>The card does not hold what was written to it.</translation></message>
 </context>
 </TS>

@@ -10,6 +10,7 @@
     <message id="setting.format.filesystem"><source></source><translation>파일 시스템</translation></message>
     <message id="setting.format.format"><source></source><translation>포맷</translation></message>
     <message id="setting.format.no_card"><source></source><translation>USB 리더에 카드가 없습니다</translation></message>
+    <message id="setting.format.choose"><source></source><translation>카드를 선택하세요</translation></message>
     <message id="msg.cannot_format"><source></source><translation>카드를 포맷할 수 없습니다</translation></message>
     <message id="msg.format_complete"><source></source><translation>카드 포맷을 마쳤습니다</translation></message>
     <message id="msg.format.warning"><source></source><translation>이 카드를 포맷할까요?</translation></message>
@@ -17,6 +18,7 @@
     <message id="msg.format.settings_stay"><source></source><translation>카메라 설정은 포맷 후 다시 복원됩니다.</translation></message>
     <message id="msg.format.settings_lost"><source></source><translation>카드의 카메라 설정을 읽을 수 없어 새 카메라의 설정으로 바뀝니다.</translation></message>
     <message id="format.contents.none"><source></source><translation>녹화 파일 없음</translation></message>
+    <message id="format.contents.unknown"><source></source><translation>개수를 알 수 없는 녹화 파일</translation></message>
     <message id="format.contents.one"><source></source><translation>녹화 파일 1개</translation></message>
     <message id="format.contents.many"><source></source><translation>녹화 파일 %1개</translation></message>
     <message id="format.step.look"><source></source><translation>카드에 있는 내용을 확인하고 있습니다</translation></message>
@@ -38,8 +40,9 @@
     <message id="msg.format.no_formatter"><source></source><translation>mkfs.fat 프로그램(dosfstools 패키지)이 설치되어 있지 않습니다.</translation></message>
     <message id="msg.format.mismatch"><source></source><translation>기록한 내용이 다르게 읽힙니다. 카드가 낡았을 수 있습니다.</translation></message>
     <message id="msg.format.erased"><source></source><translation>카드를 이 상태로는 사용할 수 없습니다. 다시 포맷하세요.</translation></message>
-    <message id="msg.format.kept"><source></source><translation>카메라 설정의 복사본: %1</translation></message>
-    <message id="msg.format.not_mounted"><source></source><translation>카드를 포맷했지만 다시 열 수 없습니다. 카드를 뺐다가 다시 꽂은 후 한 번 더 포맷하세요.</translation></message>
+    <message id="msg.format.kept"><source></source><translation>카메라 설정의 복사본:
+%1</translation></message>
+    <message id="msg.format.not_mounted"><source></source><translation>카드를 포맷했지만 열 수 없습니다. 한 번 더 포맷하세요.</translation></message>
     <message id="msg.format.incomplete"><source></source><translation>카드에 기록한 내용이 남아 있지 않습니다.</translation></message>
 </context>
 </TS>

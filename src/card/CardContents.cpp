@@ -5,6 +5,7 @@
 #include "card/CardRestoring.h"
 #include "media/MediaScan.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -14,13 +15,18 @@ namespace marvo {
 CardContents readCardContents(const std::string& root, const std::stop_token& stop)
 {
     CardContents contents;
-    contents.recordings = scanFolder(root, stop).medias.size();
+    const MediaScan scan = scanFolder(root, stop);
+    contents.recordings = scan.medias.size();
+    contents.countUnknown = scan.folderError.operator bool();
     struct statvfs space = {};
     if (::statvfs(root.c_str(), &space) == 0 && space.f_blocks >= space.f_bfree)
         contents.usedBytes = std::uint64_t{space.f_blocks - space.f_bfree} * space.f_frsize;
     struct stat status = {};
     const std::string settings = root + "/config.bin";
-    contents.settingsUnreadable = ::lstat(settings.c_str(), &status) == 0 && !readCardSettingsFile(root);
+    contents.settings = readCardSettingsFile(root);
+    // Where another user has mounted the card it cannot even be asked whether there are any.
+    contents.settingsUnreadable =
+        !contents.settings && (::lstat(settings.c_str(), &status) == 0 || errno != ENOENT);
     return contents;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <stop_token>
 #include <string>
 
@@ -13,7 +14,9 @@ namespace marvo {
 struct CardContents
 {
     std::size_t recordings = 0;
-    std::uint64_t usedBytes = 0; ///< of everything on it
+    bool countUnknown = false;           ///< its folder cannot be read, or not to its end
+    std::uint64_t usedBytes = 0;         ///< of everything on it; 0 as well when the system does not tell
+    std::optional<std::string> settings; ///< its "config.bin"
     /// There is a "config.bin", but not one that can be read and kept.
     bool settingsUnreadable = false;
 };

@@ -52,7 +52,12 @@ std::error_code writeOut(const std::string& root)
 
 std::optional<std::string> readCardSettingsFile(const std::string& root)
 {
-    FileSource file(root + settingsName);
+    // A link on a card from elsewhere could put any file of this user's on the new card.
+    const int descriptor =
+        ::open((root + settingsName).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+    if (descriptor < 0)
+        return std::nullopt;
+    FileSource file(descriptor);
     std::string bytes(mostSettingsBytes + 1, '\0');
     bytes.resize(file.readAt(0, std::as_writable_bytes(std::span(bytes))));
     if (!file.isOpen() || !file.error().empty() || bytes.size() > mostSettingsBytes)

@@ -199,6 +199,8 @@ std::error_code writeSystemArea(ByteSource& image, WritableVolume& volume, const
 {
     if (std::error_code error = volume.writeAt(0, Bytes(sectorSize)))
         return error;
+    if (onWritten)
+        onWritten(sectorSize);
     if (std::error_code error = volume.sync())
         return error;
 

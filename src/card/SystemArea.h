@@ -41,7 +41,8 @@ std::optional<std::string> checkSystemArea(ByteSource& volume, const FormatPlan&
 
 /// Copies the plan's system area from a file image to the volume. The boot sector is wiped first and written
 /// last, each synced, so that a card that is pulled out in between never looks like a whole one. Tells the
-/// bytes written so far, which end at plan.systemAreaBytes().
+/// bytes of the area dealt with so far, the wiped boot sector being the first: as long as it has not been
+/// called, the volume holds what it held.
 std::error_code writeSystemArea(ByteSource& image, WritableVolume& volume, const FormatPlan& plan,
                                 const std::function<void(std::uint64_t)>& onWritten = {});
 

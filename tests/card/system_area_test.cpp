@@ -1,12 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "card/CardContents.h"
+#include "card/CardRestoring.h"
 #include "card/FormatPlan.h"
 #include "card/SystemArea.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 using namespace marvo;
@@ -174,7 +178,12 @@ TEST(SystemArea, aCardPulledOutAtAnyMomentNeverLooksWhole)
         MemoryVolume card(image.bytes.size(), std::byte{0xE5});
         std::copy_n(image.bytes.begin(), 512, card.bytes.begin()); // it was formatted before
         card.callsLeft = calls++;
-        if (!writeSystemArea(image, card, *plan)) {
+        const std::vector<std::byte> before = card.bytes;
+        bool told = false;
+        const std::error_code error =
+            writeSystemArea(image, card, *plan, [&told](std::uint64_t) { told = true; });
+        EXPECT_EQ(told, card.bytes != before) << "who says that nothing is lost must know";
+        if (!error) {
             EXPECT_EQ(card.bytes, image.bytes);
             break;
         }
@@ -188,6 +197,23 @@ TEST(SystemArea, aCardPulledOutAtAnyMomentNeverLooksWhole)
     MemoryVolume shortImage(1000);
     MemoryVolume card(image.bytes.size());
     EXPECT_TRUE(writeSystemArea(shortImage, card, *plan)) << "an image that ends too early";
+}
+
+TEST(CardRestoring, onlyAFileOfTheCardItselfCountsAsItsSettings)
+{
+    marvo::test::TemporaryFolder folder;
+    folder.write("private", "a key");
+    const std::string card = folder.makeFolder("card");
+    const std::string settings = folder.path("card/config.bin");
+    EXPECT_FALSE(readCardContents(card, {}).settingsUnreadable) << "there are none";
+    ASSERT_EQ(::symlink("../private", settings.c_str()), 0);
+    EXPECT_FALSE(readCardSettingsFile(card));
+    EXPECT_TRUE(readCardContents(card, {}).settingsUnreadable);
+    ASSERT_EQ(::unlink(settings.c_str()), 0);
+    ASSERT_EQ(::mkdir(settings.c_str(), 0777), 0);
+    EXPECT_FALSE(readCardSettingsFile(card));
+    EXPECT_TRUE(readCardContents(card, {}).settingsUnreadable);
+    EXPECT_TRUE(readCardContents(folder.path("gone"), {}).countUnknown);
 }
 
 TEST(CardContents, sizesHaveOneDecimal)

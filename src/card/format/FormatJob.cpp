@@ -39,10 +39,10 @@ FormatFailure failureOf(const DeviceError& error)
     return {Kind::Other, error.message};
 }
 
-FormatFailure failureOf(const std::error_code& error)
+FormatFailure failureOf(const std::error_code& error, bool erased)
 {
     return {isWriteProtection(error) ? Kind::WriteProtected : Kind::Other,
-            QString::fromStdString(error.message()), true};
+            QString::fromStdString(error.message()), erased};
 }
 
 QString fileSystemIdIn(ByteSource& image)
@@ -56,8 +56,9 @@ QString fileSystemIdIn(ByteSource& image)
 
 } // namespace
 
-FormatJob::FormatJob(DeviceAccess& access, FormattableVolume volume, std::optional<KeptSettings> earlier)
-    : m_access(access), m_volume(std::move(volume)), m_kept(std::move(earlier))
+FormatJob::FormatJob(DeviceAccess& access, FormattableVolume volume, std::optional<KeptSettings> earlier,
+                     std::optional<std::string> seen)
+    : m_access(access), m_volume(std::move(volume)), m_kept(std::move(earlier)), m_seen(std::move(seen))
 {}
 
 FormatOutcome FormatJob::run(const OnStep& onStep, const std::stop_token& stop)
@@ -93,6 +94,8 @@ std::optional<FormatFailure> FormatJob::format(const OnStep& onStep, const std::
     // Nobody is asked for a password for what cannot come about.
     if (m_access.identify(m_volume.entity.key()) != m_volume.identity)
         return FormatFailure{Kind::Changed, {}};
+    if (!makeFormatPlan(m_volume.identity.size))
+        return FormatFailure{Kind::Unsuitable, {}};
     DeviceDescriptor device;
     if (const auto error = m_access.openForWriting(m_volume.entity.key(), device))
         return failureOf(*error);
@@ -127,8 +130,10 @@ std::optional<FormatFailure> FormatJob::write(DeviceDescriptor device, const OnS
     DescriptorVolume image(made.file.get());
     DescriptorVolume volume(device.get());
     m_fileSystemId = fileSystemIdIn(image);
-    if (const std::error_code error = writeSystemArea(image, volume, *plan))
-        return failureOf(error);
+    bool erased = false;
+    if (const std::error_code error =
+            writeSystemArea(image, volume, *plan, [&erased](std::uint64_t) { erased = true; }))
+        return failureOf(error, erased);
 
     onStep(FormatStep::ReadBack);
     const auto fault = checkSystemArea(volume, *plan);
@@ -147,14 +152,17 @@ bool FormatJob::isStillTheChosen(const DescriptorFacts& facts) const
 
 void FormatJob::keepSettings()
 {
-    if (m_volume.entity.mountedURL().empty())
+    if (m_kept)
         return;
-    const auto bytes = readCardSettingsFile(m_volume.entity.mountedURL());
+    std::optional<std::string> bytes;
+    if (!m_volume.entity.mountedURL().empty())
+        bytes = readCardSettingsFile(m_volume.entity.mountedURL());
+    if (!bytes)
+        bytes = m_seen;
     if (!bytes)
         return;
-    if (const auto path = marvo::keepSettings(*bytes))
-        m_kept = KeptSettings{*path, *bytes};
-    else
+    m_kept = KeptSettings{marvo::keepSettings(*bytes).value_or(std::string()), *bytes};
+    if (m_kept->path.empty())
         qCWarning(logFormat, "no copy of config.bin could be kept");
 }
 

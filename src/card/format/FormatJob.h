@@ -26,7 +26,7 @@ enum class FormatStep {
 /// The settings that a card held before.
 struct KeptSettings
 {
-    std::string path; ///< of the copy on the computer
+    std::string path; ///< of the copy on the computer; empty when none could be made
     std::string bytes;
 };
 
@@ -67,9 +67,11 @@ public:
     /// after it nobody is asked any more.
     using OnStep = std::function<bool(FormatStep)>;
 
-    /// The access must outlive the job. Earlier settings, kept from the same card by a job that failed, stand
-    /// in where it holds none any more.
-    FormatJob(DeviceAccess& access, FormattableVolume volume, std::optional<KeptSettings> earlier = {});
+    /// The access must outlive the job. Earlier settings, kept from the same card by a job that failed, count
+    /// for more than what that job has left on it. Those seen on the card before the user agreed stand in
+    /// where it no longer gives them.
+    FormatJob(DeviceAccess& access, FormattableVolume volume, std::optional<KeptSettings> earlier,
+              std::optional<std::string> seen);
 
     /// Takes as long as the card and the user do: not for the main thread.
     FormatOutcome run(const OnStep& onStep, const std::stop_token& stop);
@@ -84,6 +86,7 @@ private:
     DeviceAccess& m_access;
     FormattableVolume m_volume;
     std::optional<KeptSettings> m_kept;
+    std::optional<std::string> m_seen;
     QString m_fileSystemId; ///< of the new file system
 };
 

@@ -53,18 +53,23 @@ QString stepDetail(FormatStep step)
 
 QString contentsText(const CardContents& contents)
 {
-    const char* key = contents.recordings == 0   ? "format.contents.none"
+    const char* key = contents.countUnknown      ? "format.contents.unknown"
+                      : contents.recordings == 0 ? "format.contents.none"
                       : contents.recordings == 1 ? "format.contents.one"
                                                  : "format.contents.many";
     QString recordings = localised(key);
-    if (contents.recordings > 1)
+    if (contents.countUnknown && contents.usedBytes == 0)
+        return recordings;
+    if (!contents.countUnknown && contents.recordings > 1)
         recordings = recordings.arg(contents.recordings);
     return QStringLiteral("%1, %2").arg(recordings, displayText(decimalSizeString(contents.usedBytes)));
 }
 
 QString keptText(const std::optional<KeptSettings>& kept)
 {
-    return kept ? QLatin1Char('\n') + localised("msg.format.kept").arg(displayText(kept->path)) : QString();
+    return kept && !kept->path.empty()
+               ? QLatin1Char('\n') + localised("msg.format.kept").arg(displayText(kept->path))
+               : QString();
 }
 
 QString errorText(const QString& displayString, const QString& message)

@@ -49,6 +49,12 @@ void callAndWait(ObjectLink<Target>& link, Call call)
     returned.wait();
 }
 
+QString placeText(const TKUSBDiskEntity& entity)
+{
+    return QStringLiteral("%1   %2").arg(displayText(entity.deviceFilePath()),
+                                         displayText(entity.mountedURL()));
+}
+
 /// The cards that may be formatted, and the one that a failed format has left behind.
 std::vector<FormattableVolume> doLoadUSBVolumes(DeviceAccess* access,
                                                 const std::optional<FormattableVolume>& erased)
@@ -100,7 +106,6 @@ void MRVFormatWindowController::buildWindow()
     m_usbDiskCombo = new QComboBox(this);
     m_usbDiskCombo->setObjectName(QStringLiteral("usbDiskCombo"));
     m_usbDiskCombo->setAccessibleName(localised("setting.format.volume"));
-    m_usbDiskCombo->setPlaceholderText(localised("setting.format.no_card"));
     m_usbDiskCombo->setMinimumWidth(320);
     connect(m_usbDiskCombo, &QComboBox::activated, this, &MRVFormatWindowController::changeDisk);
 
@@ -194,9 +199,15 @@ void MRVFormatWindowController::loadUSBVolumes(std::function<void()> completion)
     runInBackground(
         [access = m_disks.deviceAccess(), erased = m_erased] { return doLoadUSBVolumes(access, erased); },
         [this, startedHere, completion = std::move(completion)](std::vector<FormattableVolume> volumes) {
+            const FormattableVolume* selected = selectedUSBDisk();
+            m_selectedBefore.reset();
+            if (!m_usbDiskArray.empty())
+                m_selectedBefore = selected ? selected->entity.deviceFilePath() : std::string();
             m_usbDiskArray = std::move(volumes);
             m_listing = false;
             m_usbDiskCombo->clear();
+            m_usbDiskCombo->setPlaceholderText(
+                localised(m_usbDiskArray.empty() ? "setting.format.no_card" : "setting.format.choose"));
             for (const FormattableVolume& volume : m_usbDiskArray)
                 m_usbDiskCombo->addItem(volume.entity.displayString());
             m_usbDiskCombo->setCurrentIndex(m_usbDiskArray.empty() ? -1 : 0);
@@ -217,10 +228,19 @@ void MRVFormatWindowController::volumesChanged()
         m_listAgain = true;
         return;
     }
-    const FormattableVolume* selected = selectedUSBDisk();
-    loadUSBVolumes([this, path = selected ? selected->entity.deviceFilePath() : std::string()] {
-        selectUSBByDevFile(path);
+    loadUSBVolumes([this] {
+        if (m_selectedBefore)
+            selectOnly(*m_selectedBefore);
     });
+}
+
+/// No other card silently takes the place of one that has gone.
+void MRVFormatWindowController::selectOnly(const std::string& deviceFilePath)
+{
+    if (selectUSBByDevFile(deviceFilePath))
+        return;
+    m_usbDiskCombo->setCurrentIndex(-1);
+    updateSelectedDiskInfo();
 }
 
 const FormattableVolume* MRVFormatWindowController::selectUSBByDevFile(const std::string& deviceFilePath)
@@ -251,8 +271,7 @@ void MRVFormatWindowController::updateSelectedDiskInfo()
         m_allocationUnitField->setText(QStringLiteral("64KB"));
         return;
     }
-    m_pathField->setFullText(QStringLiteral("%1   %2").arg(displayText(volume->entity.deviceFilePath()),
-                                                           displayText(volume->entity.mountedURL())));
+    m_pathField->setFullText(placeText(volume->entity));
     const auto plan = makeFormatPlan(volume->entity.volumeSize());
     m_allocationUnitField->setText(plan ? QStringLiteral("%1 KB").arg(plan->sectorsPerCluster)
                                         : QStringLiteral("-"));
@@ -317,39 +336,46 @@ void MRVFormatWindowController::showWarningSheet(const FormattableVolume& volume
     sheet->setObjectName(QStringLiteral("warningSheet"));
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->setWindowModality(Qt::WindowModal);
-    sheet->setTextFormat(Qt::PlainText);
-    sheet->setInformativeText(QStringLiteral("%1\n\n%2\n%3")
-                                  .arg(volume.entity.displayString(),
-                                       localised("msg.format.will_erase").arg(contentsText(contents)),
-                                       localised(contents.settingsUnreadable ? "msg.format.settings_lost"
-                                                                             : "msg.format.settings_stay")));
+    QString text = QStringLiteral("%1\n%2\n\n%3")
+                       .arg(volume.entity.displayString(), placeText(volume.entity).trimmed(),
+                            localised("msg.format.will_erase").arg(contentsText(contents)));
+    if (contents.settings || earlierSettings(volume))
+        text += QLatin1Char('\n') + localised("msg.format.settings_stay");
+    else if (contents.settingsUnreadable)
+        text += QLatin1Char('\n') + localised("msg.format.settings_lost");
+    setPlainMessage(*sheet, text);
     QPushButton* go = sheet->addButton(localised("setting.format.format"), QMessageBox::DestructiveRole);
     go->setObjectName(QStringLiteral("confirmButton"));
     go->setAutoDefault(false);
     QPushButton* stay = sheet->addButton(localised("cancel"), QMessageBox::RejectRole);
     sheet->setDefaultButton(stay);
     sheet->setEscapeButton(stay);
-    connect(sheet, &QMessageBox::finished, this, [this, sheet, go, volume] {
+    connect(sheet, &QMessageBox::finished, this, [this, sheet, go, volume, settings = contents.settings] {
         if (sheet->clickedButton() == go)
-            doFormat(volume);
+            doFormat(volume, settings);
         else
             setWork(Work::None);
     });
     sheet->open();
 }
 
-void MRVFormatWindowController::doFormat(const FormattableVolume& volume)
+std::optional<KeptSettings> MRVFormatWindowController::earlierSettings(const FormattableVolume& volume) const
+{
+    return m_erased && m_erased->identity == volume.identity ? m_erasedSettings : std::nullopt;
+}
+
+void MRVFormatWindowController::doFormat(const FormattableVolume& volume,
+                                         const std::optional<std::string>& settings)
 {
     setWork(Work::CanBeAbandoned);
     showProgressBar(stepMessage(FormatStep::KeepSettings));
     // A recording that is being played from the card would keep it in use.
     if (!volume.entity.mountedURL().empty())
         Q_EMIT m_disks.aboutToUnmount(volume.entity.mountedURL());
-    const bool again = m_erased && m_erased->identity == volume.identity;
     runInBackground(
         [link = m_link, access = m_disks.deviceAccess(), volume, stop = m_stop.get_token(),
-         earlier = again ? m_erasedSettings : std::nullopt] {
-            FormatJob job(*access, volume, earlier);
+         earlier = earlierSettings(volume), settings] {
+            FormatJob job(*access, volume, earlier, settings);
             return job.run(
                 [&link](FormatStep step) {
                     bool goOn = false; // the window, and with it the wish to format, may be gone
@@ -370,7 +396,7 @@ bool MRVFormatWindowController::showStep(FormatStep step)
     if (m_stop.stop_requested())
         return false;
     // From Write on giving up would leave a card without a file system.
-    if (step == FormatStep::Password)
+    if (step == FormatStep::Unmount || step == FormatStep::Password)
         setWork(Work::CanBeLeft);
     else if (step < FormatStep::Write)
         setWork(Work::CanBeAbandoned);
@@ -381,17 +407,12 @@ bool MRVFormatWindowController::showStep(FormatStep step)
 
 void MRVFormatWindowController::formatEnded(const FormattableVolume& volume, FormatOutcome outcome)
 {
-    const bool failed = outcome.failure.has_value();
-    const bool erased = failed && outcome.failure->erased;
-    m_erased = erased ? std::optional(volume) : std::nullopt;
-    if (m_erased) {
-        // Its entry is that of a volume which is mounted nowhere.
-        const TKUSBDiskEntity& before = volume.entity;
-        m_erased->entity =
-            TKUSBDiskEntity(before.volumeName(), {}, before.deviceFilePath(), before.deviceModel(),
-                            before.volumeSize(), before.writable(), before.mediaWhole(), before.key());
+    if (outcome.failure && outcome.failure->erased) {
+        rememberUnfinished(volume, outcome.kept);
+    } else if (!outcome.failure && m_erased && m_erased->identity == volume.identity) {
+        m_erased.reset();
+        m_erasedSettings.reset();
     }
-    m_erasedSettings = erased ? outcome.kept : std::nullopt;
     setWork(Work::MustEnd);
     loadUSBVolumes([this, volume, outcome = std::move(outcome)] {
         if (outcome.failure)
@@ -401,10 +422,22 @@ void MRVFormatWindowController::formatEnded(const FormattableVolume& volume, For
     });
 }
 
+void MRVFormatWindowController::rememberUnfinished(const FormattableVolume& volume,
+                                                   const std::optional<KeptSettings>& kept)
+{
+    // Its entry is that of a volume which is mounted nowhere.
+    const TKUSBDiskEntity& before = volume.entity;
+    m_erased = FormattableVolume{TKUSBDiskEntity(before.volumeName(), {}, before.deviceFilePath(),
+                                                 before.deviceModel(), before.volumeSize(), before.writable(),
+                                                 before.mediaWhole(), before.key()),
+                                 volume.identity};
+    m_erasedSettings = kept;
+}
+
 void MRVFormatWindowController::formatFailed(const FormattableVolume& volume, const FormatFailure& failure,
                                              const std::optional<KeptSettings>& kept)
 {
-    selectUSBByDevFile(volume.entity.deviceFilePath());
+    selectOnly(volume.entity.deviceFilePath());
     if (failure.erased)
         Q_EMIT cardChanged();
     if (failure.kind == FormatFailure::Kind::Abandoned) {
@@ -421,7 +454,7 @@ void MRVFormatWindowController::formatDidFinished(const FormattableVolume& volum
     const FormattableVolume* formatted = selectUSBByDevFile(volume.entity.deviceFilePath());
     if (formatted == nullptr || formatted->identity != volume.identity ||
         formatted->entity.mountedURL().empty()) {
-        restored(volume.entity.displayString(), localised("msg.format.not_mounted"), {}, kept);
+        restored(volume, localised("msg.format.not_mounted"), {}, kept);
         return;
     }
     showMessage(m_progressMessageField->text(), stepDetail(FormatStep::Complete));
@@ -447,24 +480,31 @@ void MRVFormatWindowController::formatDidFinished(const FormattableVolume& volum
             }
             return errors;
         },
-        [this, displayString = formatted->entity.displayString(), kept](const Errors& errors) {
-            restored(displayString, errors.copy, errors.check, kept);
+        [this, formatted = *formatted, kept](const Errors& errors) {
+            restored(formatted, errors.copy, errors.check, kept);
         });
 }
 
-void MRVFormatWindowController::restored(const QString& displayString, const QString& copyError,
+void MRVFormatWindowController::restored(const FormattableVolume& volume, const QString& copyError,
                                          const QString& checkError, const std::optional<KeptSettings>& kept)
 {
     Q_EMIT cardChanged();
-    if (!copyError.isEmpty()) {
-        endWithMessage(QStringLiteral("config.bin copy fail"), copyError + keptText(kept));
-    } else if (!checkError.isEmpty()) {
-        endWithMessage(localised("msg.cannot_format"), errorText(displayString, checkError) + keptText(kept));
-    } else {
+    if (copyError.isEmpty() && checkError.isEmpty()) {
         hideProgressBar();
         setWork(Work::None);
-        showAlertSheet(this, localised("msg.format_complete"), displayString, [this] { cancel(); });
+        showAlertSheet(this, localised("msg.format_complete"), volume.entity.displayString(),
+                       [this] { cancel(); });
+        return;
     }
+    const bool notCopied = !copyError.isEmpty();
+    const QString title = notCopied ? QStringLiteral("config.bin copy fail") : localised("msg.cannot_format");
+    const QString text = notCopied ? copyError : errorText(volume.entity.displayString(), checkError);
+    // The next attempt must not take the card for one that never had any settings.
+    rememberUnfinished(volume, kept);
+    loadUSBVolumes([this, path = volume.entity.deviceFilePath(), title, text = text + keptText(kept)] {
+        selectOnly(path);
+        endWithMessage(title, text);
+    });
 }
 
 void MRVFormatWindowController::endWithMessage(const QString& title, const QString& message)

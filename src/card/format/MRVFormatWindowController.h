@@ -80,14 +80,17 @@ private:
     void setWork(Work work);
     void askAndFormat(const FormattableVolume& volume);
     void showWarningSheet(const FormattableVolume& volume, const CardContents& contents);
-    void doFormat(const FormattableVolume& volume);
+    void doFormat(const FormattableVolume& volume, const std::optional<std::string>& settings);
     bool showStep(FormatStep step);
     void formatEnded(const FormattableVolume& volume, FormatOutcome outcome);
     void formatFailed(const FormattableVolume& volume, const FormatFailure& failure,
                       const std::optional<KeptSettings>& kept);
     void formatDidFinished(const FormattableVolume& volume, const std::optional<KeptSettings>& kept);
-    void restored(const QString& displayString, const QString& copyError, const QString& checkError,
+    void restored(const FormattableVolume& volume, const QString& copyError, const QString& checkError,
                   const std::optional<KeptSettings>& kept);
+    void selectOnly(const std::string& deviceFilePath);
+    std::optional<KeptSettings> earlierSettings(const FormattableVolume& volume) const;
+    void rememberUnfinished(const FormattableVolume& volume, const std::optional<KeptSettings>& kept);
     void endWithMessage(const QString& title, const QString& message);
     void showProgressBar(const QString& message);
     void updateProgressBar(double totalSeconds);
@@ -103,10 +106,14 @@ private:
     double m_progress = 0;
     QTimer m_progressTimer;
     std::vector<FormattableVolume> m_usbDiskArray; ///< of the combo's items
+    /// The device that was selected before the cards were listed anew, empty for none; none when there was no
+    /// card.
+    std::optional<std::string> m_selectedBefore;
     bool m_listing = false;
     bool m_listAgain = false; ///< a card came or went meanwhile
 
-    /// A card that a failed format has left without a file system, and the settings that it held.
+    /// A card that a failed format has left without a file system or without its settings, and what these
+    /// were.
     std::optional<FormattableVolume> m_erased;
     std::optional<KeptSettings> m_erasedSettings;
 

@@ -28,8 +28,6 @@ QString StageCard::disk() const { return device.endsWith(QLatin1String("p1")) ? 
 
 bool FormatStage::begin()
 {
-    // The copies of settings that formatting leaves behind go with the session.
-    qputenv("TMPDIR", "/run/marvo/tmp");
     m_root.run(QStringLiteral("mkdir -p -m 1777 /run/marvo/tmp; mkdir -p %1; chmod 755 %1 /run/marvo")
                    .arg(m_agentFolder));
     if (!RootShell::becomeOrdinaryUser())
@@ -53,6 +51,8 @@ StageCard FormatStage::card(const char* label) const
 void FormatStage::reset()
 {
     delete m_dialog;
+    // The copies of settings that formatting leaves behind go with the session.
+    qputenv("TMPDIR", "/run/marvo/tmp");
     m_root.run(QStringLiteral("rm -f %1/hook %1/asked; echo yes >%1/answer; export MTOOLS_SKIP_CHECK=1")
                    .arg(m_agentFolder));
     putBack();

@@ -131,6 +131,8 @@ private Q_SLOTS:
         QVERIFY2(sheet->informativeText().contains(shown) &&
                      sheet->informativeText().contains(QStringLiteral("2 recordings, ")),
                  qUtf8Printable(sheet->informativeText()));
+        const auto* text = sheet->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+        QVERIFY2(text->textFormat() == Qt::PlainText, "a label may look like tags");
         QVERIFY(QTest::qWaitForWindowActive(sheet));
         QTest::keyClick(sheet, Qt::Key_Return);
         QTRY_VERIFY(m_stage->find("formatButton")->isEnabled());
@@ -227,6 +229,26 @@ private Q_SLOTS:
         QCOMPARE(m_stage->digest(card), digest);
     }
 
+    void cardOfAnotherUser()
+    {
+        const StageCard card = m_stage->card("SMALL");
+        QVERIFY(m_stage->root().run(QStringLiteral("udisksctl mount -b %1").arg(card.device)));
+        QTRY_VERIFY(!display(card).isEmpty());
+        const QString digest = m_stage->digest(card);
+        QVERIFY(m_stage->open(card));
+        m_stage->setAnswer(QStringLiteral("no"));
+        m_stage->click("formatButton");
+        QTRY_VERIFY(m_stage->find("warningSheet"));
+        const QString warning = m_stage->find<QMessageBox>("warningSheet")->informativeText();
+        QVERIFY2(warning.contains(localised("format.contents.unknown")) &&
+                     warning.contains(localised("msg.format.settings_lost")),
+                 qUtf8Printable(warning));
+        m_stage->click("confirmButton");
+        QVERIFY(m_stage->message().endsWith(localised("msg.format.refused")));
+        QCOMPARE(m_stage->asked(), QStringLiteral("org.freedesktop.udisks2.filesystem-unmount-others"));
+        QCOMPARE(m_stage->digest(card), digest);
+    }
+
     void formats_data()
     {
         QTest::addColumn<QByteArray>("label");
@@ -236,6 +258,7 @@ private Q_SLOTS:
         QTest::newRow("1.1 GiB, settings kept") << QByteArray("WHOLE") << 32 << 0 << oddSettings();
         QTest::newRow("partition, no settings") << QByteArray("PART") << 32 << 2048 << QByteArray();
         QTest::newRow("600 MiB: fewer sectors a cluster") << QByteArray("SMALL") << 16 << 0 << oddSettings();
+        QTest::newRow("no place for the copy") << QByteArray("SMALL") << 16 << 0 << oddSettings();
     }
     void formats()
     {
@@ -244,6 +267,9 @@ private Q_SLOTS:
         QFETCH(int, hiddenSectors);
         QFETCH(QByteArray, settings);
         const StageCard card = m_stage->card(label.constData());
+        const bool noPlace = QTest::currentDataTag() == QByteArray("no place for the copy");
+        if (noPlace)
+            qputenv("TMPDIR", "/nonexistent");
         // Another reader comes first in the list, with a card that must stay as it is.
         const StageCard other = m_stage->card(label == "WHOLE" ? "SMALL" : "WHOLE");
         if (!settings.isEmpty())
@@ -297,7 +323,7 @@ private Q_SLOTS:
             QCOMPARE(message.section(QLatin1Char('\n'), 0, 0), localised("msg.format_complete"));
         } else {
             QVERIFY2(message.startsWith(QStringLiteral("config.bin copy fail\n")), qUtf8Printable(message));
-            QFile kept(message.section(QLatin1Char(' '), -1));
+            QFile kept(message.section(QLatin1Char('\n'), -1));
             QVERIFY2(kept.open(QIODevice::ReadOnly), qUtf8Printable(message));
             QCOMPARE(kept.readAll(), oddSettings());
         }
@@ -328,10 +354,40 @@ private Q_SLOTS:
                 QStringLiteral("0"),
             "a half-written card must not look like a whole one");
 
+        // An attempt that comes to nothing is not the last one either.
+        m_stage->setAnswer(QStringLiteral("dismiss"));
+        QCOMPARE(dialog->usbDiskArray().size(), std::size_t{1});
+        m_stage->format();
+        QVERIFY(m_stage->message().endsWith(localised("msg.format.dismissed")));
+        m_stage->setAnswer(QStringLiteral("yes"));
         QCOMPARE(dialog->usbDiskArray().size(), std::size_t{1});
         m_stage->format();
         QCOMPARE(m_stage->message().section(QLatin1Char('\n'), 0, 0), localised("msg.format_complete"));
         judge(card, 32, 0);
+        judgeFolders(card, oddSettings());
+    }
+
+    void settingsThatCouldNotBePutBackAreNotForgotten()
+    {
+        const StageCard card = m_stage->card("WHOLE");
+        QVERIFY(m_stage->putFile(card, QStringLiteral("config.bin"), oddSettings()));
+        QVERIFY(m_stage->mount(card));
+        QVERIFY(m_stage->mount(m_stage->card("SMALL")));
+        MRVFormatWindowController* dialog = m_stage->open(card);
+        QVERIFY(dialog);
+        bool takeAway = true;
+        connect(dialog, &MRVFormatWindowController::stepShown, dialog,
+                [&](const QString&, const QString& detail) {
+                    if (takeAway && detail == localised("format.step.restore"))
+                        m_stage->root().run(QStringLiteral("umount %1").arg(card.device));
+                });
+        m_stage->format();
+        const QString message = m_stage->message();
+        QVERIFY2(message.startsWith(QStringLiteral("config.bin copy fail\n")), qUtf8Printable(message));
+        takeAway = false;
+        QCOMPARE(QString::fromStdString(dialog->selectedUSBDisk()->entity.deviceFilePath()), card.device);
+        m_stage->format();
+        QCOMPARE(m_stage->message().section(QLatin1Char('\n'), 0, 0), localised("msg.format_complete"));
         judgeFolders(card, oddSettings());
     }
 
@@ -349,6 +405,7 @@ private Q_SLOTS:
         QFETCH(QString, at);
         QFETCH(QString, message);
         const StageCard card = m_stage->card("PART");
+        QVERIFY(m_stage->mount(m_stage->card("SMALL")));
         QVERIFY(m_stage->mount(card));
         const QString shown = display(card);
         MRVFormatWindowController* dialog = m_stage->open(card);
@@ -365,7 +422,11 @@ private Q_SLOTS:
         QVERIFY2(
             told.startsWith(QStringLiteral("%1\n%2\n%3").arg(localised("msg.cannot_format"), shown, message)),
             qUtf8Printable(told));
-        QCOMPARE(m_stage->find<QComboBox>("usbDiskCombo")->count(), 0);
+        QCOMPARE(m_stage->find<QComboBox>("usbDiskCombo")->count(), 1);
+        m_stage->trigger(m_stage->card("SMALL"), "change");
+        QTest::qWait(400); // the cards are listed once more
+        m_stage->click("formatButton");
+        QCOMPARE(m_stage->message(), QStringLiteral("MARVO\nPlease select USB drive."));
         QVERIFY(dialog->close());
         m_stage->root().run(QStringLiteral("mkfs.fat -F 32 -n PART %1").arg(card.device));
         m_stage->trigger(card, "add");
