@@ -17,6 +17,7 @@
 #include "viewer/window_stage.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void aRecordingOfTheFolderBeforeIsNoPlaceOfTheNext();
     void aFolderThatIsGoneLeavesAFirstStart();
     void aCardInTheReaderIsOffered();
+    void aRecordingIsLetGoOfBeforeItsCardIsUnmounted();
     void aDroppedRecordingPlays();
     void wheelAndHover();
 };
@@ -294,6 +296,28 @@ void WindowHandsTest::aCardInTheReaderIsOffered()
     QTest::mouseClick(stage.box("listCardButton"), Qt::LeftButton);
     QTRY_COMPARE(stage.list().model()->rowCount(), 3);
     QVERIFY(!stage.box("listCardButton")->isVisible());
+}
+
+void WindowHandsTest::aRecordingIsLetGoOfBeforeItsCardIsUnmounted()
+{
+    static FolderDisks reader(m_card.path());
+    WindowStage stage({.disks = &reader});
+    QVERIFY(stage.open(m_card.path()));
+    stage.doubleClickRow(1);
+    QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
+    const auto isInUse = [this] {
+        const auto open =
+            QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::NoDotAndDotDot | QDir::AllEntries);
+        return std::ranges::any_of(open, [this](const QFileInfo& descriptor) {
+            return descriptor.symLinkTarget().startsWith(QString::fromStdString(m_card.path()));
+        });
+    };
+    QVERIFY(isInUse());
+    Q_EMIT reader.aboutToUnmount(m_card.path() + "-2");
+    QVERIFY2(stage.player().isPlaying(), "another card's folder");
+    Q_EMIT reader.aboutToUnmount(m_card.path());
+    QVERIFY(!stage.player().hasMedia());
+    QTRY_VERIFY2_WITH_TIMEOUT(!isInUse(), "the card could not be unmounted", 3000); // how long that is tried
 }
 
 void WindowHandsTest::aDroppedRecordingPlays()
