@@ -9,9 +9,7 @@
 namespace marvo {
 
 BlockReader::BlockReader(ByteSource& source, std::stop_token stop)
-    : m_source(source),
-      m_stop(std::move(stop)),
-      m_block(std::make_unique_for_overwrite<std::byte[]>(blockSize))
+    : m_source(source), m_stop(std::move(stop)), m_block(std::make_unique_for_overwrite<Block>())
 {}
 
 void BlockReader::skip(std::int64_t distance)
@@ -30,14 +28,18 @@ void BlockReader::skip(std::int64_t distance)
 void BlockReader::fill()
 {
     const std::size_t kept = m_filled - m_cursor;
-    std::memmove(m_block.get(), m_block.get() + m_cursor, kept);
+    std::memmove(m_block->bytes, m_block->bytes + m_cursor, kept);
     m_blockOffset += m_cursor;
     m_filled = kept;
     m_cursor = 0;
     if (m_stop.stop_requested())
         return;
-    m_filled +=
-        m_source.readAt(m_blockOffset + kept, {m_block.get() + kept, std::min(m_nextRead, blockSize - kept)});
+    const std::uint64_t offset = m_blockOffset + kept;
+    std::size_t length = std::min(m_nextRead, blockSize - kept);
+    // A long read ends with a page of the source, so that the next one begins with a page.
+    if (length > smallestRead)
+        length -= static_cast<std::size_t>((offset + length) % smallestRead);
+    m_filled += m_source.readAt(offset, {m_block->bytes + kept, length});
     m_nextRead = std::min(m_nextRead * 2, blockSize);
 }
 

@@ -20,7 +20,7 @@ class BlockReader
 {
 public:
     static constexpr std::size_t smallestRead = 4 * 1024;
-    static constexpr std::size_t blockSize = 256 * 1024;
+    static constexpr std::size_t blockSize = 128 * 1024;
 
     /// Once stop is requested, every read that needs the source is a short one.
     BlockReader(ByteSource& source, std::stop_token stop);
@@ -32,7 +32,7 @@ public:
     {
         if (m_filled - m_cursor < count)
             fill();
-        return {m_block.get() + m_cursor, m_filled - m_cursor};
+        return {m_block->bytes + m_cursor, m_filled - m_cursor};
     }
     /// Moves on by bytes that ahead() has shown.
     void advance(std::size_t count) { m_cursor += count; }
@@ -40,11 +40,17 @@ public:
     void skip(std::int64_t distance);
 
 private:
+    /// The system copies whole pages fastest to where a page could begin.
+    struct alignas(smallestRead) Block
+    {
+        std::byte bytes[blockSize];
+    };
+
     void fill();
 
     ByteSource& m_source;
     std::stop_token m_stop;
-    std::unique_ptr<std::byte[]> m_block;
+    std::unique_ptr<Block> m_block;
     std::uint64_t m_blockOffset = 0; ///< of the block's first byte in the source
     std::size_t m_filled = 0;
     std::size_t m_cursor = 0;

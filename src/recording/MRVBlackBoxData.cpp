@@ -3,16 +3,14 @@
 #include "recording/MRVBlackBoxData.h"
 
 #include "recording/BlockReader.h"
+#include "recording/RecordTags.h"
 #include "recording/SentenceSplitting.h"
 #include "support/ByteReader.h"
 #include "support/FileSource.h"
 #include "support/Log.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <chrono>
-#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -20,32 +18,14 @@ namespace marvo {
 
 namespace {
 
-constexpr std::size_t tagSize = 4;
 constexpr std::uint32_t gpsHeaderSize = 41;
 constexpr std::uint32_t gSensorRecordSize = 24;
 constexpr std::int32_t nmeaTextLimit = 512;
 constexpr std::int64_t longTrailerSize = 7;
 
-/// Four bytes in the order in which they stand in a file, as one number that compares at once.
-using Tag = std::uint32_t;
-
-constexpr Tag tagOf(const char (&text)[5])
-{
-    return std::bit_cast<Tag>(std::array{text[0], text[1], text[2], text[3]});
-}
-
 constexpr Tag riffTag = tagOf("RIFF");
 constexpr Tag aviTag = tagOf("AVI ");
 constexpr Tag junkTag = tagOf("JUNK");
-constexpr Tag gpsTag = tagOf("0GPS");
-constexpr Tag gSensorTag = tagOf("0GDA");
-
-Tag tagAt(const std::byte* bytes)
-{
-    Tag tag;
-    std::memcpy(&tag, bytes, tagSize);
-    return tag;
-}
 
 /// The next four bytes as a tag; none at the end.
 std::optional<Tag> readTag(BlockReader& reader)
@@ -67,29 +47,6 @@ std::optional<std::uint32_t> readSize(BlockReader& reader)
         return std::nullopt;
     reader.advance(sizeof(std::uint32_t));
     return size;
-}
-
-/// Number of leading words that are no record's tag. They are looked at in groups of a fixed size without a
-/// branch inside, which compilers turn into vector instructions: a card may hold gigabytes between records.
-std::size_t wordsWithoutTag(std::span<const std::byte> bytes)
-{
-    constexpr std::size_t group = 32;
-    const std::size_t count = bytes.size() / tagSize;
-    const std::byte* const data = bytes.data();
-    const auto isRecordTag = [](Tag tag) {
-        return static_cast<Tag>(tag == gpsTag) | static_cast<Tag>(tag == gSensorTag);
-    };
-    std::size_t i = 0;
-    for (; i + group <= count; i += group) {
-        Tag found = 0;
-        for (std::size_t k = 0; k < group; ++k)
-            found |= isRecordTag(tagAt(data + (i + k) * tagSize));
-        if (found)
-            break;
-    }
-    while (i < count && !isRecordTag(tagAt(data + i * tagSize)))
-        ++i;
-    return i;
 }
 
 /// The next record's tag, everything before it passed over; none at the end.
