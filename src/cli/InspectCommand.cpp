@@ -48,8 +48,10 @@ public:
     void afterElement()
     {
         constexpr std::size_t pieceSize = 256 * 1024;
-        if (m_json.text().size() >= pieceSize)
-            m_taken = m_taken && writeOut(m_json.take());
+        if (m_json.text().size() < pieceSize)
+            return;
+        m_taken = m_taken && writeOut(m_json.text());
+        m_json.drop();
     }
     bool finish()
     {

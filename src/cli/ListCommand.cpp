@@ -5,8 +5,8 @@
 #include "media/MediaScan.h"
 #include "support/JsonWriter.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
 #include <optional>
 #include <string>
 
@@ -42,10 +42,11 @@ struct Request
     Format format = Format::Table;
 };
 
+constexpr std::size_t pieceSize = 30000;
+
 /// Written in pieces, so that a list of thousands is not in memory once more as text.
 bool writeJson(const std::vector<MRVMedia>& medias)
 {
-    static constexpr std::size_t pieceSize = 30000;
     JsonWriter json;
     json.beginArray();
     for (const MRVMedia& media : medias) {
@@ -56,40 +57,55 @@ bool writeJson(const std::vector<MRVMedia>& medias)
         json.member("yyyymmddhhmiss", media.yyyymmddhhmiss());
         json.member("mediaDirection", mediaDirection(media.path()));
         json.endObject();
-        if (json.text().size() > pieceSize && !writeOut(json.take()))
-            return false;
+        if (json.text().size() > pieceSize) {
+            if (!writeOut(json.text()))
+                return false;
+            json.drop();
+        }
     }
     json.endArray();
     return writeOut(json.take() + '\n');
 }
 
-std::string asTable(const std::vector<MRVMedia>& medias)
+void appendPadded(std::string& text, std::string_view cell, std::size_t width)
 {
-    static constexpr std::array kinds = {"always", "motion", "event"};
-    static constexpr std::array channels = {"front", "rear", "-"};
+    text.append(cell).append(width - std::min(width, cell.size()) + 2, ' ');
+}
+
+/// As the JSON, in pieces.
+bool writeTable(const std::vector<MRVMedia>& medias)
+{
+    static constexpr std::array<std::string_view, 3> kinds = {"always", "motion", "event"};
+    static constexpr std::array<std::string_view, 3> channels = {"front", "rear", "-"};
 
     std::string table;
-    const auto row = [&](const char* date, const char* time, const char* kind, const char* channel) {
-        std::array<char, 64> line;
-        std::snprintf(line.data(), line.size(), "%-10s  %-8s  %-6s  %-7s  ", date, time, kind, channel);
-        table += line.data();
+    const auto row = [&](std::string_view date, std::string_view time, std::string_view kind,
+                         std::string_view channel) {
+        appendPadded(table, date, 10);
+        appendPadded(table, time, 8);
+        appendPadded(table, kind, 6);
+        appendPadded(table, channel, 7);
     };
     row("Date", "Time", "Kind", "Channel");
     table += "File\n";
     for (const MRVMedia& media : medias) {
-        std::array<char, 48> date{"-"};
-        std::array<char, 48> time{"-"};
+        std::string date = "-";
+        std::string time = "-";
         if (media.year() != 0) {
-            std::snprintf(date.data(), date.size(), "%04d-%02d-%02d", media.year(), media.month(),
-                          media.day());
-            std::snprintf(time.data(), time.size(), "%02d:%02d:%02d", media.hour(), media.minute(),
-                          media.second());
+            const std::string digits = media.yyyymmddhhmiss();
+            date = digits.substr(0, 8).insert(6, 1, '-').insert(4, 1, '-');
+            time = digits.substr(8).insert(4, 1, ':').insert(2, 1, ':');
         }
-        row(date.data(), time.data(), kinds.at(static_cast<std::size_t>(media.mediaDivision())),
+        row(date, time, kinds.at(static_cast<std::size_t>(media.mediaDivision())),
             channels.at(static_cast<std::size_t>(mediaDirection(media.path()))));
-        table += printable(media.path()) + '\n';
+        table.append(printable(media.path())).push_back('\n');
+        if (table.size() > pieceSize) {
+            if (!writeOut(table))
+                return false;
+            table.clear();
+        }
     }
-    return table;
+    return writeOut(table);
 }
 
 ExitCode list(const Request& request)
@@ -99,7 +115,7 @@ ExitCode list(const Request& request)
     const std::string reason = printable(folder) + ": " + scan.folderError.message();
     if (scan.folderError && scan.medias.empty())
         return failed(listCommand, reason);
-    if (!(request.format == Format::Json ? writeJson(scan.medias) : writeOut(asTable(scan.medias))))
+    if (!(request.format == Format::Json ? writeJson(scan.medias) : writeTable(scan.medias)))
         return failed(listCommand, "the list could not be written");
     // The medium gave up half way: what it told is there, but the list is not whole.
     return scan.folderError ? failed(listCommand, reason) : Done;

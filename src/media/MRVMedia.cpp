@@ -4,6 +4,8 @@
 
 #include "support/Utf8.h"
 
+#include <utility>
+
 namespace marvo {
 
 namespace {
@@ -42,11 +44,18 @@ bool isFrontMedia(std::string_view path) { return mediaDirection(path) == FrontM
 
 bool isRearMedia(std::string_view path) { return mediaDirection(path) == RearMedia; }
 
-MRVMedia::MRVMedia(std::string_view path) { parsePath(path); }
+MRVMedia::MRVMedia(std::string_view path) { parsePath(absoluteFilePath(path)); }
 
-void MRVMedia::parsePath(std::string_view path)
+MRVMedia MRVMedia::ofAbsolutePath(std::string path)
 {
-    m_path = absoluteFilePath(path);
+    MRVMedia media;
+    media.parsePath(std::move(path));
+    return media;
+}
+
+void MRVMedia::parsePath(std::string path)
+{
+    m_path = std::move(path);
     m_nameStart = m_path.rfind('/') + 1; // 0 when there is none
     m_nameLength = splitFileName(std::string_view(m_path).substr(m_nameStart)).base.size();
 
@@ -109,9 +118,8 @@ std::string MRVMedia::yyyymmddhhmiss() const
 int MRVMedia::compareDate(const MRVMedia& other) const
 {
     // A time of a name has four digits of the year or is all zeros, so the numbers sort as their texts do.
-    if (m_timeDigits != other.m_timeDigits)
-        return m_timeDigits < other.m_timeDigits ? -1 : 1;
-    return other.m_mediaDivision - m_mediaDivision;
+    const auto order = dateOrder() <=> other.dateOrder();
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
 }
 
 } // namespace marvo

@@ -4,6 +4,7 @@
 
 #include "media/MediaName.h"
 
+#include <compare>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ class MRVMedia
 {
 public:
     explicit MRVMedia(std::string_view path);
+    /// Of a path that absoluteFilePath() would leave as it is.
+    static MRVMedia ofAbsolutePath(std::string path);
 
     const std::string& path() const { return m_path; } ///< absolute
     std::string_view mediaName() const;                ///< base name without extension
@@ -49,11 +52,20 @@ public:
     int second() const { return twoDigits(1); }
     std::string yyyymmddhhmiss() const;
 
-    /// Negative, 0 or positive: by time, and at equal times the higher kind code first.
+    /// What recordings are sorted by: time, and at equal times the higher kind code first.
+    struct DateOrder
+    {
+        std::int64_t timeDigits;
+        int division; ///< negative
+        auto operator<=>(const DateOrder&) const = default;
+    };
+    DateOrder dateOrder() const { return {m_timeDigits, -m_mediaDivision}; }
+    /// Negative, 0 or positive, as dateOrder() sorts.
     int compareDate(const MRVMedia& other) const;
 
 private:
-    void parsePath(std::string_view path);
+    MRVMedia() = default;
+    void parsePath(std::string path);
     int twoDigits(std::int64_t unit) const { return static_cast<int>(m_timeDigits / unit % 100); }
 
     // A list holds thousands of records: the parts of the path are looked up in it, those of the time in its

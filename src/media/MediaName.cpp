@@ -37,6 +37,8 @@ std::string currentDirectory()
 /// The part of the text from a character on; empty when the text ends before it.
 std::string_view fromCharacter(std::string_view text, std::size_t index)
 {
+    if (asciiLength(text.substr(0, index)) == index)
+        return text.substr(index);
     for (; index > 0 && !text.empty(); --index) {
         const std::size_t length = utf8CharacterLength(text);
         text.remove_prefix(length == 0 ? 1 : length);

@@ -9,9 +9,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <compare>
 #include <deque>
 #include <memory>
-#include <numeric>
 #include <set>
 #include <utility>
 
@@ -64,21 +64,24 @@ public:
     std::deque<MRVMedia> takeFound() { return std::move(m_found); }
 
 private:
+    /// Where a name begins in its level's names; it ends with a NUL.
     struct Entry
     {
-        std::string name;
+        std::size_t name;
         EntryKind kind;
     };
-    /// A folder on the way down, with those of its entries that matter.
+    /// A folder on the way down, with those of its entries that matter. Their names stand in one piece of
+    /// memory: one of its own for each of thousands took longer than asking the file system for them.
     struct Level
     {
         std::size_t pathLength;
-        std::vector<Entry> entries;
+        std::string names = {};
+        std::vector<Entry> entries = {};
         std::size_t next = 0;
     };
 
     std::error_code enter();
-    std::error_code readEntries(DIR* directory, std::vector<Entry>& entries) const;
+    std::error_code readEntries(DIR* directory, Level& level) const;
     void takeFile(Level& level);
 
     const std::stop_token& m_stop;
@@ -103,7 +106,7 @@ std::error_code FolderWalk::eachDir(const std::string& folder)
         m_path.resize(level.pathLength);
         if (m_path != "/")
             m_path += '/';
-        m_path += entry.name;
+        m_path += level.names.c_str() + entry.name;
         if (entry.kind == EntryKind::Folder)
             enter();
         else
@@ -130,12 +133,12 @@ std::error_code FolderWalk::enter()
         return systemError();
     if (!m_walked.emplace(status.st_dev, status.st_ino).second)
         return {};
-    m_levels.push_back({m_path.size(), {}});
-    return readEntries(directory.get(), m_levels.back().entries);
+    m_levels.push_back({m_path.size()});
+    return readEntries(directory.get(), m_levels.back());
 }
 
 /// Takes down the entries that matter; what was read before an error stays.
-std::error_code FolderWalk::readEntries(DIR* directory, std::vector<Entry>& entries) const
+std::error_code FolderWalk::readEntries(DIR* directory, Level& level) const
 {
     // Behind the file that fills the list nothing of this folder is taken: a folder of millions of files need
     // not be read to its end.
@@ -152,7 +155,8 @@ std::error_code FolderWalk::readEntries(DIR* directory, std::vector<Entry>& entr
         const EntryKind kind = kindOf(*entry, ::dirfd(directory));
         if (kind == EntryKind::File && !isRecordingFileName(name))
             continue;
-        entries.push_back({std::string(name), kind});
+        level.entries.push_back({level.names.size(), kind});
+        level.names.append(name).push_back('\0');
         if (kind == EntryKind::File)
             --room;
     }
@@ -161,24 +165,31 @@ std::error_code FolderWalk::readEntries(DIR* directory, std::vector<Entry>& entr
 
 void FolderWalk::takeFile(Level& level)
 {
-    m_found.emplace_back(m_path);
+    m_found.push_back(MRVMedia::ofAbsolutePath(m_path));
     if (m_found.size() >= mediaListLimit)
         level.next = level.entries.size();
     if (m_onFound)
         m_onFound(m_found.size());
 }
 
-/// Sorts places instead of the records themselves, which are large to move.
+/// Sorts what the order hangs on instead of the records themselves, which are large to move and far apart.
 std::vector<MRVMedia> sortedByDate(std::deque<MRVMedia> medias)
 {
-    std::vector<std::size_t> order(medias.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(
-        order, [&](std::size_t a, std::size_t b) { return medias[a].compareDate(medias[b]) < 0; });
+    struct Place
+    {
+        MRVMedia::DateOrder date;
+        std::size_t index;
+        auto operator<=>(const Place&) const = default;
+    };
+    std::vector<Place> order;
+    order.reserve(medias.size());
+    for (std::size_t i = 0; i < medias.size(); ++i)
+        order.push_back({medias[i].dateOrder(), i});
+    std::ranges::sort(order);
     std::vector<MRVMedia> sorted;
     sorted.reserve(medias.size());
-    for (const std::size_t place : order)
-        sorted.push_back(std::move(medias[place]));
+    for (const Place& place : order)
+        sorted.push_back(std::move(medias[place.index]));
     return sorted;
 }
 

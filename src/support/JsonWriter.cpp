@@ -7,19 +7,43 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace marvo {
 
 namespace {
 
-/// By byte: what cannot be copied as it stands. Most text is plain and copied in one go.
-constexpr auto needsCare = [] {
-    std::array<bool, 256> bytes{};
-    for (std::size_t byte = 0; byte < bytes.size(); ++byte)
-        bytes[byte] = byte < ' ' || byte == '"' || byte == '\\' || byte >= 0x80;
-    return bytes;
-}();
+/// What cannot be copied as it stands.
+bool needsCare(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < ' ' || byte == '"' || byte == '\\' || byte >= 0x80;
+}
+
+/// Number of leading bytes that can be copied as they stand. Most text is nothing else, so it is looked at
+/// eight bytes at a time; below, a byte's highest bit is set where the byte is zero, or less than the one
+/// compared with.
+std::size_t plainLength(std::string_view text)
+{
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    constexpr std::uint64_t highBits = ones * 0x80;
+    const auto hasByte = [](std::uint64_t word, unsigned char byte) {
+        const std::uint64_t zeroWhereEqual = word ^ (ones * byte);
+        return (zeroWhereEqual - ones) & ~zeroWhereEqual;
+    };
+    std::size_t i = 0;
+    for (std::uint64_t word; i + sizeof word <= text.size(); i += sizeof word) {
+        std::memcpy(&word, text.data() + i, sizeof word);
+        const std::uint64_t control = (word - ones * ' ') & ~word;
+        if ((word | control | hasByte(word, '"') | hasByte(word, '\\')) & highBits)
+            break;
+    }
+    while (i < text.size() && !needsCare(text[i]))
+        ++i;
+    return i;
+}
 
 } // namespace
 
@@ -90,11 +114,15 @@ void JsonWriter::token(std::string_view text)
 void JsonWriter::quoted(std::string_view text)
 {
     static constexpr char hex[] = "0123456789abcdef";
+    if (plainLength(text) == text.size()) {
+        const std::size_t start = m_text.size();
+        m_text.resize(start + text.size() + 2, '"');
+        std::memcpy(m_text.data() + start + 1, text.data(), text.size());
+        return;
+    }
     m_text += '"';
     while (!text.empty()) {
-        std::size_t plain = 0;
-        while (plain < text.size() && !needsCare[static_cast<unsigned char>(text[plain])])
-            ++plain;
+        const std::size_t plain = plainLength(text);
         m_text += text.substr(0, plain);
         text.remove_prefix(plain);
         if (text.empty())

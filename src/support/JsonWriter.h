@@ -54,6 +54,8 @@ public:
     /// document, so that a long document can be written out in pieces.
     const std::string& text() const { return m_text; }
     std::string take();
+    /// As take(), for one who has read the text: its memory is kept for what comes next.
+    void drop() { m_text.clear(); }
 
 private:
     void separate();

@@ -7,9 +7,7 @@
 
 namespace marvo {
 
-namespace {
-
-/// Number of leading ASCII bytes. Most text is nothing else, so it is looked at eight bytes at a time.
+// Most text is nothing else, so it is looked at eight bytes at a time.
 std::size_t asciiLength(std::string_view text)
 {
     constexpr std::uint64_t highBits = 0x8080808080808080;
@@ -23,8 +21,6 @@ std::size_t asciiLength(std::string_view text)
         ++i;
     return i;
 }
-
-} // namespace
 
 std::size_t utf8CharacterLength(std::string_view text)
 {
@@ -74,8 +70,8 @@ bool isValidUtf8(std::string_view text)
 
 std::size_t utf8Length(std::string_view text)
 {
-    std::size_t count = 0;
-    for (; !text.empty(); ++count) {
+    std::size_t count = asciiLength(text);
+    for (text.remove_prefix(count); !text.empty(); ++count) {
         const std::size_t length = utf8CharacterLength(text);
         text.remove_prefix(length == 0 ? 1 : length);
     }

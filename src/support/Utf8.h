@@ -12,6 +12,9 @@ namespace marvo {
 /// malformed one.
 std::size_t utf8CharacterLength(std::string_view text);
 
+/// Number of leading ASCII bytes.
+std::size_t asciiLength(std::string_view text);
+
 /// True when the whole text is well-formed UTF-8.
 bool isValidUtf8(std::string_view text);
 
