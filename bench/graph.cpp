@@ -22,20 +22,24 @@ using namespace marvo;
 constexpr int viewWidth = 1920;
 constexpr int viewHeight = 130;
 
-/// Ten readings a second for an hour, with the shake of a road.
+/// Readings with the shake of a road.
+std::vector<MRVGSensor> readingsOfARoad(std::size_t count)
+{
+    std::vector<MRVGSensor> list(count);
+    unsigned noise = 1;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        noise = noise * 1664525 + 1013904223;
+        const auto shake = static_cast<float>(noise >> 16) / 65536 * 0.4F - 0.2F;
+        const float t = static_cast<float>(i) / 500;
+        list[i] = {.x = std::sin(t) + shake, .y = std::cos(t) - shake, .z = 1 + shake};
+    }
+    return list;
+}
+
+/// Ten a second for an hour.
 const std::vector<MRVGSensor>& readings()
 {
-    static const std::vector<MRVGSensor> samples = [] {
-        std::vector<MRVGSensor> list(36000);
-        unsigned noise = 1;
-        for (std::size_t i = 0; i < list.size(); ++i) {
-            noise = noise * 1664525 + 1013904223;
-            const auto shake = static_cast<float>(noise >> 16) / 65536 * 0.4F - 0.2F;
-            const float t = static_cast<float>(i) / 500;
-            list[i] = {.x = std::sin(t) + shake, .y = std::cos(t) - shake, .z = 1 + shake};
-        }
-        return list;
-    }();
+    static const std::vector<MRVGSensor> samples = readingsOfARoad(36000);
     return samples;
 }
 
@@ -74,6 +78,20 @@ void fullRedraw(benchmark::State& state)
     }
 }
 BENCHMARK(fullRedraw)->Unit(benchmark::kMicrosecond);
+
+/// The same of so many readings, to see how the cost grows.
+void redrawOf(benchmark::State& state)
+{
+    const std::vector<MRVGSensor> samples = readingsOfARoad(static_cast<std::size_t>(state.range(0)));
+    GraphView view;
+    showOnScreen(view);
+    for (auto _ : state) {
+        view.setGraphData(samples);
+        QApplication::processEvents();
+        paintNow();
+    }
+}
+BENCHMARK(redrawOf)->Arg(3600)->Arg(36000)->Arg(360000)->Unit(benchmark::kMicrosecond);
 
 void tracesAlone(benchmark::State& state)
 {

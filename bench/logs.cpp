@@ -66,6 +66,21 @@ void cellsOfMillion(benchmark::State& state)
 }
 BENCHMARK(cellsOfMillion)->Unit(benchmark::kMillisecond);
 
+/// A log of so many records opened and written as text, to see how the cost grows.
+void readAndWrite(benchmark::State& state)
+{
+    const auto count = static_cast<std::uint32_t>(state.range(0));
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("marvo_000.drv", test::drivingLog(count, count));
+    for ([[maybe_unused]] auto round : state) {
+        const auto shown = DrivingLog::read(path, flashDataLog()).log;
+        const std::vector<std::string> titles(shown->description().columns.size(), "title");
+        benchmark::DoNotOptimize(
+            writeLogAsCsv(*shown, titles, [](std::string_view) { return std::error_code(); }));
+    }
+}
+BENCHMARK(readAndWrite)->Arg(million / 100)->Arg(million / 10)->Arg(million)->Unit(benchmark::kMillisecond);
+
 /// With the file written beside the target, synced and put in place.
 void exportMillion(benchmark::State& state)
 {
