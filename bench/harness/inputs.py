@@ -139,3 +139,27 @@ def driving_log_csv():
     def make(path):
         subprocess.run([CLI, "log", driving_log(), "--csv", path], check=True)
     return _made_once("million.csv", make)
+
+
+def soak_folders():
+    """Two folders of 100 recordings each: the clips of a demo card, and short ones of H.264."""
+    card = _made_once("demo-card", lambda path: subprocess.run([CLI, "demo", path], check=True, capture_output=True))
+
+    def clip(path):
+        cut = DATA / "cut.avi"
+        subprocess.run(["ffmpeg", "-hide_banner", "-loglevel", "error", "-y", "-i", film(), "-t", "8", "-vf",
+                        "scale=640:360", "-c:v", "libx264", "-preset", "veryfast", "-bf", "0", "-c:a", "copy", cut],
+                       check=True)
+        subprocess.run([tool("splice"), cut, path, "8", "end"], check=True)
+        cut.unlink()
+    sources = ([_made_once("clip.avi", clip)], sorted(card.rglob("*.avi")))
+    folders = []
+    for number, films in enumerate(sources):
+        folder = DATA / f"soak-{number}"
+        folder.mkdir(exist_ok=True)
+        for i in range(100):
+            name = folder / f"alwa_20240517_{10 + i // 60}{i % 60:02d}00_F.avi"
+            if not name.exists():
+                os.link(films[i % len(films)], name)
+        folders.append(folder)
+    return folders
