@@ -9,6 +9,7 @@
 #include "platform/UnityLauncherEntry.h"
 #include "settings/window/CardSettings.h"
 #include "support/Log.h"
+#include "support/Termination.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
@@ -101,6 +102,7 @@ int main(int argc, char** argv)
     if (asksForText(argc, argv))
         return printMessage(marvo::readStartOptions(argc, argv));
 
+    marvo::cleanUpOnTermination();
     prepareWebEngine();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo"));

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "support/Termination.h"
 
 #include <csignal>
 #include <cstdio>
@@ -87,5 +88,6 @@ int main(int argc, char** argv)
 {
     // A reader that has seen enough (head, less) is a failed write, not a sudden death.
     std::signal(SIGPIPE, SIG_IGN);
+    marvo::cleanUpOnTermination();
     return marvo::cli::run(marvo::cli::Arguments(argv + (argc > 0 ? 1 : 0), argv + argc));
 }

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/AtomicFile.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/random.h>
 #include <sys/stat.h>
@@ -12,6 +14,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -107,15 +110,51 @@ std::error_code takeOver(const struct stat& from, int descriptor)
     return {};
 }
 
+constexpr std::string_view temporaryPrefix = ".marvo-";
+constexpr std::string_view hexDigits = "0123456789abcdef";
+constexpr std::size_t temporaryDigits = 16;
+
 std::string unpredictableName()
 {
     std::uint64_t number = 0;
     if (::getentropy(&number, sizeof number) != 0)
         return {};
-    std::string name = ".marvo-";
-    for (int shift = 60; shift >= 0; shift -= 4)
-        name += "0123456789abcdef"[number >> shift & 15];
+    std::string name(temporaryPrefix);
+    for (std::size_t digit = temporaryDigits; digit-- > 0;)
+        name += hexDigits[number >> 4 * digit & 15];
     return name;
+}
+
+bool isNameOfTemporary(std::string_view name)
+{
+    return name.size() == temporaryPrefix.size() + temporaryDigits && name.starts_with(temporaryPrefix) &&
+           name.find_first_not_of(hexDigits, temporaryPrefix.size()) == std::string_view::npos;
+}
+
+/// True when nobody else writes to a file, and from now on to all others while it stays open. Where the file
+/// system knows no locks it cannot be told.
+bool lockAlone(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
+
+/// Removes what processes left that died while they wrote a file into the folder.
+void removeAbandonedTemporaries(int folder)
+{
+    const int listed = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    DIR* entries = listed >= 0 ? ::fdopendir(listed) : nullptr;
+    if (entries == nullptr) {
+        if (listed >= 0)
+            ::close(listed);
+        return;
+    }
+    while (const dirent* entry = ::readdir(entries)) {
+        if (!isNameOfTemporary(entry->d_name))
+            continue;
+        const Descriptor file(
+            ::openat(folder, entry->d_name, O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+        struct stat status;
+        if (file && ::fstat(*file, &status) == 0 && S_ISREG(status.st_mode) && lockAlone(*file))
+            ::unlinkat(folder, entry->d_name, 0);
+    }
+    ::closedir(entries);
 }
 
 /// What a link finally points to, be there a file or not. Only the last component is looked at; where that
@@ -201,20 +240,37 @@ std::error_code AtomicFile::stage(const std::string& path)
 
 std::error_code AtomicFile::stageBeside(const struct stat* target)
 {
+    removeAbandonedTemporaries(m_folder);
     for (int attempt = 0; attempt < 16; ++attempt) {
         const std::string name = unpredictableName();
         if (name.empty())
             return systemError();
-        m_staged = ::openat(m_folder, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
-                            target != nullptr ? target->st_mode & 0777 : 0666);
-        if (m_staged < 0 && errno == EEXIST)
-            continue;
-        if (m_staged < 0)
+        if (stageAs(name, target != nullptr ? target->st_mode & 0777 : 0666))
+            return target != nullptr ? takeOver(*target, m_staged) : std::error_code();
+        if (errno != EEXIST)
             return systemError();
-        m_temporaryName = name;
-        return target != nullptr ? takeOver(*target, m_staged) : std::error_code();
     }
     return std::make_error_code(std::errc::file_exists);
+}
+
+/// False with errno; EEXIST asks for another name.
+bool AtomicFile::stageAs(const std::string& name, unsigned int permissions)
+{
+    m_note.take(m_folder, name);
+    m_staged =
+        ::openat(m_folder, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, permissions);
+    if (m_staged < 0) {
+        m_note.drop();
+        return false;
+    }
+    m_temporaryName = name;
+    // Whoever clears the folder up in this moment takes it for abandoned.
+    if ((lockAlone(m_staged) || errno != EWOULDBLOCK) &&
+        ::faccessat(m_folder, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0)
+        return true;
+    removeTemporary();
+    errno = EEXIST;
+    return false;
 }
 
 std::error_code AtomicFile::write(std::string_view bytes)
@@ -246,6 +302,7 @@ std::error_code AtomicFile::putInPlace()
         return systemError();
     const std::error_code error = renameInPlace();
     if (!error) {
+        m_note.drop();
         m_temporaryName.clear();
         return syncFolder(m_folder);
     }
@@ -306,18 +363,25 @@ std::error_code AtomicFile::writeIntoTarget()
             return systemError();
         return {};
     };
+    const TerminationPause untilItIsWhole;
     const std::error_code error = replaceBy(content);
     if (error && old)
         replaceBy(*old);
     return error;
 }
 
-void AtomicFile::discard()
+void AtomicFile::removeTemporary()
 {
     if (!m_temporaryName.empty())
         ::unlinkat(m_folder, m_temporaryName.c_str(), 0);
     m_temporaryName.clear();
+    m_note.drop();
     closeAndForget(m_staged);
+}
+
+void AtomicFile::discard()
+{
+    removeTemporary();
     closeAndForget(m_folder);
     m_error = std::make_error_code(std::errc::bad_file_descriptor);
 }

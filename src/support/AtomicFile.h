@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Termination.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,6 +22,9 @@ namespace marvo {
 /// commit() writes into the target; if that fails midway the old content is put back as well as can be. A
 /// link stays, what it points to is replaced. A target that exists keeps its permissions, one that is
 /// write-protected is refused. A device or pipe is written to as it is, at commit().
+///
+/// A process that is asked to end takes its temporary with it (see cleanUpOnTermination()). One that is ended
+/// otherwise, by a power cut say, leaves it behind; the next file that is written into the folder removes it.
 ///
 /// Any thread, one at a time. Errors are the system's own (std::generic_category).
 class AtomicFile
@@ -51,11 +56,14 @@ private:
     std::error_code stage(const std::string& path);
     std::error_code renameInPlace();
     std::error_code stageBeside(const struct ::stat* target);
+    bool stageAs(const std::string& name, unsigned int permissions);
+    void removeTemporary();
     std::error_code putInPlace();
     std::error_code writeIntoTarget();
 
     std::string m_name;          ///< of the target in its folder
     std::string m_temporaryName; ///< empty while the content is staged in memory
+    TemporaryNote m_note;        ///< of the temporary
     int m_folder = -1;           ///< of the target, and of the temporary
     int m_staged = -1;           ///< the new content so far
     bool m_targetIsRegular = true;
