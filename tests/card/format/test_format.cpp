@@ -65,7 +65,11 @@ private:
     void judge(const StageCard& card, int sectorsPerCluster, int hiddenSectors)
     {
         m_stage->root().run(QStringLiteral("umount %1 2>/dev/null; sync %1").arg(card.device));
-        QVERIFY(m_stage->root().run(QStringLiteral("fsck.fat -n %1").arg(card.device)));
+        // The driver in user space takes its mark of use away a moment after the unmount.
+        QVERIFY(m_stage->root().run(
+            QStringLiteral("for i in {1..25}; do fsck.fat -n %1 >/dev/null && break; sleep 0.2; done; "
+                           "fsck.fat -n %1")
+                .arg(card.device)));
         const QString info =
             m_stage->root().output(QStringLiteral("minfo -i %1 :: 2>/dev/null").arg(card.device));
         const QString wanted = QStringLiteral("cluster size: %1 sectors|reserved (boot) sectors: 32|fats: 2|"
@@ -415,6 +419,11 @@ private Q_SLOTS:
                     if (detail == at) {
                         m_stage->root().run(QStringLiteral("fallocate -p -o 0 -l 16M %1").arg(card.image));
                         m_stage->trigger(card, "remove");
+                        // The disk service hears of it a moment later.
+                        const QDeadlineTimer patience(5000);
+                        while (m_stage->disks().deviceAccess()->identify(card.key()) &&
+                               !patience.hasExpired())
+                            QTest::qSleep(10);
                     }
                 });
         m_stage->format();
