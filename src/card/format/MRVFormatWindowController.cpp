@@ -25,6 +25,7 @@
 #include <algorithm>
 #include <chrono>
 #include <future>
+#include <utility>
 
 namespace marvo {
 
@@ -219,6 +220,8 @@ void MRVFormatWindowController::loadUSBVolumes(std::function<void()> completion)
             Q_EMIT volumesLoaded();
             if (m_listAgain)
                 volumesChanged();
+            if (!m_listing && std::exchange(m_formatWanted, false))
+                onFormat();
         });
 }
 
@@ -291,7 +294,10 @@ void MRVFormatWindowController::setWork(Work work)
 
 void MRVFormatWindowController::onFormat()
 {
-    if (m_work != Work::None || m_listing)
+    if (m_work != Work::None)
+        return;
+    m_formatWanted = m_listing;
+    if (m_listing)
         return;
     const FormattableVolume* volume = selectedUSBDisk();
     if (volume == nullptr) {

@@ -110,7 +110,8 @@ private:
     /// card.
     std::optional<std::string> m_selectedBefore;
     bool m_listing = false;
-    bool m_listAgain = false; ///< a card came or went meanwhile
+    bool m_listAgain = false;    ///< a card came or went meanwhile
+    bool m_formatWanted = false; ///< the button was pressed meanwhile
 
     /// A card that a failed format has left without a file system or without its settings, and what these
     /// were.
