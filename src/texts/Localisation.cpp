@@ -3,8 +3,11 @@
 #include "texts/Localisation.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+
+#include <memory>
 
 namespace marvo {
 
@@ -22,17 +25,21 @@ InterfaceLanguage builtLanguage()
 
 bool installLanguage(InterfaceLanguage language)
 {
-    static QTranslator* installed = nullptr;
-    auto* table = new QTranslator(QCoreApplication::instance());
-    const QString name = language == InterfaceLanguage::Korean ? QStringLiteral(":/strings/marvo_ko.qm")
-                                                               : QStringLiteral(":/strings/marvo_en.qm");
-    if (!table->load(name)) {
-        delete table;
+    static QTranslator* installed[2] = {};
+    const QString code = language == InterfaceLanguage::Korean ? QStringLiteral("ko") : QStringLiteral("en");
+    auto table = std::make_unique<QTranslator>(QCoreApplication::instance());
+    if (!table->load(QStringLiteral(":/strings/marvo_%1.qm").arg(code)))
         return false;
-    }
-    delete installed;
-    installed = table;
-    QCoreApplication::installTranslator(table);
+    // Where these are not installed Qt's dialogs are English, which is no reason not to start.
+    auto qtTable = std::make_unique<QTranslator>(QCoreApplication::instance());
+    static_cast<void>(qtTable->load(QStringLiteral("qtbase_%1").arg(code),
+                                    QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+    for (QTranslator* earlier : installed)
+        delete earlier;
+    installed[0] = table.release();
+    installed[1] = qtTable.release();
+    for (QTranslator* translator : installed)
+        QCoreApplication::installTranslator(translator);
     return true;
 }
 

@@ -15,8 +15,9 @@ QString supportLanguage();
 /// English, "auto" follows the desktop's own language.
 InterfaceLanguage builtLanguage();
 
-/// Loads the string table of a language; later texts come from it. Call again to change the language.
-/// Needs a QCoreApplication. False when the table is missing from the program.
+/// Loads the string table of a language and Qt's own, for its file and print dialogs; later texts come from
+/// them. Call again to change the language. Needs a QCoreApplication. False when the string table is missing
+/// from the program, and then nothing has changed.
 bool installLanguage(InterfaceLanguage language);
 
 /// The text of a key in the string table, such as "media.event"; the key itself where the table has none.
