@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/Appearance.h"
 
+#include "controls/FocusMarkStyle.h"
 #include "controls/ImageNamed.h"
+#include "controls/InterfaceScale.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QRegularExpression>
 
 namespace marvo {
 
 namespace {
-
-constexpr int fontPointSize = 10;
 
 QPalette darkPalette()
 {
@@ -62,21 +62,37 @@ QFont interfaceFont()
     QFont font = QApplication::font();
     if (QFontDatabase::hasFamily(wanted))
         font.setFamily(wanted);
-    font.setPointSize(fontPointSize);
+    font.setPointSizeF(interfacePointSize(font.pointSizeF()));
     return font;
+}
+
+/// The sheet names text sizes for the usual font; with a larger one all of them grow.
+QString scaledSheet(const QString& sheet)
+{
+    static const QRegularExpression size(QStringLiteral("font-size: ([0-9]+)pt"));
+    QString scaled;
+    qsizetype copied = 0;
+    for (auto sizes = size.globalMatch(sheet); sizes.hasNext();) {
+        const QRegularExpressionMatch one = sizes.next();
+        scaled += QStringView(sheet).mid(copied, one.capturedStart(1) - copied);
+        scaled += QString::number(scaledPoints(one.captured(1).toInt()));
+        copied = one.capturedEnd(1);
+    }
+    scaled += QStringView(sheet).mid(copied);
+    return scaled;
 }
 
 } // namespace
 
 void applyAppearance(QApplication& application)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new FocusMarkStyle);
     QApplication::setPalette(darkPalette());
     QApplication::setFont(interfaceFont());
     QApplication::setWindowIcon(iconNamed(QStringLiteral("marvo")));
     QFile sheet(QStringLiteral(":/style/marvo.qss"));
     if (sheet.open(QIODevice::ReadOnly))
-        application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+        application.setStyleSheet(scaledSheet(QString::fromUtf8(sheet.readAll())));
 }
 
 } // namespace marvo

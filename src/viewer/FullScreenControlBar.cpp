@@ -48,6 +48,11 @@ FullScreenControlBar::FullScreenControlBar(const MainWindowCommands& commands, Q
     row->addWidget(m_timeText);
     row->addSpacing(6);
     row->addWidget(button(Command::ToggleFullScreen, "icon_window"));
+    // The slider was made first, but stands between the buttons.
+    setTabOrder(row->itemAt(0)->widget(), row->itemAt(1)->widget());
+    setTabOrder(row->itemAt(1)->widget(), row->itemAt(2)->widget());
+    setTabOrder(row->itemAt(2)->widget(), m_videoPositionSlider);
+    setTabOrder(m_videoPositionSlider, row->itemAt(row->count() - 1)->widget());
     showTime(0, 0);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/GsensorBox.h"
 
+#include "controls/InterfaceScale.h"
 #include "texts/Localisation.h"
 
 #include <QHBoxLayout>
@@ -38,7 +39,7 @@ GsensorBox::GsensorBox(QWidget* graphView, QWidget* parent)
     fields->setSpacing(4);
     auto* caption = new QLabel(localised("viewer.gsensor.caption"), this);
     caption->setProperty("caption", true);
-    caption->setFixedWidth(fieldColumnWidth);
+    caption->setFixedWidth(scaledLength(fieldColumnWidth));
     fields->addStretch();
     fields->addWidget(caption);
     fields->addWidget(m_gsensorXField);

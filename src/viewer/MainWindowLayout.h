@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "controls/InterfaceScale.h"
+
 #include <QRect>
 #include <QSize>
 
@@ -9,11 +11,13 @@ namespace marvo {
 
 enum class WindowMode { Windowed, FullScreen };
 
-/// The least size that the window takes by its own commands, and its size at start.
+/// The least size that the window takes by its own commands, and its size at start, both for the usual text
+/// size; as all lengths here they grow with a larger one.
 constexpr QSize minWindowSize{1020, 640};
 
-/// A rectangle of minWindowSize, centred in the free area of a screen.
-QRect minWindowFrame(const QRect& visibleArea);
+/// A rectangle of minWindowSize, or of its larger version where the area has room for it, centred in the
+/// free area of a screen.
+QRect minWindowFrame(const QRect& visibleArea, double scale = interfaceScale());
 
 /// Where the main window's boxes lie, each in the co-ordinates of the box around it. A null rectangle is a
 /// box that the mode does not show.
@@ -34,7 +38,7 @@ struct MainWindowLayout
     QRect mediaListBox;
 };
 
-MainWindowLayout layoutWindow(QSize contentSize, WindowMode mode);
+MainWindowLayout layoutWindow(QSize contentSize, WindowMode mode, double scale = interfaceScale());
 
 /// The map container's two parts, in its own co-ordinates.
 struct MapContainerLayout
@@ -43,6 +47,6 @@ struct MapContainerLayout
     QRect mapContainerBottomView;
 };
 
-MapContainerLayout layoutMapContainer(QSize size);
+MapContainerLayout layoutMapContainer(QSize size, double scale = interfaceScale());
 
 } // namespace marvo

@@ -3,6 +3,7 @@
 #include "viewer/MainWindowPlaybackHost.h"
 
 #include "controls/FractionSlider.h"
+#include "controls/InterfaceScale.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/DataPanelUpdater.h"
 #include "viewer/LoadingIndicator.h"
@@ -86,7 +87,7 @@ QRect MainWindowPlaybackHost::windowFrame() const { return m_views.window.frame(
 
 QRect MainWindowPlaybackHost::screenFrame() const { return m_views.window.screen()->geometry(); }
 
-QSize MainWindowPlaybackHost::minWindowSize() const { return marvo::minWindowSize; }
+QSize MainWindowPlaybackHost::minWindowSize() const { return scaledSize(marvo::minWindowSize); }
 
 void MainWindowPlaybackHost::setWindowFrame(const QRect& frame)
 {

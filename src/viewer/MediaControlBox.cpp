@@ -118,6 +118,15 @@ MediaControlBox::MediaControlBox(const MainWindowCommands& commands, QWidget* pa
     row->addStretch(1);
     row->addWidget(captionImage("icon_volume", "viewer.control.volume", this));
     row->addWidget(m_volumeSlider);
+    // The Tab key goes as the eye does, not in the order in which the controls were made.
+    QWidget* before = m_videoPositionSlider;
+    for (int i = 0; i < row->count(); ++i) {
+        QWidget* next = row->itemAt(i)->widget();
+        if (!next || !(next->focusPolicy() & Qt::TabFocus))
+            continue;
+        setTabOrder(before, next);
+        before = next;
+    }
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(12, 4, 12, 4);

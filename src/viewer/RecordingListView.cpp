@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/RecordingListView.h"
 
+#include "controls/InterfaceScale.h"
 #include "controls/PMProgressIndicator.h"
 #include "texts/Localisation.h"
 #include "viewer/RecordingFilter.h"
@@ -59,9 +60,9 @@ RecordingListView::RecordingListView(QWidget* parent)
 
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(listRowHeight);
-    verticalHeader()->setDefaultSectionSize(listRowHeight);
-    horizontalHeader()->setFixedHeight(headerHeight);
+    verticalHeader()->setMinimumSectionSize(scaledLength(listRowHeight));
+    verticalHeader()->setDefaultSectionSize(scaledLength(listRowHeight));
+    horizontalHeader()->setFixedHeight(scaledLength(headerHeight));
     horizontalHeader()->setMinimumSectionSize(leastFileWidth);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
@@ -94,7 +95,7 @@ void RecordingListView::layoutColumns()
     using Model = RecordingTableModel;
     ensurePolished();
     QFont cells = font();
-    cells.setPointSize(RecordingTableModel::fontPointSize);
+    cells.setPointSizeF(scaledPoints(RecordingTableModel::fontPointSize));
     const QFontMetrics cell(cells);
     const QFontMetrics head(horizontalHeader()->font());
     const int textMargins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);

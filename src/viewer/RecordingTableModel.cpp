@@ -3,6 +3,7 @@
 #include "viewer/RecordingTableModel.h"
 
 #include "controls/ImageNamed.h"
+#include "controls/InterfaceScale.h"
 #include "media/MRVMediaList.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
@@ -41,7 +42,7 @@ RecordingTableModel::RecordingTableModel(const MRVMediaList& mediaList, QObject*
     };
     m_kinds = {kind("media.always", "alwa"), kind("media.motion", "motion"), kind("media.event", "event"),
                Kind{localised("media.unknown"), QIcon()}};
-    m_font.setPointSize(fontPointSize);
+    m_font.setPointSizeF(scaledPoints(fontPointSize));
 }
 
 void RecordingTableModel::reload()

@@ -65,8 +65,6 @@ private Q_SLOTS:
     void everyShortcutRunsItsCommand();
     void keysFindTheWindowWhereverTheFocusWas();
     void theLanguagePreferenceIsOverwritten();
-    void noTextIsCut_data();
-    void noTextIsCut();
 };
 
 void WindowTest::initTestCase()
@@ -453,64 +451,6 @@ void WindowTest::theLanguagePreferenceIsOverwritten()
     QTest::ignoreMessage(QtInfoMsg, "SUPPORT_LANGUAGE=de");
     storeLanguagePreference(preferences);
     QCOMPARE(preferences.value(key).toStringList(), QStringList{supportLanguage()});
-}
-
-void WindowTest::noTextIsCut_data()
-{
-    QTest::addColumn<int>("language");
-    QTest::newRow("English") << int(InterfaceLanguage::English);
-    QTest::newRow("Korean") << int(InterfaceLanguage::Korean);
-}
-
-void WindowTest::noTextIsCut()
-{
-    QFETCH(int, language);
-    QVERIFY(installLanguage(InterfaceLanguage(language)));
-    const auto english = qScopeGuard([] { installLanguage(InterfaceLanguage::English); });
-    WindowStage stage;
-    const auto check = [&stage](const char* when) {
-        for (const QWidget* widget : stage.window().findChildren<QWidget*>()) {
-            const auto* label = qobject_cast<const QLabel*>(widget);
-            const auto* button = qobject_cast<const QAbstractButton*>(widget);
-            const bool elides = qobject_cast<const ElidedLabel*>(widget) != nullptr;
-            if (!widget->isVisible() || elides || !(label || button))
-                continue;
-            const QString text = label ? label->text() : button->text();
-            const QSize needed = label && label->wordWrap()
-                                     ? QSize(widget->width(), label->heightForWidth(widget->width()))
-                                     : QSize(widget->sizeHint().width(), widget->fontMetrics().height());
-            QVERIFY2(text.isEmpty() ||
-                         (needed.width() <= widget->width() && needed.height() <= widget->height()),
-                     qPrintable(QStringLiteral("%1: %2 \"%3\"")
-                                    .arg(QLatin1StringView(when), widget->objectName(), text)));
-            QVERIFY2(!text.startsWith(QLatin1StringView("viewer.")), qPrintable(text));
-        }
-    };
-    check("nothing open");
-    TemporaryFolder empty;
-    QVERIFY(stage.open(empty.path()));
-    check("nothing found");
-    QVERIFY(stage.open(m_card.path()));
-    stage.delegate.views().mediaControlBox->showTime(35'999'000, 35'999'000);
-    stage.delegate.views().mediaControlBox->showScale(10.05);
-    const QHeaderView* header = stage.list().horizontalHeader();
-    for (int column = 0; column < header->count(); ++column) {
-        const QString title = stage.list().model()->headerData(column, Qt::Horizontal).toString();
-        QVERIFY(header->fontMetrics().horizontalAdvance(title) <= header->sectionSize(column));
-    }
-    check("recordings");
-    stage.key(Qt::Key_M);
-    const DataPanelFields fields = stage.delegate.views().dataPanelFields();
-    fields.speedField->setText(QStringLiteral("1000 Km/h"));
-    fields.longitudeField->setText(QStringLiteral("-179.9999"));
-    fields.latitudeField->setText(QStringLiteral("-89.9999"));
-    fields.hdopField->setText(QStringLiteral("99.9"));
-    fields.sateliteField->setText(QStringLiteral("12"));
-    fields.gsensorXField->setText(QStringLiteral("X=-16.00"));
-    QTest::qWait(0);
-    check("map");
-    stage.key(Qt::Key_F);
-    check("full screen");
 }
 
 void WindowTest::panelsOpenOnceAndGoWithTheWindow()

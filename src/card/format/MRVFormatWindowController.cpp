@@ -175,6 +175,8 @@ void MRVFormatWindowController::buildWindow()
     layout->addLayout(progress);
     layout->addStretch();
     layout->addLayout(buttons);
+    setTabOrder(m_usbDiskCombo, m_cancelButton);
+    setTabOrder(m_cancelButton, m_formatButton);
     updateSelectedDiskInfo();
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "logs/window/LogTableModel.h"
 
+#include "controls/InterfaceScale.h"
 #include "logs/DrivingLog.h"
 #include "texts/Localisation.h"
 
@@ -22,7 +23,7 @@ QStringList logColumnNames(const LogDescription& log)
 LogTableModel::LogTableModel(const LogDescription& description, QObject* parent)
     : QAbstractTableModel(parent), m_description(description), m_columnNames(logColumnNames(description))
 {
-    m_font.setPointSize(fontPointSize);
+    m_font.setPointSizeF(scaledPoints(fontPointSize));
 }
 
 void LogTableModel::setLog(std::shared_ptr<const DrivingLog> log)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/tabs/MRVSettingForAudioViewController.h"
 
+#include "controls/InterfaceScale.h"
 #include "controls/RadioMatrix.h"
 #include "controls/SegmentedControl.h"
 #include "settings/FileData.h"
@@ -122,7 +123,7 @@ MRVSettingForAudioViewController::MRVSettingForAudioViewController(QWidget* pare
 QWidget* MRVSettingForAudioViewController::voiceLangBox()
 {
     QFont font = QApplication::font();
-    font.setPointSize(kLanguagePointSize);
+    font.setPointSizeF(scaledPoints(kLanguagePointSize));
 
     m_voiceLangRadio->setObjectName(QStringLiteral("voiceLangRadio"));
     m_voiceLangRadio->setAccessibleName(localised("setting.aux.voice_guidance_lang_setting"));

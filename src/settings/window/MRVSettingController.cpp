@@ -3,6 +3,7 @@
 #include "settings/window/MRVSettingController.h"
 
 #include "card/format/MRVFormatWindowController.h"
+#include "controls/InterfaceScale.h"
 #include "controls/MessageSheet.h"
 #include "controls/SegmentedControl.h"
 #include "platform/DesktopPrograms.h"
@@ -91,7 +92,8 @@ void MRVSettingController::buildWindow()
 
     m_targetView = new QWidget(this);
     m_targetView->setObjectName(QStringLiteral("targetView"));
-    m_targetView->setMinimumSize(860, 540); // what the largest tab takes, so that no switch moves the window
+    m_targetView->setMinimumSize(
+        scaledSize({860, 540})); // what the largest tab takes, so that no switch moves the window
     auto* targetLayout = new QVBoxLayout(m_targetView);
     targetLayout->setContentsMargins(0, 0, 0, 0);
 
@@ -120,6 +122,7 @@ void MRVSettingController::buildWindow()
     buttons->addStretch();
     buttons->addWidget(cancelButton);
     buttons->addWidget(m_saveButton);
+    m_buttonsInOrder = {tools, sdcardFormatButton, m_resetButton, cancelButton, m_saveButton};
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
@@ -329,8 +332,27 @@ void MRVSettingController::showTab(int index)
     view->setFileData(&m_FileData);
     view->setMainController(this);
     view->show();
+    orderTabStops();
     m_lastSelectedTabIndex = index;
     m_functionSegmentedControl->setSelectedSegment(index);
+}
+
+/// The buttons below the tab come after it, though they were there before it.
+void MRVSettingController::orderTabStops()
+{
+    const auto comesBefore = [this](const QWidget* widget) {
+        return widget->focusPolicy() != Qt::NoFocus && !widget->focusProxy() &&
+               (m_functionSegmentedControl->isAncestorOf(widget) || m_targetController->isAncestorOf(widget));
+    };
+    QWidget* before = m_functionSegmentedControl;
+    for (QWidget* next = before->nextInFocusChain(); next != m_functionSegmentedControl;
+         next = next->nextInFocusChain())
+        if (comesBefore(next))
+            before = next;
+    for (QWidget* button : m_buttonsInOrder) {
+        setTabOrder(before, button);
+        before = button;
+    }
 }
 
 void MRVSettingController::populate()

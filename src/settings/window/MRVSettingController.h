@@ -91,6 +91,7 @@ private:
     void updateWindowTitle();
     void updateTabBar();
     void showTab(int index);
+    void orderTabStops();
     void setTabEnabled(bool enabled);
     void askWhereToSave(const _FILEDATA& record);
     void writeTo(const std::string& path, const _FILEDATA& record);
@@ -120,6 +121,7 @@ private:
     QAction* m_restoreAction = nullptr;
     QPushButton* m_saveButton = nullptr;
     QPushButton* m_resetButton = nullptr;
+    QList<QWidget*> m_buttonsInOrder; ///< those below the tab, as they stand
     QWidget* m_targetView = nullptr;
     SettingsTabView* m_targetController = nullptr;
     LoadingSheet* m_loadingSheet = nullptr;
