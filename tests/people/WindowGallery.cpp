@@ -139,7 +139,7 @@ private:
     {
         if (m_maps == Maps::AsTheyCome)
             return;
-        waitFor("map is ready", [&map] { return map.isReady(); });
+        waitFor("map is ready", [&map] { return map.isReady(); }, 60'000);
         QTest::qWait(500); // the page draws after it is ready, and tells nobody
     }
 
