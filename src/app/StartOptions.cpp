@@ -56,7 +56,9 @@ StartOptions readStartOptions(int argc, char** argv)
         options.message = QStringLiteral("marvo: %1\n").arg(parser.errorText());
         options.messageExit = 2;
     } else if (parser.isSet(help)) {
-        options.message = parser.helpText();
+        // Before there is an application the parser knows no name for it.
+        options.message =
+            parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("marvo"));
         options.messageExit = 0;
     } else if (parser.isSet(version)) {
         options.message = QStringLiteral("marvo " MARVO_VERSION "\n");

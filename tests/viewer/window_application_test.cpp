@@ -54,7 +54,7 @@ void WindowApplicationTest::answersWithoutADisplay_data()
 {
     QTest::addColumn<QString>("argument");
     QTest::addColumn<QString>("text");
-    QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("--demo-report");
+    QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("Usage: marvo");
     QTest::newRow("version") << QStringLiteral("-v") << QStringLiteral("marvo " MARVO_VERSION);
 }
 
