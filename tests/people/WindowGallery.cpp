@@ -9,6 +9,7 @@
 #include "logs/window/DrivingLogWindow.h"
 #include "platform/DeviceAccess.h"
 #include "platform/FolderDisks.h"
+#include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
@@ -17,7 +18,6 @@
 #include "viewer/window_stage.h"
 
 #include <QAction>
-#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -124,8 +124,9 @@ private:
 
     void visitAndClose(const QString& name, QWidget* window)
     {
-        if (shown(window))
-            m_visit(name, *window);
+        if (!shown(window))
+            qFatal("%s did not open", qPrintable(name));
+        m_visit(name, *window);
         closeAndWait(window);
     }
 
@@ -139,7 +140,8 @@ private:
     {
         if (m_maps == Maps::AsTheyCome)
             return;
-        waitFor("map is ready", [&map] { return map.isReady(); }, 60'000);
+        waitFor(
+            "map is ready", [&map] { return map.isReady(); }, 60'000);
         QTest::qWait(500); // the page draws after it is ready, and tells nobody
     }
 
@@ -221,7 +223,7 @@ private:
         m_visit(QStringLiteral("settings-tools"), *tools);
         tools->close();
         window->findChild<QAction*>(QStringLiteral("restoreEarlierFile"))->trigger();
-        visitAndClose(QStringLiteral("settings-earlier"), window->findChild<QDialog*>());
+        visitAndClose(QStringLiteral("settings-earlier"), window->findChild<EarlierSettingsDialog*>());
         QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("sdcardFormatButton")),
                           Qt::LeftButton);
         auto* format = window->findChild<MRVFormatWindowController*>();
