@@ -88,9 +88,10 @@ def empty_folder():
 
 
 def _sentence(body):
-    check = 0
-    for letter in body.encode():
-        check ^= letter
+    """With its checksum: all bytes combined by exclusive or, halves of the whole at a time."""
+    check = int.from_bytes(body.encode(), "little")
+    for bits in (512, 256, 128, 64, 32, 16, 8):
+        check = (check ^ check >> bits) & (1 << bits) - 1
     return f"${body}*{check:02X}\r\n"
 
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Application.h"
 
+#include "platform/Allocation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/PlaybackController.h"
@@ -24,6 +25,7 @@ constexpr int patienceMs = 15'000;
 /// What must be settled before the one application object is made.
 int& prepared(int& argc)
 {
+    returnFreedMemory();
     if (::geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);

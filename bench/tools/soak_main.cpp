@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 // bench_soak SECONDS SEED FOLDER FOLDER: plays the folders' recordings back to back at double speed, gives
 // random commands all the while, and prints "SECOND RSS-KB THREADS DESCRIPTORS" once a second. Threads and
-// descriptors at rest, with the player stopped, are printed before and after as "rest THREADS DESCRIPTORS".
+// descriptors at rest, with the player stopped, are printed before and after as "rest THREADS DESCRIPTORS",
+// what is open only afterwards as "more NUMBER TARGET".
 #include "tools/Application.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MRVPlayInfo.h"
@@ -17,6 +18,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <random>
 #include <string>
 
@@ -27,14 +29,25 @@ namespace {
 constexpr int commandMs = 700;
 constexpr int settleMs = 6'000;
 
-std::int64_t entriesOf(const char* folder)
+using Descriptors = std::map<std::string, std::string>; ///< number: what it is of
+
+std::int64_t threads()
 {
-    const std::filesystem::directory_iterator entries(folder);
-    return std::distance(begin(entries), end(entries));
+    const std::filesystem::directory_iterator tasks("/proc/self/task");
+    return std::distance(begin(tasks), end(tasks));
 }
 
-std::int64_t threads() { return entriesOf("/proc/self/task"); }
-std::int64_t descriptors() { return entriesOf("/proc/self/fd") - 1; } // not the one that lists them
+Descriptors descriptors()
+{
+    Descriptors found;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone; // the one that lists them
+        const std::filesystem::path target = std::filesystem::read_symlink(entry.path(), gone);
+        if (!gone && !target.native().ends_with("/fd"))
+            found[entry.path().filename()] = target;
+    }
+    return found;
+}
 
 long residentKilobytes()
 {
@@ -135,11 +148,13 @@ void say(const char* word, std::initializer_list<long> numbers)
 }
 
 /// Stopped, and whatever was under way has come to its end.
-void rest(bench::Application& application)
+Descriptors rest(bench::Application& application)
 {
     application.delegate().playback().stop();
     bench::waitFor(settleMs);
-    say("rest", {threads(), descriptors()});
+    Descriptors open = descriptors();
+    say("rest", {threads(), std::ssize(open)});
+    return open;
 }
 
 } // namespace
@@ -163,7 +178,7 @@ int main(int argc, char** argv)
         application.play(1);
         bench::waitFor(2'000);
     }
-    rest(application);
+    const Descriptors before = rest(application);
 
     RandomUser user(application, static_cast<unsigned>(std::atoi(argv[2])), {argv[3], argv[4]});
     int played = 0;
@@ -174,10 +189,13 @@ int main(int argc, char** argv)
     commands.start(commandMs);
     for (int second = 1; second <= seconds; ++second) {
         bench::waitFor(1'000);
-        say("second", {second, residentKilobytes(), threads(), descriptors()});
+        say("second", {second, residentKilobytes(), threads(), std::ssize(descriptors())});
     }
     commands.stop();
-    rest(application);
+    for (const auto& [number, target] : rest(application)) {
+        if (!before.contains(number))
+            std::printf("more %s %s\n", number.c_str(), target.c_str());
+    }
     say("played", {played, user.actions()});
     return 0;
 }

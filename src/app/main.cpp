@@ -4,6 +4,7 @@
 #include "app/Tour.h"
 #include "controls/MessageSheet.h"
 #include "controls/PMProgressIndicatorController.h"
+#include "platform/Allocation.h"
 #include "platform/FolderDisks.h"
 #include "platform/UDisks2Disks.h"
 #include "platform/UnityLauncherEntry.h"
@@ -103,6 +104,7 @@ int main(int argc, char** argv)
         return printMessage(marvo::readStartOptions(argc, argv));
 
     marvo::cleanUpOnTermination();
+    marvo::returnFreedMemory();
     prepareWebEngine();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo"));
