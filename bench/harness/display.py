@@ -20,7 +20,7 @@ class Display:
         self.home = tempfile.mkdtemp(prefix="marvo-bench-")
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1920x1080x24", "-ac", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1920x1080x24", "-ac", "-noreset", "-nolisten", "tcp"],
             pass_fds=[writing], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as number:
