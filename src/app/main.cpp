@@ -103,8 +103,8 @@ int main(int argc, char** argv)
     if (asksForText(argc, argv))
         return printMessage(marvo::readStartOptions(argc, argv));
 
-    marvo::cleanUpOnTermination();
     marvo::returnFreedMemory();
+    marvo::cleanUpOnTermination();
     prepareWebEngine();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo"));
