@@ -27,7 +27,7 @@ using namespace marvo;
 namespace {
 
 constexpr int commandMs = 700;
-constexpr int settleMs = 6'000;
+constexpr int settleMs = 12'000; // the web engine opens its history's journal ten seconds late
 
 using Descriptors = std::map<std::string, std::string>; ///< number: what it is of
 
