@@ -10,6 +10,7 @@
 #include <QStylePainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace marvo {
 
@@ -89,7 +90,12 @@ void ImageButton::paintEvent(QPaintEvent*)
     const int textWidth = text().isEmpty() ? 0 : textGap + fontMetrics().horizontalAdvance(text());
     const int left = (width() - iconSize().width() - textWidth) / 2;
     const QRect iconRect(QPoint(left, (height() - iconSize().height()) / 2), iconSize());
-    icon().paint(&painter, iconRect);
+    // On whole pixels of the screen, or a fractional scale would blur it.
+    const qreal ratio = devicePixelRatioF();
+    const QPointF origin = mapTo(window(), QPoint(0, 0));
+    const QPointF corner = (origin + iconRect.topLeft()) * ratio;
+    painter.drawPixmap(QPointF(std::round(corner.x()), std::round(corner.y())) / ratio - origin,
+                       icon().pixmap(iconSize(), ratio));
     if (!text().isEmpty()) {
         painter.setPen(option.palette.color(QPalette::Normal, QPalette::ButtonText));
         painter.drawText(QRect(iconRect.right() + 1 + textGap, 0, textWidth, height()), Qt::AlignVCenter,

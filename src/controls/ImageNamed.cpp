@@ -43,7 +43,8 @@ QPixmap imageNamed(const QString& name, qreal devicePixelRatio)
 QIcon iconNamed(const QString& name)
 {
     QIcon icon;
-    for (const qreal ratio : {1.0, 2.0}) {
+    // Every scale that desktops offer: a picture drawn for another one would be blurred.
+    for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
         const QPixmap pixmap = imageNamed(name, ratio);
         icon.addPixmap(pixmap);
         icon.addPixmap(pixmap, QIcon::Selected); // a selected row would tint it
