@@ -142,7 +142,7 @@ private:
             return;
         waitFor(
             "map is ready", [&map] { return map.isReady(); }, 60'000);
-        QTest::qWait(500); // the page draws after it is ready, and tells nobody
+        QTest::qWait(3000); // the page draws after it is ready, and tells nobody
     }
 
     void mainWindow()
