@@ -8,8 +8,9 @@ namespace marvo {
 
 /// Makes a window, before it is first shown, one that can take a web view later on.
 ///
-/// A web view is drawn by OpenGL, and a window that was made for anything else would be taken off the screen
-/// and made anew when the first one appears in it. Where OpenGL does not work the window stays as it is.
+/// A web view is drawn by OpenGL, and a window that was made for anything else is taken off the screen and
+/// made anew when the first one appears in it. Where OpenGL does not work, or only by the processor, the
+/// window stays as it is: there every picture of a recording would cost more than that one moment.
 void prepareWindowForWebView(QWidget& window);
 
 } // namespace marvo
