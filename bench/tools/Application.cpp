@@ -5,16 +5,14 @@
 #include "platform/Allocation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
+#include "viewer/MapSurface.h"
 #include "viewer/PlaybackController.h"
 #include "viewer/VlcPlayer.h"
 #include "viewer/VlcSession.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QLoggingCategory>
 #include <QTimer>
-
-#include <unistd.h>
 
 namespace marvo::bench {
 
@@ -26,12 +24,9 @@ constexpr int patienceMs = 15'000;
 int& prepared(int& argc)
 {
     returnFreedMemory();
-    if (::geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    prepareForMaps();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo-bench"));
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
     VlcInstance::setExtraOptions({"--aout=dummy"});
     return argc;
 }

@@ -14,6 +14,7 @@
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
+#include "viewer/MapSurface.h"
 #include "viewer/MRVAppDelegate.h"
 
 #include <QApplication>
@@ -27,8 +28,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include <unistd.h>
 
 namespace {
 
@@ -64,16 +63,6 @@ void openAtStart(marvo::MRVAppDelegate& delegate, const std::string& folder, boo
     delegate.openDirectory(folder);
 }
 
-void prepareWebEngine()
-{
-    // Its sandbox refuses to work for the administrator, and then it would not start at all.
-    if (::geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    // It would tell its whole set-up at each start; QT_LOGGING_RULES still brings that back.
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
-}
-
 /// The machine's disks, or the folder that stands for the camera's card. They are asked on workers that
 /// nobody waits for, so they stay until the process is gone.
 marvo::Disks& disksFor(const marvo::StartOptions& options)
@@ -105,7 +94,7 @@ int main(int argc, char** argv)
 
     marvo::returnFreedMemory();
     marvo::cleanUpOnTermination();
-    prepareWebEngine();
+    marvo::prepareForMaps();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MARVO_VERSION));

@@ -22,6 +22,7 @@
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MainWindowPlaybackHost.h"
+#include "viewer/MapSurface.h"
 #include "viewer/MapView.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/PlaybackController.h"
@@ -32,7 +33,6 @@
 #include "viewer/VideoNotice.h"
 #include "viewer/VideoView.h"
 #include "viewer/VlcPlayer.h"
-#include "viewer/WindowSurface.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -66,7 +66,7 @@ MRVAppDelegate::MRVAppDelegate(const Configuration& configuration)
       m_loading(new LoadingIndicator(*m_views->progressIndicator, configuration.loadingTick))
 {
     m_window->setWindowTitle(QStringLiteral("MARVO"));
-    prepareWindowForWebView(*m_window);
+    prepareWindowForMap(*m_window);
 }
 
 MRVAppDelegate::~MRVAppDelegate() { die(); }

@@ -3,7 +3,7 @@
 #include "viewer/MapView.h"
 
 #include "texts/Localisation.h"
-#include "viewer/MapPage.h"
+#include "viewer/MapEngine.h"
 #include "viewer/MapTileSource.h"
 
 #include <QFileInfo>
@@ -12,7 +12,6 @@
 #include <QLoggingCategory>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <QWebEngineView>
 
 #include <unistd.h>
 
@@ -55,7 +54,7 @@ MapView::MapView(QWidget* parent)
     : QWidget(parent),
       m_placeholder(new QLabel(this)),
       m_channel([this](const QString& statement, std::function<void()> done) {
-          m_page->runJavaScript(statement, [done = std::move(done)](const QVariant&) { done(); });
+          m_engine->run(statement, [done = std::move(done)](const QVariant&) { done(); });
       })
 {
     setObjectName(QStringLiteral("mapWebView"));
@@ -103,43 +102,33 @@ void MapView::showEvent(QShowEvent* event)
 
 void MapView::startEngine()
 {
-    if (!canRunWebEngine()) {
-        m_placeholder->setText(localised("map.unavailable"));
-        return;
-    }
     const MapTileSource tiles = MapTileSource::fromSettings();
     m_channel.setTiles(tiles.address, tiles.attribution);
 
-    m_profile = sharedMapProfile();
-    m_webView = new QWebEngineView(this);
-    m_webView->setAcceptDrops(false); // a folder dropped here is for the window
-    m_webView->setContextMenuPolicy(Qt::NoContextMenu);
-    // The keys belong to the player, also after a click on the map.
-    m_webView->setFocusPolicy(Qt::NoFocus);
-    m_webView->setAcceptDrops(false);
-    m_webView->setAccessibleName(accessibleName());
+    MapEngineSetup setup;
     const QString name =
         m_pageName == MapPageName::map2 ? QStringLiteral("map2") : QStringLiteral("map2_eng");
-    m_page =
-        new MapPage(m_profile.get(), QUrl(QStringLiteral("qrc:/map/%1.htm").arg(name)), tiles, m_webView);
-    m_page->setBackgroundColor(seaColour);
-    m_webView->setPage(m_page);
-    connect(m_page, &QWebEnginePage::loadFinished, this, &MapView::pageLoaded);
-    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &MapView::pageDied);
+    setup.address = QUrl(QStringLiteral("qrc:/map/%1.htm").arg(name));
+    setup.background = seaColour;
+    setup.mayFetch = [tiles](const QUrl& url) { return tiles.serves(url); };
+    setup.loaded = [this](bool ok) { pageLoaded(ok); };
+    setup.died = [this] { pageDied(); };
+    m_engine = canRunWebEngine() ? makeMapEngine(setup, this) : nullptr;
+    if (!m_engine) {
+        m_placeholder->setText(localised("map.unavailable"));
+        return;
+    }
+    m_engine->view()->setAccessibleName(accessibleName());
     m_placeholder->hide();
-    layout()->addWidget(m_webView);
-    m_page->start();
+    layout()->addWidget(m_engine->view());
+    m_engine->load();
 }
 
 void MapView::stopEngine()
 {
     m_ready = false;
     m_channel.pageLost();
-    // The page goes before its profile.
-    delete m_webView;
-    m_webView = nullptr;
-    m_page = nullptr;
-    m_profile.reset();
+    m_engine.reset();
 }
 
 void MapView::pageLoaded(bool ok)
@@ -171,7 +160,7 @@ void MapView::pageDied()
         return;
     }
     qCWarning(logMap) << "the map page's process has ended; loading it again";
-    QTimer::singleShot(0, m_page, &MapPage::start);
+    QTimer::singleShot(0, m_engine->view(), [this] { m_engine->load(); });
 }
 
 } // namespace marvo

@@ -10,12 +10,10 @@
 #include <memory>
 
 class QLabel;
-class QWebEngineProfile;
-class QWebEngineView;
 
 namespace marvo {
 
-class MapPage;
+class MapEngine;
 
 /// The two language forms of the map page.
 enum class MapPageName { map2, map2_eng };
@@ -58,8 +56,8 @@ public:
 
     /// The page has loaded and answers.
     bool isReady() const { return m_ready; }
-    /// The web page itself, for those who ask it something; null before the map is first shown.
-    MapPage* page() const { return m_page; }
+    /// What the page runs in, for those who ask it something; null before the map is first shown.
+    MapEngine* engine() const { return m_engine.get(); }
 
 Q_SIGNALS:
     void ready();
@@ -74,9 +72,7 @@ private:
     void pageDied();
 
     MapPageName m_pageName = MapPageName::map2_eng;
-    std::shared_ptr<QWebEngineProfile> m_profile;
-    QWebEngineView* m_webView = nullptr;
-    MapPage* m_page = nullptr;
+    std::unique_ptr<MapEngine> m_engine;
     QLabel* m_placeholder;
     MapScriptChannel m_channel;
     QElapsedTimer m_sinceFirstDeath;

@@ -14,6 +14,7 @@
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
 #include "viewer/Appearance.h"
+#include "viewer/MapSurface.h"
 #include "viewer/VlcSession.h"
 #include "viewer/window_stage.h"
 
@@ -25,7 +26,6 @@
 
 #include <memory>
 
-#include <unistd.h>
 
 using namespace marvo;
 using marvo::test::TemporaryFolder;
@@ -205,10 +205,8 @@ private Q_SLOTS:
 
 int main(int argc, char** argv)
 {
-    if (::geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    prepareForMaps();
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO-test"));
     QCoreApplication::setApplicationName(QStringLiteral("card-removed"));

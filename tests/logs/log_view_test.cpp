@@ -13,7 +13,8 @@
 #include "settings/window/LoadingSheet.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
-#include "viewer/MapPage.h"
+#include "viewer/MapEngine.h"
+#include "viewer/MapSurface.h"
 #include "viewer/MapView.h"
 #include "viewer/MRVMapWindowController.h"
 
@@ -52,7 +53,7 @@ void keepLogLines(QtMsgType type, const QMessageLogContext& context, const QStri
 QVariant ask(const MRVMapWindowController& map, const QString& script)
 {
     auto result = std::make_shared<std::optional<QVariant>>(); // an answer may come after the waiting
-    map.mapWebView()->page()->runJavaScript(script, [result](const QVariant& value) { *result = value; });
+    map.mapWebView()->engine()->run(script, [result](const QVariant& value) { *result = value; });
     return QTest::qWaitFor([&] { return result->has_value(); }, 10'000) ? **result : QVariant();
 }
 
@@ -328,10 +329,8 @@ private Q_SLOTS:
 int main(int argc, char** argv)
 {
     mountForThisProcessAlone();
-    if (::geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    prepareForMaps();
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO-test"));
     QCoreApplication::setApplicationName(QStringLiteral("logs"));

@@ -5,6 +5,7 @@
 #include "people/WindowGallery.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
+#include "viewer/MapSurface.h"
 #include "viewer/VlcSession.h"
 
 #include <QApplication>
@@ -18,8 +19,7 @@
 int main(int argc, char** argv)
 {
     using namespace marvo;
-    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1"); // it refuses to work for the administrator
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    prepareForMaps();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo-guide"));
     QApplication application(argc, argv);

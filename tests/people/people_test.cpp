@@ -8,6 +8,7 @@
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
+#include "viewer/MapSurface.h"
 #include "viewer/VlcSession.h"
 #include "viewer/window_stage.h"
 
@@ -34,7 +35,6 @@ private Q_SLOTS:
         QStandardPaths::setTestModeEnabled(true);
         QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
         QCoreApplication::setApplicationName(QStringLiteral("marvo-people-test"));
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1"); // it does not work for the administrator
         VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
         for (const char* name :
              {"AlwaysMovie/alwa_20240517_080000_F.avi", "EventMovie/event_20240517_081530_F.avi",
@@ -92,5 +92,11 @@ private:
     test::TemporaryFolder m_card;
 };
 
-QTEST_MAIN(PeopleTest)
+int main(int argc, char** argv)
+{
+    prepareForMaps();
+    QApplication application(argc, argv);
+    PeopleTest test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "people_test.moc"

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 // The map page in the real web engine, without a network: the only server is the test's own.
 #include "texts/Localisation.h"
-#include "viewer/MapPage.h"
+#include "viewer/MapEngine.h"
+#include "viewer/MapSurface.h"
 #include "viewer/MapView.h"
 #include "viewer/MRVMapWindowController.h"
 
@@ -16,12 +17,10 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QtTest>
-#include <QWebEngineView>
 
 #include <csignal>
 #include <memory>
 #include <optional>
-#include <unistd.h>
 
 using namespace marvo;
 
@@ -82,7 +81,7 @@ private:
 QVariant ask(const MapView& map, const QString& script)
 {
     auto result = std::make_shared<std::optional<QVariant>>(); // an answer may come after the waiting
-    map.page()->runJavaScript(script, [result](const QVariant& value) { *result = value; });
+    map.engine()->run(script, [result](const QVariant& value) { *result = value; });
     const bool inTime = QTest::qWaitFor([&] { return result->has_value(); }, 10'000);
     return inTime ? **result : QVariant(QStringLiteral("no answer"));
 }
@@ -194,7 +193,7 @@ void MapPageTest::positionsBeforeTheFirstShowAreKept()
     map.setWay({{126.97, 37.55}, {126.975, 37.551}, {126.98, 37.552}});
     for (int i = 0; i <= 10; ++i)
         map.setLatLag(126.97 + i * 0.001, 37.55);
-    QVERIFY(map.page() == nullptr); // no engine for a map that nobody has opened
+    QVERIFY(map.engine() == nullptr); // no engine for a map that nobody has opened
     QVERIFY(open(map));
     QVERIFY(ask(map, car, QStringLiteral("126.980000 37.550000")));
     QVERIFY(ask(map, driven, QStringLiteral("11")));
@@ -206,7 +205,7 @@ void MapPageTest::positionsMoveTheCarAndTheMap()
 {
     MapView map;
     QVERIFY(open(map));
-    map.page()->runJavaScript(QStringLiteral("setLatLag('126.979361','37.552057')"));
+    map.engine()->run(QStringLiteral("setLatLag('126.979361','37.552057')"), [](const QVariant&) {});
     QVERIFY(ask(map, car, QStringLiteral("126.979361 37.552057")));
     QVERIFY(ask(map, centre, QStringLiteral("126.9794 37.5521")));
 
@@ -250,7 +249,7 @@ void MapPageTest::draggingStopsFollowing()
     map.setLatLag(126.98, 37.55);
     QVERIFY(open(map));
     QVERIFY(ask(map, centre, QStringLiteral("126.9800 37.5500")));
-    QWidget* web = map.findChild<QWebEngineView*>()->focusProxy();
+    QWidget* web = map.engine()->view()->focusProxy();
     QVERIFY(web);
     QVERIFY(QTest::qWaitForWindowExposed(&map));
     const QPoint start(160, 300);
@@ -281,7 +280,7 @@ void MapPageTest::keysStayWithTheWindow()
     connect(shortcut, &QShortcut::activated, this, [&pressed] { ++pressed; });
     window.show();
     QVERIFY(QTest::qWaitFor([&] { return map->isReady(); }, 20'000));
-    QWidget* web = map->findChild<QWebEngineView*>()->focusProxy();
+    QWidget* web = map->engine()->view()->focusProxy();
     window.activateWindow();
     QTRY_VERIFY(window.isActiveWindow());
     QTest::mouseClick(web, Qt::LeftButton, {}, QPoint(200, 250));
@@ -382,8 +381,8 @@ void MapPageTest::aDeadPageComesBackAsItWas()
         map.setLatLag(126.97 + i * 0.001, 37.55);
     QVERIFY(open(map));
     QVERIFY(ask(map, driven, QStringLiteral("11")));
-    QVERIFY(map.page()->renderProcessPid() > 0);
-    ::kill(static_cast<pid_t>(map.page()->renderProcessPid()), SIGKILL);
+    QVERIFY(map.engine()->processId() > 0);
+    ::kill(static_cast<pid_t>(map.engine()->processId()), SIGKILL);
     QTRY_VERIFY(!map.isReady());
     map.setLatLag(126.981, 37.55);
     QTRY_VERIFY_WITH_TIMEOUT(map.isReady(), 20'000);
@@ -403,7 +402,7 @@ void MapPageTest::withoutAnEngineTheWindowLives()
     map.newRecording();
     map.setLatLag(1, 2);
     map.MRVDebug(QStringLiteral("x"));
-    QVERIFY(map.page() == nullptr);
+    QVERIFY(map.engine() == nullptr);
     before.isEmpty() ? qunsetenv("QTWEBENGINEPROCESS_PATH") : qputenv("QTWEBENGINEPROCESS_PATH", before);
 }
 
@@ -424,8 +423,7 @@ void MapPageTest::mapWindow()
 
 int main(int argc, char** argv)
 {
-    if (::geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    prepareForMaps();
     QStandardPaths::setTestModeEnabled(true);
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("marvo-tests"));

@@ -8,6 +8,7 @@
 #include "viewer/Appearance.h"
 #include "viewer/FolderMemory.h"
 #include "viewer/FullScreenControlBar.h"
+#include "viewer/MapSurface.h"
 #include "viewer/ListEmptyState.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/RecordingFilterBar.h"
@@ -372,7 +373,7 @@ int main(int argc, char** argv)
     const TemporaryFolder home;
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(home.path()));
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    prepareForMaps();
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo-hands-test"));
     QApplication application(argc, argv);

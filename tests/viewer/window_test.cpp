@@ -11,6 +11,7 @@
 #include "viewer/Appearance.h"
 #include "viewer/GraphView.h"
 #include "viewer/LanguagePreference.h"
+#include "viewer/MapSurface.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/VideoView.h"
@@ -477,7 +478,7 @@ void WindowTest::panelsOpenOnceAndGoWithTheWindow()
 
 int main(int argc, char** argv)
 {
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    prepareForMaps();
     QApplication application(argc, argv);
     WindowTest test;
     return QTest::qExec(&test, argc, argv);

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "viewer/MapTileSource.h"
-
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlRequestInterceptor>
 
+#include <functional>
 #include <memory>
 
 namespace marvo {
@@ -19,12 +18,12 @@ class MapRequestFilter : public QWebEngineUrlRequestInterceptor
     Q_OBJECT
 
 public:
-    explicit MapRequestFilter(MapTileSource tiles, QObject* parent = nullptr);
+    explicit MapRequestFilter(std::function<bool(const QUrl&)> mayFetch, QObject* parent = nullptr);
 
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
 private:
-    const MapTileSource m_tiles;
+    const std::function<bool(const QUrl&)> m_mayFetch;
 };
 
 /// The one browser profile of all map pages, with the disk cache that keeps the tiles seen before.
@@ -38,7 +37,8 @@ class MapPage : public QWebEnginePage
     Q_OBJECT
 
 public:
-    MapPage(QWebEngineProfile* profile, const QUrl& address, const MapTileSource& tiles, QObject* parent);
+    MapPage(QWebEngineProfile* profile, const QUrl& address, std::function<bool(const QUrl&)> mayFetch,
+            QObject* parent);
 
     /// Loads the page, also again after its process has died.
     void start();

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/MapPage.h"
+#include "webmap/MapPage.h"
 
 #include <QDesktopServices>
 #include <QLoggingCategory>
@@ -18,8 +18,8 @@ constexpr int cacheBytes = 64 * 1024 * 1024;
 
 } // namespace
 
-MapRequestFilter::MapRequestFilter(MapTileSource tiles, QObject* parent)
-    : QWebEngineUrlRequestInterceptor(parent), m_tiles(std::move(tiles))
+MapRequestFilter::MapRequestFilter(std::function<bool(const QUrl&)> mayFetch, QObject* parent)
+    : QWebEngineUrlRequestInterceptor(parent), m_mayFetch(std::move(mayFetch))
 {}
 
 void MapRequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info)
@@ -27,8 +27,7 @@ void MapRequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info)
     const QUrl url = info.requestUrl();
     if (url.scheme() == QLatin1String("qrc") || url.scheme() == QLatin1String("data"))
         return;
-    const bool isTile =
-        m_tiles.serves(url) && info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
+    const bool isTile = m_mayFetch(url) && info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
     if (!isTile) {
         qCWarning(logMap) << "request blocked:" << url.toDisplayString();
         info.block(true);
@@ -56,10 +55,11 @@ std::shared_ptr<QWebEngineProfile> sharedMapProfile()
     return profile;
 }
 
-MapPage::MapPage(QWebEngineProfile* profile, const QUrl& address, const MapTileSource& tiles, QObject* parent)
+MapPage::MapPage(QWebEngineProfile* profile, const QUrl& address, std::function<bool(const QUrl&)> mayFetch,
+                 QObject* parent)
     : QWebEnginePage(profile, parent), m_address(address)
 {
-    setUrlRequestInterceptor(new MapRequestFilter(tiles, this));
+    setUrlRequestInterceptor(new MapRequestFilter(std::move(mayFetch), this));
     for (const auto attribute :
          {QWebEngineSettings::PluginsEnabled, QWebEngineSettings::PdfViewerEnabled,
           QWebEngineSettings::LocalStorageEnabled, QWebEngineSettings::WebGLEnabled,
