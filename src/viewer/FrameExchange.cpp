@@ -12,23 +12,24 @@ constexpr int LargestWidth = 8192;
 constexpr int LargestHeight = 4320;
 } // namespace
 
-bool FrameExchange::setSize(QSize size)
+bool FrameExchange::setFormat(QSize size, PixelLayout layout)
 {
     if (size.isEmpty() || size.width() > LargestWidth || size.height() > LargestHeight)
         return false;
-    QImage first(size, QImage::Format_RGB32);
+    VideoFrame first(size, layout);
     const std::scoped_lock lock(m_mutex);
     m_size = size;
+    m_layout = layout;
     m_writing = std::move(first);
     return !m_writing.isNull();
 }
 
-uchar* FrameExchange::beginWriting()
+const VideoFrame& FrameExchange::beginWriting()
 {
-    const QSize size = this->size();
-    if (m_writing.size() != size)
-        m_writing = QImage(size, QImage::Format_RGB32);
-    return m_writing.bits(); // a copy that is held elsewhere stays as it is
+    const std::scoped_lock lock(m_mutex);
+    if (m_writing.size() != m_size || m_writing.layout() != m_layout)
+        m_writing = VideoFrame(m_size, m_layout);
+    return m_writing;
 }
 
 bool FrameExchange::publish()
@@ -38,12 +39,11 @@ bool FrameExchange::publish()
     return !std::exchange(m_isWaitingNew, true);
 }
 
-QImage FrameExchange::exchange(QImage shown)
+VideoFrame FrameExchange::exchange(VideoFrame shown)
 {
     const std::scoped_lock lock(m_mutex);
-    if (!std::exchange(m_isWaitingNew, false))
-        return shown;
-    std::swap(shown, m_waiting);
+    if (std::exchange(m_isWaitingNew, false))
+        std::swap(shown, m_waiting);
     return shown;
 }
 

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QImage>
-#include <QSize>
+#include "viewer/VideoFrame.h"
 
 #include <mutex>
 
@@ -15,17 +14,16 @@ namespace marvo {
 class FrameExchange
 {
 public:
-    /// Decoder: the size of the pictures to come. False when it is no size for a picture or there is no
+    /// Decoder: what the pictures to come are like. False when it is no size for a picture or there is no
     /// memory for one.
-    bool setSize(QSize size);
-    /// Decoder: the buffer to write the next picture into, rows of 4 bytes a pixel (blue, green, red, unused)
-    /// without gaps; null without memory.
-    uchar* beginWriting();
+    bool setFormat(QSize size, PixelLayout layout);
+    /// Decoder: the frame to write the next picture into; null without memory.
+    const VideoFrame& beginWriting();
     /// Decoder: the picture is complete. True when the reader has not been told of one yet.
     bool publish();
 
     /// Reader: the newest picture in exchange for the one shown so far; the same one when there is no newer.
-    QImage exchange(QImage shown);
+    VideoFrame exchange(VideoFrame shown);
 
     /// Either side; null before the first picture.
     QSize size() const;
@@ -33,8 +31,9 @@ public:
 private:
     mutable std::mutex m_mutex; // guards all but the pixels of m_writing, which are the decoder's
     QSize m_size;
-    QImage m_writing;
-    QImage m_waiting;
+    PixelLayout m_layout = PixelLayout::I420;
+    VideoFrame m_writing;
+    VideoFrame m_waiting;
     bool m_isWaitingNew = false;
 };
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPaintEvent>
 
+#include <cmath>
 #include <utility>
 
 namespace marvo {
@@ -14,23 +15,31 @@ VideoView::VideoView(QWidget* parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent); // every pixel is painted: no background is drawn first
 }
 
-void VideoView::setImage(QImage image)
+void VideoView::setFrame(VideoFrame frame)
 {
-    m_image = std::move(image);
+    m_frame = std::move(frame);
+    m_hasChanged = true;
     update();
 }
 
-QImage VideoView::takeImage() { return std::exchange(m_image, QImage()); }
+VideoFrame VideoView::takeFrame() { return std::exchange(m_frame, VideoFrame()); }
 
 void VideoView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    if (m_image.isNull()) {
+    const qreal ratio = devicePixelRatioF();
+    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
+                       static_cast<int>(std::ceil(height() * ratio)));
+    // What lies over the picture has the view painted as well, with the frame that it has shown already.
+    if (std::exchange(m_hasChanged, false) || m_paintedFor != pixels)
+        m_picture = &m_converter.convert(m_frame, pixels);
+    m_paintedFor = pixels;
+    if (m_picture->isNull()) {
         painter.fillRect(event->rect(), Qt::black);
         return;
     }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(rect(), m_image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture->size() != pixels);
+    painter.drawImage(rect(), *m_picture);
 }
 
 } // namespace marvo

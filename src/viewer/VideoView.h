@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QImage>
+#include "viewer/VideoFrame.h"
+
 #include <QWidget>
 
 namespace marvo {
@@ -14,18 +15,22 @@ class VideoView : public QWidget
 public:
     explicit VideoView(QWidget* parent = nullptr);
 
-    /// The picture shown, in the video's own size; null while there is none.
-    const QImage& image() const { return m_image; }
-    void setImage(QImage image);
+    /// The picture shown, in the video's own size, made for each call; null while there is none.
+    QImage image() const { return m_frame.toImage(); }
+    void setFrame(VideoFrame frame);
     /// Takes the picture away so that its memory can serve the next one; the view keeps what it has painted
     /// until then.
-    QImage takeImage();
+    VideoFrame takeFrame();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QImage m_image;
+    VideoFrame m_frame;
+    FrameConverter m_converter;
+    const QImage* m_picture = nullptr; ///< the converter's of m_frame, for a view of m_paintedFor pixels
+    QSize m_paintedFor;
+    bool m_hasChanged = true;
 };
 
 } // namespace marvo

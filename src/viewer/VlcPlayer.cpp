@@ -192,7 +192,7 @@ void VlcPlayer::retire()
     m_unreportedPauses = 0;
     m_intent = Intent::Pause;
     if (m_view)
-        m_view->setImage({});
+        m_view->setFrame({});
 }
 
 void VlcPlayer::setState(State state)
@@ -444,7 +444,7 @@ void VlcPlayer::handleFrame()
     // The picture shown goes back before the next is fetched, so that no copy of one is ever made for
     // showing.
     if (m_view)
-        m_view->setImage(m_session->frames().exchange(m_view->takeImage()));
+        m_view->setFrame(m_session->frames().exchange(m_view->takeFrame()));
     else
         m_session->frames().exchange({});
     m_isSeekShown = true;

@@ -11,6 +11,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <mutex>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -43,6 +44,17 @@ bool isSoundOutputChosen()
     const std::scoped_lock lock(shared.mutex);
     return std::any_of(shared.extraOptions.cbegin(), shared.extraOptions.cend(),
                        [](const QByteArray& option) { return option.startsWith("--aout="); });
+}
+
+/// The layout to have pictures in, and libVLC's name for it: the decoder's own, which saves turning them into
+/// another, or the most usual one.
+std::pair<PixelLayout, std::string_view> layoutFor(std::string_view chroma)
+{
+    using enum PixelLayout;
+    constexpr std::array<std::pair<PixelLayout, std::string_view>, 6> layouts = {
+        {{I420, "I420"}, {I422, "I422"}, {I444, "I444"}, {J420, "J420"}, {J422, "J422"}, {J444, "J444"}}};
+    const auto known = std::ranges::find(layouts, chroma, &decltype(layouts)::value_type::second);
+    return known != layouts.end() ? *known : layouts.front();
 }
 
 } // namespace
@@ -115,19 +127,24 @@ struct VlcSession::Callbacks
             *height = trueHeight;
         }
         constexpr unsigned LargestInt = 0x7FFF'FFFFU;
+        const auto [layout, name] = layoutFor(std::string_view(chroma, 4));
         if (*width > LargestInt || *height > LargestInt ||
-            !self.m_frames.setSize({static_cast<int>(*width), static_cast<int>(*height)}))
+            !self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout))
             return 0;
-        std::memcpy(chroma, "RV32", 4);
-        *pitches = *width * 4;
-        *lines = *height;
+        name.copy(chroma, 4);
+        std::size_t i = 0;
+        for (const VideoFrame::Plane& plane : self.m_frames.beginWriting().planes()) {
+            pitches[i] = static_cast<unsigned>(plane.pitch);
+            lines[i++] = static_cast<unsigned>(plane.lines);
+        }
         return 1;
     }
 
     static void* lock(void* opaque, void** planes)
     {
         VlcSession& self = session(opaque);
-        *planes = self.m_frames.beginWriting();
+        for (const VideoFrame::Plane& plane : self.m_frames.beginWriting().planes())
+            *planes++ = plane.pixels;
         return nullptr;
     }
 

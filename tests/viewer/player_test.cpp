@@ -7,12 +7,15 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <memory>
 
 #include <sys/stat.h>
@@ -49,6 +52,16 @@ private:
             return std::abs(number * 1000LL / test::FilmFps - player.timeMs());
         }
     };
+
+    static VideoFrame oneColour(QSize size, PixelLayout layout, std::array<int, 3> values)
+    {
+        VideoFrame frame(size, layout);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const VideoFrame::Plane& plane = frame.planes()[i];
+            std::memset(plane.pixels, values[i], static_cast<std::size_t>(plane.pitch * plane.lines));
+        }
+        return frame;
+    }
 
     QTemporaryDir m_folder;
     QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
@@ -432,12 +445,74 @@ private Q_SLOTS:
         Stage stage;
         stage.view.resize(300, 400); // not the film's shape
         QCOMPARE(stage.view.grab().toImage().pixelColor(150, 200), QColor(Qt::black));
-        QImage picture(64, 36, QImage::Format_RGB32);
-        picture.fill(Qt::red);
-        stage.view.setImage(picture);
-        const QImage shown = stage.view.grab().toImage();
-        for (const QPoint corner : {QPoint(0, 0), QPoint(299, 0), QPoint(0, 399), QPoint(299, 399)})
-            QCOMPARE(shown.pixelColor(corner), QColor(Qt::red));
+        // Smaller than the view, larger, of sides that halve and that do not.
+        for (const QSize size : {QSize(64, 36), QSize(1920, 1080), QSize(1201, 801), QSize(301, 399)}) {
+            stage.view.setFrame(oneColour(size, PixelLayout::J420, {255, 128, 128}));
+            QCOMPARE(stage.view.image().size(), size);
+            const QImage shown = stage.view.grab().toImage();
+            for (const QPoint corner : {QPoint(0, 0), QPoint(299, 0), QPoint(0, 399), QPoint(299, 399)})
+                QCOMPARE(shown.pixelColor(corner), QColor(Qt::white));
+        }
+        stage.view.takeFrame();
+        QCOMPARE(stage.view.grab().toImage().pixelColor(150, 200), QColor(Qt::white)); // until another comes
+    }
+
+    void coloursAreTheFilms_data()
+    {
+        QTest::addColumn<QString>("options");
+        QTest::addColumn<QSize>("size");
+        const QString h264 = QStringLiteral("-c:v libx264 -pix_fmt yuv420p");
+        QTest::newRow("television, small") << h264 << QSize(320, 180);
+        QTest::newRow("television, large")
+            << QStringLiteral("-vf scale=out_color_matrix=bt709 ") + h264 << QSize(1280, 720);
+        QTest::newRow("not whole blocks") << h264 << QSize(324, 182);
+        for (const char* layout : {"yuvj420p", "yuvj422p", "yuvj444p"})
+            QTest::newRow(layout) << QStringLiteral("-c:v mjpeg -q:v 2 -pix_fmt ") + QLatin1String(layout)
+                                  << QSize(320, 180);
+        QTest::newRow("422") << QStringLiteral("-c:v libx264 -pix_fmt yuv422p") << QSize(320, 180);
+        QTest::newRow("none of ours") << QStringLiteral("-c:v rawvideo -pix_fmt yuyv422") << QSize(320, 180);
+    }
+
+    void coloursAreTheFilms()
+    {
+        QFETCH(QString, options);
+        QFETCH(QSize, size);
+        const QString source = QStringLiteral("color=0x%3:s=%1x%2:r=10:d=1");
+        const auto input = [&](const char* colour) {
+            return source.arg(size.width() / 2).arg(size.height()).arg(QLatin1String(colour));
+        };
+        QStringList arguments = QStringLiteral("-loglevel error -y").split(QLatin1Char(' '));
+        for (const char* colour : {"c03020", "2040d0"})
+            arguments += {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"), input(colour)};
+        const QString beside = QStringLiteral("[0][1]hstack[v]");
+        const bool hasFilter = options.startsWith(QLatin1String("-vf "));
+        QStringList codec = options.split(QLatin1Char(' '));
+        arguments += {QStringLiteral("-filter_complex"),
+                      hasFilter ? QStringLiteral("[0][1]hstack,%1[v]").arg(codec[1]) : beside,
+                      QStringLiteral("-map"), QStringLiteral("[v]")};
+        arguments += (hasFilter ? codec.mid(2) : codec) + QStringList(file("colours.avi"));
+        QCOMPARE(QProcess::execute(QStringLiteral("ffmpeg"), arguments), 0);
+
+        Stage stage;
+        stage.start(file("colours.avi"));
+        QTRY_COMPARE(stage.player.state(), State::Playing);
+        QCOMPARE(stage.player.videoSize(), size);
+        constexpr int tolerance = 10; // what coding takes, and arithmetic of eight bits
+        const auto isLike = [](const QColor& seen, const QColor& meant) {
+            return std::abs(seen.red() - meant.red()) <= tolerance &&
+                   std::abs(seen.green() - meant.green()) <= tolerance &&
+                   std::abs(seen.blue() - meant.blue()) <= tolerance;
+        };
+        stage.view.resize(100, 60);
+        for (const QImage& picture : {stage.player.currentFrame(), stage.view.grab().toImage()}) {
+            const int middle = picture.height() / 2;
+            const QColor left = picture.pixelColor(picture.width() / 4, middle);
+            const QColor right = picture.pixelColor(picture.width() * 3 / 4, middle);
+            QVERIFY2(isLike(left, QColor(0xc0, 0x30, 0x20)), qPrintable(left.name()));
+            QVERIFY2(isLike(right, QColor(0x20, 0x40, 0xd0)), qPrintable(right.name()));
+            const QColor edge = picture.pixelColor(picture.width() - 1, picture.height() - 1);
+            QVERIFY2(isLike(edge, QColor(0x20, 0x40, 0xd0)), qPrintable(edge.name()));
+        }
     }
 };
 

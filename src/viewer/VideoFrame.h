@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QSize>
+
+#include <array>
+#include <memory>
+
+namespace marvo {
+
+/// How a decoded picture lies in memory: a plane of brightness and two of colour, a byte a value, under the
+/// names that video software has for it. Of the colours there is one value for 2 x 2 pixels (420), for 2 x 1
+/// (422) or for each (444); values go from 16 to 235 as in television (I) or from 0 to 255 as in JPEG (J).
+enum class PixelLayout { I420, I422, I444, J420, J422, J444 };
+
+/// A picture as the decoder leaves it, which is a third of what it takes in colours for the screen. It can be
+/// moved, not copied.
+class VideoFrame
+{
+public:
+    struct Plane
+    {
+        uchar* pixels;
+        int pitch; ///< bytes from a line to the next
+        int lines; ///< with those below the picture, which decoders that work in blocks may write
+    };
+
+    VideoFrame() = default;
+    /// A picture to be written; null when there is no memory for one.
+    VideoFrame(QSize size, PixelLayout layout);
+    VideoFrame(VideoFrame&& other) noexcept { swap(other); }
+    VideoFrame& operator=(VideoFrame&& other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+    ~VideoFrame() = default;
+
+    bool isNull() const { return m_memory == nullptr; }
+    QSize size() const { return m_size; }
+    PixelLayout layout() const { return m_layout; }
+    /// Brightness, blue and red difference.
+    const std::array<Plane, 3>& planes() const { return m_planes; }
+
+    /// The picture in its own size; null when the frame is.
+    QImage toImage() const;
+
+private:
+    void swap(VideoFrame& other) noexcept;
+
+    QSize m_size;
+    PixelLayout m_layout = PixelLayout::I420;
+    std::array<Plane, 3> m_planes{};
+    std::unique_ptr<uchar[]> m_memory;
+};
+
+/// Turns the frames of a film into pictures for the screen, one after the other in the same memory.
+class FrameConverter
+{
+public:
+    /// The frame in colours, 4 bytes a pixel. Where both sides of `size` are smaller than the frame's it is
+    /// scaled down to that; to enlarge it is left to whoever draws it, as only a part of it may be seen.
+    /// The picture stays until the next call; null when the frame is or there is no memory.
+    const QImage& convert(const VideoFrame& frame, QSize size);
+
+private:
+    const VideoFrame& scaledDown(const VideoFrame& frame, QSize size);
+
+    std::array<VideoFrame, 4> m_halves; ///< a half, a quarter and so on
+    VideoFrame m_scaled;
+    QImage m_image;
+};
+
+} // namespace marvo
