@@ -143,24 +143,25 @@ def driving_log_csv():
 
 
 def soak_folders():
-    """Two folders of 100 recordings each: the clips of a demo card, and short ones of H.264."""
-    card = _made_once("demo-card", lambda path: subprocess.run([CLI, "demo", path], check=True, capture_output=True))
+    """Two folders of 100 recordings each, of H.264 and of motion JPEG; so short that 200 are played in ten minutes."""
+    seconds = "4"
 
-    def clip(path):
+    def clip(path, codec):
         cut = DATA / "cut.avi"
-        subprocess.run(["ffmpeg", "-hide_banner", "-loglevel", "error", "-y", "-i", film(), "-t", "8", "-vf",
-                        "scale=640:360", "-c:v", "libx264", "-preset", "veryfast", "-bf", "0", "-c:a", "copy", cut],
-                       check=True)
-        subprocess.run([tool("splice"), cut, path, "8", "end"], check=True)
+        subprocess.run(["ffmpeg", "-hide_banner", "-loglevel", "error", "-y", "-i", film(), "-t", seconds, "-vf",
+                        "scale=640:360", *codec, "-c:a", "copy", cut], check=True)
+        subprocess.run([tool("splice"), cut, path, seconds, "end"], check=True)
         cut.unlink()
-    sources = ([_made_once("clip.avi", clip)], sorted(card.rglob("*.avi")))
+    codecs = {"h264": ["-c:v", "libx264", "-preset", "veryfast", "-bf", "0"],
+              "mjpeg": ["-c:v", "mjpeg", "-q:v", "4", "-pix_fmt", "yuvj422p"]}
     folders = []
-    for number, films in enumerate(sources):
-        folder = DATA / f"soak-{number}"
+    for name, codec in codecs.items():
+        source = _made_once(f"clip-{name}.avi", lambda path, codec=codec: clip(path, codec))
+        folder = DATA / f"soak-{name}"
         folder.mkdir(exist_ok=True)
         for i in range(100):
-            name = folder / f"alwa_20240517_{10 + i // 60}{i % 60:02d}00_F.avi"
-            if not name.exists():
-                os.link(films[i % len(films)], name)
+            recording_name = folder / f"alwa_20240517_{10 + i // 60}{i % 60:02d}00_F.avi"
+            if not recording_name.exists():
+                os.link(source, recording_name)
         folders.append(folder)
     return folders

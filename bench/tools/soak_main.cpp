@@ -27,7 +27,7 @@ using namespace marvo;
 namespace {
 
 constexpr int commandMs = 700;
-constexpr int settleMs = 12'000; // the web engine opens its history's journal ten seconds late
+constexpr int settleMs = 12'000;
 
 using Descriptors = std::map<std::string, std::string>; ///< number: what it is of
 
@@ -37,13 +37,19 @@ std::int64_t threads()
     return std::distance(begin(tasks), end(tasks));
 }
 
+/// The web engine opens the journals of its history and icons for each entry and closes them when it likes.
+bool isJournalOfTheWebEngine(const std::string& target)
+{
+    return target.find("/QtWebEngine/") != std::string::npos && target.ends_with("-journal");
+}
+
 Descriptors descriptors()
 {
     Descriptors found;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
         std::error_code gone; // the one that lists them
         const std::filesystem::path target = std::filesystem::read_symlink(entry.path(), gone);
-        if (!gone && !target.native().ends_with("/fd"))
+        if (!gone && !target.native().ends_with("/fd") && !isJournalOfTheWebEngine(target))
             found[entry.path().filename()] = target;
     }
     return found;

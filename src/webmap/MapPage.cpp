@@ -65,7 +65,8 @@ MapPage::MapPage(QWebEngineProfile* profile, const QUrl& address, std::function<
           QWebEngineSettings::LocalStorageEnabled, QWebEngineSettings::WebGLEnabled,
           QWebEngineSettings::ErrorPageEnabled, QWebEngineSettings::FullScreenSupportEnabled,
           QWebEngineSettings::JavascriptCanOpenWindows, QWebEngineSettings::JavascriptCanAccessClipboard,
-          QWebEngineSettings::FocusOnNavigationEnabled, QWebEngineSettings::ShowScrollBars})
+          QWebEngineSettings::FocusOnNavigationEnabled, QWebEngineSettings::ShowScrollBars,
+          QWebEngineSettings::AutoLoadIconsForPage})
         settings()->setAttribute(attribute, false);
 }
 
