@@ -16,7 +16,10 @@ def inspect():
         there = {label: command for label, command in peers.items() if available(command[0])}
         ours, *theirs = commands_in_turn([CLI, "inspect", film], *there.values(), runs=5, warmup=1)
         for label, taken in zip(there, theirs):
-            yield faster(name, ours, label, taken, 15)
+            if end == "zero":
+                yield faster(name, ours, label, taken, 15)
+            else:  # 72 MB are read, which takes cat nearly as long
+                yield reported(name, seconds_text(ours), label, seconds_text(taken), f"{taken / ours:.3g} x faster")
         for label in peers.keys() - there.keys():
             yield left_out(name, label)
 

@@ -99,6 +99,12 @@ def start_vlc(display, film, size, interface="dummy"):
     return display.start(VLC + ["--repeat", f"--intf={interface}", *embedded, str(film)])
 
 
+def start_decoder(display, film):
+    """Decodes a film over and over as fast as it plays, and shows nothing: what is left of a player without the rest."""
+    return display.start(["ffmpeg", "-loglevel", "quiet", "-re", "-stream_loop", "-1", "-threads", "1", "-i", film,
+                          "-map", "0:v", "-f", "null", "-"])
+
+
 def lines_of(display, command):
     """A program whose lines are to be read while it runs."""
     return display.start(command, stdout=subprocess.PIPE, text=True)
