@@ -7,6 +7,7 @@
     <message id="play.error_no_access"><source></source><translation>The file may not be read.</translation></message>
     <message id="play.error_not_a_file"><source></source><translation>This is not a file.</translation></message>
     <message id="play.error_empty"><source></source><translation>The file is empty.</translation></message>
+    <message id="play.error_cannot_read"><source></source><translation>The recording cannot be read: the card is damaged or has been pulled out.</translation></message>
     <message id="play.error_not_avi"><source></source><translation>This is not an AVI recording.</translation></message>
     <message id="play.error_no_video"><source></source><translation>The recording holds no video.</translation></message>
     <message id="play.error_unreadable"><source></source><translation>The recording is damaged: no picture could be read from it.</translation></message>

@@ -7,6 +7,7 @@
     <message id="play.error_no_access"><source></source><translation>파일을 읽을 권한이 없습니다.</translation></message>
     <message id="play.error_not_a_file"><source></source><translation>파일이 아닙니다.</translation></message>
     <message id="play.error_empty"><source></source><translation>파일이 비어 있습니다.</translation></message>
+    <message id="play.error_cannot_read"><source></source><translation>녹화 파일을 읽을 수 없습니다. 메모리 카드가 손상되었거나 분리되었습니다.</translation></message>
     <message id="play.error_not_avi"><source></source><translation>AVI 녹화 파일이 아닙니다.</translation></message>
     <message id="play.error_no_video"><source></source><translation>녹화 파일에 영상이 없습니다.</translation></message>
     <message id="play.error_unreadable"><source></source><translation>녹화 파일이 손상되어 화면을 읽을 수 없습니다.</translation></message>

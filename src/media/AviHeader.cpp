@@ -2,18 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "media/AviHeader.h"
 
+#include "support/FileSource.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
-#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace marvo {
 
@@ -39,39 +36,6 @@ constexpr std::size_t LargestHeaderList = 1024 * 1024;
 constexpr int MostTopLevelChunks = 4096;
 constexpr std::int64_t LongestDurationMs = 7LL * 24 * 3600 * 1000;
 constexpr std::int64_t LengthToleranceMs = 1500;
-
-class File
-{
-public:
-    explicit File(int descriptor) : m_descriptor(descriptor) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    int descriptor() const { return m_descriptor; }
-
-    /// Fills as much of the target as the file has from there on.
-    std::size_t readAt(std::uint64_t offset, std::span<std::uint8_t> target) const
-    {
-        std::size_t filled = 0;
-        while (filled < target.size()) {
-            const ssize_t n = ::pread(m_descriptor, target.data() + filled, target.size() - filled,
-                                      static_cast<off_t>(offset + filled));
-            if (n < 0 && errno == EINTR)
-                continue;
-            if (n <= 0)
-                break;
-            filled += static_cast<std::size_t>(n);
-        }
-        return filled;
-    }
-
-private:
-    int m_descriptor;
-};
 
 using Bytes = std::span<const std::uint8_t>;
 
@@ -180,21 +144,24 @@ bool parseHeaderList(Bytes body, AviHeader& header)
     return videoSeen;
 }
 
-std::optional<AviFault> checkRegularFile(const File& file, std::uint64_t& size)
+AviFault openingFault(int errorNumber)
 {
-    if (file.descriptor() < 0)
-        return errno == EACCES || errno == EPERM   ? AviFault::NoAccess
-               : errno == ENXIO || errno == EISDIR ? AviFault::NotAFile
-                                                   : AviFault::Missing;
-    struct stat facts = {};
-    if (::fstat(file.descriptor(), &facts) != 0)
-        return AviFault::Missing;
-    if (!S_ISREG(facts.st_mode))
+    switch (errorNumber) {
+    case EACCES:
+    case EPERM:
+        return AviFault::NoAccess;
+    case FileSource::notRegular:
+    case EISDIR:
+    case ENXIO: // a socket
         return AviFault::NotAFile;
-    if (facts.st_size <= 0)
-        return AviFault::Empty;
-    size = static_cast<std::uint64_t>(facts.st_size);
-    return std::nullopt;
+    default:
+        return AviFault::Missing;
+    }
+}
+
+std::size_t readAt(FileSource& file, std::uint64_t offset, std::span<std::uint8_t> into)
+{
+    return file.readAt(offset, std::as_writable_bytes(into));
 }
 
 } // namespace
@@ -213,15 +180,21 @@ std::int64_t AviHeader::durationMsBeside(std::int64_t foundLengthMs) const
 
 std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
 {
-    // O_NONBLOCK: opening a pipe must not wait for somebody to write into it.
-    const File file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    FileSource file(path);
+    if (!file.isOpen())
+        return openingFault(file.errorNumber());
+    // What a medium that fails does not give is no fault of the recording.
+    const auto whereReadable = [&file](AviFault fault) {
+        return file.errorNumber() == 0 ? fault : AviFault::CannotRead;
+    };
     AviHeader header;
-    if (const auto fault = checkRegularFile(file, header.fileSizeBytes))
-        return *fault;
+    header.fileSizeBytes = file.size();
+    if (header.fileSizeBytes == 0)
+        return AviFault::Empty;
 
     std::array<std::uint8_t, 12> start{};
-    if (file.readAt(0, start) != start.size() || !hasId(start, 0, "RIFF") || !hasId(start, 8, "AVI "))
-        return AviFault::NotAvi;
+    if (readAt(file, 0, start) != start.size() || !hasId(start, 0, "RIFF") || !hasId(start, 8, "AVI "))
+        return whereReadable(AviFault::NotAvi);
     const std::uint64_t riffEnd =
         std::min<std::uint64_t>(header.fileSizeBytes, ChunkHeaderSize + std::uint64_t{u32(start, 4)});
 
@@ -230,7 +203,7 @@ std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
     std::uint64_t offset = start.size();
     for (int i = 0; i < MostTopLevelChunks && offset + ChunkHeaderSize <= header.fileSizeBytes; ++i) {
         std::array<std::uint8_t, 12> chunk{};
-        if (file.readAt(offset, chunk) < ChunkHeaderSize)
+        if (readAt(file, offset, chunk) < ChunkHeaderSize)
             break;
         const std::uint64_t size = u32(chunk, 4);
         const bool isList = hasId(chunk, 0, "LIST") && size >= 4;
@@ -238,9 +211,9 @@ std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
             std::vector<std::uint8_t> body(static_cast<std::size_t>(std::min<std::uint64_t>(
                 {size - 4, header.fileSizeBytes - std::min(header.fileSizeBytes, offset + 12),
                  LargestHeaderList})));
-            body.resize(file.readAt(offset + 12, body));
+            body.resize(readAt(file, offset + 12, body));
             if (!parseHeaderList(body, header))
-                return AviFault::NoVideo;
+                return whereReadable(AviFault::NoVideo);
             headerSeen = true;
         } else if (isList && hasId(chunk, 8, "movi")) {
             movieSeen = true;
@@ -252,7 +225,7 @@ std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
         offset += ChunkHeaderSize + size + (size & 1U);
     }
     if (!headerSeen)
-        return AviFault::NoVideo;
+        return whereReadable(AviFault::NoVideo);
     return header;
 }
 

@@ -36,6 +36,7 @@ enum class AviFault {
     NoAccess,
     NotAFile, ///< a folder, a pipe, a device
     Empty,
+    CannotRead, ///< the medium fails
     NotAvi,
     NoVideo,
 };

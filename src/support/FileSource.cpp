@@ -11,18 +11,12 @@
 
 namespace marvo {
 
-namespace {
-
-std::string systemMessage(int code) { return std::generic_category().message(code); }
-
-} // namespace
-
 FileSource::FileSource(const std::string& path)
 {
     // Without O_NONBLOCK the opening of a named pipe would wait for its writer.
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (descriptor < 0)
-        m_error = systemMessage(errno);
+        m_error = errno;
     else
         adopt(descriptor);
 }
@@ -46,17 +40,24 @@ void FileSource::adopt(int descriptor)
 {
     struct stat facts;
     if (::fstat(descriptor, &facts) != 0)
-        m_error = systemMessage(errno);
+        m_error = errno;
     else if (S_ISDIR(facts.st_mode))
-        m_error = systemMessage(EISDIR);
+        m_error = EISDIR;
     else if (!S_ISREG(facts.st_mode))
-        m_error = "Not a regular file";
+        m_error = notRegular;
     else
         m_descriptor = descriptor;
     if (isOpen())
         m_size = static_cast<std::uint64_t>(facts.st_size);
     if (m_descriptor < 0)
         ::close(descriptor);
+}
+
+std::string FileSource::error() const
+{
+    if (m_error == notRegular)
+        return "Not a regular file";
+    return m_error != 0 ? std::generic_category().message(m_error) : std::string();
 }
 
 std::size_t FileSource::readAt(std::uint64_t offset, std::span<std::byte> into)
@@ -70,8 +71,8 @@ std::size_t FileSource::readAt(std::uint64_t offset, std::span<std::byte> into)
             ::pread(m_descriptor, into.data() + done, into.size() - done, static_cast<off_t>(position));
         if (count < 0 && errno == EINTR)
             continue;
-        if (count < 0 && m_error.empty())
-            m_error = systemMessage(errno);
+        if (count < 0 && m_error == 0)
+            m_error = errno;
         if (count <= 0)
             break;
         done += static_cast<std::size_t>(count);

@@ -25,7 +25,10 @@ public:
     bool isOpen() const { return m_descriptor >= 0; }
     /// Why the file could not be opened, or else the first reading fault; empty while all is well. One line
     /// in English without a full stop, as the system words it.
-    const std::string& error() const { return m_error; }
+    std::string error() const;
+    /// The same as the system's number (errno), or notRegular; 0 while all is well.
+    int errorNumber() const { return m_error; }
+    static constexpr int notRegular = -1;
     /// Bytes from the beginning of the reading on, when the file was opened; 0 when it could not be.
     std::uint64_t size() const { return m_size > m_start ? m_size - m_start : 0; }
 
@@ -37,7 +40,7 @@ private:
     int m_descriptor = -1;
     std::uint64_t m_start = 0;
     std::uint64_t m_size = 0;
-    std::string m_error;
+    int m_error = 0;
 };
 
 } // namespace marvo

@@ -3,8 +3,8 @@
 #include "viewer/VlcPlayer.h"
 
 #include "media/AviHeader.h"
-#include "texts/Localisation.h"
 #include "platform/ObjectLink.h"
+#include "texts/Localisation.h"
 #include "viewer/VideoView.h"
 #include "viewer/VlcSession.h"
 
@@ -48,6 +48,8 @@ const char* faultKey(AviFault fault)
         return "play.error_not_a_file";
     case AviFault::Empty:
         return "play.error_empty";
+    case AviFault::CannotRead:
+        return "play.error_cannot_read";
     case AviFault::NotAvi:
         return "play.error_not_avi";
     case AviFault::NoVideo:
