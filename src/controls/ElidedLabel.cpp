@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/ElidedLabel.h"
 
+#include "controls/PlainToolTip.h"
+
 namespace marvo {
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent)
@@ -35,7 +37,7 @@ void ElidedLabel::elide()
 {
     const QString shown = fontMetrics().elidedText(m_fullText, Qt::ElideMiddle, contentsRect().width());
     setText(shown);
-    setToolTip(shown == m_fullText ? QString() : m_fullText);
+    setToolTip(shown == m_fullText ? QString() : plainToolTip(m_fullText));
 }
 
 } // namespace marvo

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/DetachedWorkers.h"
 
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -13,13 +14,19 @@ void DetachedWorkers::start(std::function<void()> work)
         const std::scoped_lock lock(m_count->mutex);
         ++m_count->running;
     }
-    std::thread([count = m_count, work = std::move(work)]() mutable {
-        work();
-        work = nullptr; // what it owned is gone before it counts as ended
+    const auto shared = std::make_shared<std::function<void()>>(std::move(work));
+    const auto run = [count = m_count, shared] {
+        (*shared)();
+        *shared = nullptr; // what it owned is gone before it counts as ended
         const std::scoped_lock lock(count->mutex);
         --count->running;
         count->changed.notify_all();
-    }).detach();
+    };
+    try {
+        std::thread(run).detach();
+    } catch (const std::system_error&) {
+        run(); // the system has no thread to give: slow is better than not at all
+    }
 }
 
 bool DetachedWorkers::waitForAll(std::chrono::milliseconds atMost) const

@@ -159,10 +159,6 @@ void GraphView::mouseReleaseEvent(QMouseEvent* event)
 void GraphView::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
-    case Qt::Key_Left:
-        return requestValue(m_timePosition - keyStep);
-    case Qt::Key_Right:
-        return requestValue(m_timePosition + keyStep);
     case Qt::Key_PageDown:
         return requestValue(m_timePosition - keyPage);
     case Qt::Key_PageUp:

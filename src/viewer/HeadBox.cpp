@@ -5,6 +5,7 @@
 #include "controls/ElidedLabel.h"
 #include "controls/ImageButton.h"
 #include "controls/ImageNamed.h"
+#include "controls/PlainToolTip.h"
 #include "texts/Localisation.h"
 #include "viewer/MainWindowCommands.h"
 
@@ -91,7 +92,7 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
 
 void HeadBox::showFolder(const QString& name, const QString& path, const QString& detail)
 {
-    m_folder->setToolTip(path);
+    m_folder->setToolTip(plainToolTip(path));
     m_folderName->setFullText(name);
     m_folderDetail->setFullText(detail);
 }

@@ -3,6 +3,7 @@
 #include "viewer/ListEmptyState.h"
 
 #include "controls/ImageNamed.h"
+#include "controls/PlainToolTip.h"
 #include "texts/Localisation.h"
 
 #include <QLabel>
@@ -109,7 +110,7 @@ void ListEmptyState::setRecentFolders(const QList<RecentFolder>& folders)
         recent->setAutoDefault(false);
         QString shown = recent->fontMetrics().elidedText(folders[i].name, Qt::ElideMiddle, widestRecent);
         recent->setText(QLatin1Char(' ') + shown.replace(QLatin1Char('&'), QStringLiteral("&&")));
-        recent->setToolTip(folders[i].path);
+        recent->setToolTip(plainToolTip(folders[i].path));
         recent->setAccessibleName(folders[i].path);
         connect(recent, &QPushButton::clicked, this, [this, i] { Q_EMIT recentRequested(i); });
         m_recents->addWidget(recent, 0, Qt::AlignHCenter);

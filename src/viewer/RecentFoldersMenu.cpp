@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/RecentFoldersMenu.h"
 
+#include "controls/PlainToolTip.h"
 #include "texts/Localisation.h"
 #include "viewer/FolderMemory.h"
 
@@ -43,7 +44,7 @@ void RecentFoldersMenu::refresh()
         const QString whole = folderPathText(folder.path);
         QString shown = fontMetrics().elidedText(whole, Qt::ElideMiddle, widestEntry);
         QAction* entry = addAction(shown.replace(QLatin1Char('&'), QStringLiteral("&&")));
-        entry->setToolTip(whole);
+        entry->setToolTip(plainToolTip(whole));
         connect(entry, &QAction::triggered, this, [this, path = folder.path] { Q_EMIT folderChosen(path); });
     }
     const bool empty = m_memory.folders().empty();

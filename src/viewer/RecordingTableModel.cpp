@@ -4,6 +4,7 @@
 
 #include "controls/ImageNamed.h"
 #include "controls/InterfaceScale.h"
+#include "controls/PlainToolTip.h"
 #include "media/MRVMediaList.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
@@ -148,7 +149,7 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
         return playing ? QVariant(QGuiApplication::palette().brush(QPalette::Link)) : QVariant();
     case Qt::ToolTipRole:
         return m_unplayable.contains(row) ? localised("viewer.list.unplayable").arg(m_unplayable[row])
-                                          : displayText(media->path());
+                                          : plainToolTip(displayText(media->path()));
     case Qt::AccessibleTextRole:
         return accessibleText(*media, row, index.column());
     case Qt::AccessibleDescriptionRole:

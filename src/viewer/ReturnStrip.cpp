@@ -4,6 +4,7 @@
 
 #include "controls/ImageButton.h"
 #include "controls/ImageNamed.h"
+#include "controls/PlainToolTip.h"
 #include "media/MRVMedia.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
@@ -49,7 +50,7 @@ void ReturnStrip::offer(const MRVMedia& media, std::int64_t timeMs)
                        : fontMetrics().elidedText(displayText(media.fileName()), Qt::ElideMiddle, widestName);
     m_return->setText(localised("hands.return")
                           .arg(name.replace(QLatin1Char('&'), QStringLiteral("&&")), playTimeText(timeMs)));
-    m_return->setToolTip(displayText(media.path()));
+    m_return->setToolTip(plainToolTip(displayText(media.path())));
     show();
 }
 

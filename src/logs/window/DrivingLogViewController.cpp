@@ -108,6 +108,7 @@ void DrivingLogViewController::buildView()
             showPosition(row);
     });
     m_statusLabel = new QLabel(this);
+    m_statusLabel->setTextFormat(Qt::PlainText); // it may name a file
     m_statusLabel->setObjectName(QStringLiteral("statusLabel"));
     m_statusLabel->setWordWrap(true);
 
