@@ -5,7 +5,7 @@
 #include "viewer/MediaPlayer.h"
 #include "viewer/PlaybackHost.h"
 
-#include <QStringList>
+#include <QString>
 
 #include <cmath>
 
@@ -16,7 +16,7 @@ class FakePlayer : public MediaPlayer
 {
     Q_OBJECT
 public:
-    QStringList calls;
+    QString calls;
     std::string path;
     State current = State::Idle;
     std::int64_t nowMs = 0;
@@ -41,22 +41,23 @@ public:
         become(State::Failed);
         Q_EMIT failed(reason);
     }
-    QStringList takeCalls() { return std::exchange(calls, {}); }
+    QString takeCalls() { return std::exchange(calls, {}); }
+    void note(const QString& call) { calls += (calls.isEmpty() ? QString() : QStringLiteral(", ")) + call; }
 
     void setMedia(const std::string& newPath) override
     {
         path = newPath;
         nowMs = 0;
-        calls += path.empty() ? QStringLiteral("no media") : QStringLiteral("media");
+        note(path.empty() ? QStringLiteral("no media") : QStringLiteral("media"));
         become(State::Idle);
     }
     bool hasMedia() const override { return !path.empty(); }
     std::string mediaPath() const override { return path; }
-    void play() override { calls += QStringLiteral("play"); }
-    void pause() override { calls += QStringLiteral("pause"); }
+    void play() override { note(QStringLiteral("play")); }
+    void pause() override { note(QStringLiteral("pause")); }
     void stop() override
     {
-        calls += QStringLiteral("stop");
+        note(QStringLiteral("stop"));
         become(State::Stopped);
     }
     State state() const override { return current; }
@@ -66,19 +67,19 @@ public:
     }
     void setPosition(double positionFraction) override
     {
-        calls += QStringLiteral("position %1").arg(positionFraction, 0, 'f', 4);
+        note(QStringLiteral("position %1").arg(positionFraction, 0, 'f', 4));
         nowMs = std::llround(positionFraction * static_cast<double>(length));
     }
     std::int64_t timeMs() const override { return nowMs; }
     void setTimeMs(std::int64_t timeMs) override
     {
-        calls += QStringLiteral("time %1").arg(timeMs);
+        note(QStringLiteral("time %1").arg(timeMs));
         nowMs = timeMs;
     }
     std::int64_t lengthMs() const override { return length; }
     void jumpForward(int seconds) override
     {
-        calls += QStringLiteral("jump %1").arg(seconds);
+        note(QStringLiteral("jump %1").arg(seconds));
         nowMs += seconds * 1000;
     }
     float rate() const override { return currentRate; }
@@ -94,7 +95,6 @@ public:
 class FakeHost : public PlaybackHost
 {
 public:
-    QStringList calls; ///< what a start asks of the window, in order
     std::int64_t selectedRow = -1;
     std::int64_t unplayableRow = -1;
     QString unplayableReason;
@@ -104,6 +104,7 @@ public:
     int shownVolume = -1;
     int extractionsStarted = 0;
     int extractionsFinished = 0;
+    int fieldsReset = 0;
     QRect frame = {100, 50, 1020, 640};
     bool fullScreen = false;
 
@@ -118,11 +119,7 @@ public:
         if (row == unplayableRow)
             unplayableRow = -1;
     }
-    void showLoading(const QString&) override
-    {
-        calls += QStringLiteral("loading");
-        loadingStopped = false;
-    }
+    void showLoading(const QString&) override { loadingStopped = false; }
     void hideLoading() override { loadingStopped = true; }
     bool isLoadingStopped() const override { return loadingStopped; }
     void setVideoVisible(bool visible) override { videoVisible = visible; }
@@ -131,17 +128,9 @@ public:
     void setPositionSliderValue(double v) override { slider = v; }
     void showVolume(int volume) override { shownVolume = volume; }
     int videoContainerHeight() const override { return 540; }
-    void extractionStarted() override
-    {
-        calls += QStringLiteral("extraction");
-        ++extractionsStarted;
-    }
-    void extractionFinished() override
-    {
-        calls += QStringLiteral("data");
-        ++extractionsFinished;
-    }
-    void resetDataFields() override { calls += QStringLiteral("fields"); }
+    void extractionStarted() override { ++extractionsStarted; }
+    void extractionFinished() override { ++extractionsFinished; }
+    void resetDataFields() override { ++fieldsReset; }
     void updateSideViewButton() override {}
     QRect windowFrame() const override { return frame; }
     QRect screenFrame() const override { return {0, 0, 1920, 1080}; }
