@@ -6,13 +6,10 @@
 #include "people/WindowAudit.h"
 #include "people/WindowGallery.h"
 #include "TemporaryFolder.h"
-#include "texts/Localisation.h"
-#include "viewer/Appearance.h"
 #include "viewer/MapSurface.h"
-#include "viewer/VlcSession.h"
 #include "viewer/window_stage.h"
 
-#include <QStandardPaths>
+#include <QRegularExpression>
 #include <QtTest>
 
 using namespace marvo;
@@ -32,10 +29,7 @@ class PeopleTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
-        QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
-        QCoreApplication::setApplicationName(QStringLiteral("marvo-people-test"));
-        VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
+        test::prepareWindows("marvo-people-test");
         for (const char* name :
              {"AlwaysMovie/alwa_20240517_080000_F.avi", "EventMovie/event_20240517_081530_F.avi",
               "MotionMovie/motion_20240517_083000_R.avi"}) {
@@ -66,6 +60,7 @@ private Q_SLOTS:
         desktopFont.setPointSizeF(desktopPoints);
         QApplication::setFont(desktopFont);
         applyAppearance(*qApp);
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("no image named")));
         QCOMPARE(QApplication::font().pointSizeF(), interfacePointSize(desktopPoints));
 
         qsizetype faults = 0;

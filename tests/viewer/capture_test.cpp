@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 // Captured pictures: the file and what stands in it, and the command as a person gives it.
 #include "TemporaryFolder.h"
-#include "viewer/Appearance.h"
 #include "viewer/CaptureSaveDialog.h"
 #include "viewer/CaptureSnapshots.h"
 #include "viewer/log_lines.h"
-#include "viewer/VlcSession.h"
 #include "viewer/window_stage.h"
 
 #include <libexif/exif-data.h>
@@ -16,7 +14,6 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QLineEdit>
-#include <QStandardPaths>
 
 #include <filesystem>
 
@@ -85,12 +82,7 @@ private Q_SLOTS:
 
 void CaptureTest::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
-    QCoreApplication::setApplicationName(QStringLiteral("marvo-capture-test"));
-    VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
-    QVERIFY(installLanguage(InterfaceLanguage::English));
-    applyAppearance(*qApp);
+    test::prepareWindows("marvo-capture-test");
     QVERIFY(test::writeRecording(m_card.path("alwa_20240517_235958_F.avi"), 20));
 
     // A viewer that writes down what it is given.

@@ -3,12 +3,10 @@
 // Printing, with printers that speak IPP on this machine.
 #include "platform/CupsPrinting.h"
 #include "TemporaryFolder.h"
-#include "viewer/Appearance.h"
 #include "viewer/CaptureFile.h"
 #include "viewer/log_lines.h"
 #include "viewer/PrintController.h"
 #include "viewer/PrintRequest.h"
-#include "viewer/VlcSession.h"
 #include "viewer/window_stage.h"
 
 #include <QAction>
@@ -16,7 +14,6 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -149,12 +146,7 @@ private Q_SLOTS:
 
 void PrintTest::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
-    QCoreApplication::setApplicationName(QStringLiteral("marvo-print-test"));
-    VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
-    QVERIFY(installLanguage(InterfaceLanguage::English));
-    applyAppearance(*qApp);
+    test::prepareWindows("marvo-print-test");
     m_folder.makeFolder("card");
     QVERIFY(test::writeRecording(m_folder.path("card/alwa_20240517_081500_F.avi")));
 }

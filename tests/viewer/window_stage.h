@@ -5,6 +5,8 @@
 #include "demo/DataArea.h"
 #include "demo/Recording.h"
 #include "media/MRVMediaList.h"
+#include "texts/Localisation.h"
+#include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
@@ -12,11 +14,24 @@
 #include "viewer/PlaybackController.h"
 #include "viewer/RecordingListView.h"
 #include "viewer/VlcPlayer.h"
+#include "viewer/VlcSession.h"
 
 #include <QLabel>
+#include <QStandardPaths>
 #include <QtTest>
 
 namespace marvo::test {
+
+/// Before the first window: preferences of the test's own, no sound, English, the application's look.
+inline void prepareWindows(const char* name)
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
+    QCoreApplication::setApplicationName(QLatin1StringView(name));
+    VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
+    QVERIFY(installLanguage(InterfaceLanguage::English));
+    applyAppearance(*qApp);
+}
 
 /// The whole main window as the application makes it, on the screen.
 class WindowStage
