@@ -9,9 +9,8 @@
 namespace marvo::test {
 namespace {
 
-constexpr const char* header =
-    "No.,Seq.,Date,Time,Day,Latitude,Longitude,Distance,Speed,Max. speed,GPS,X,Y,Z,Voltage\n";
-constexpr const char* firstRow =
+constexpr const char* expected =
+    "No.,Seq.,Date,Time,Day,Latitude,Longitude,Distance,Speed,Max. speed,GPS,X,Y,Z,Voltage\n"
     "1,0,2024/03/07,09:05:00,THU,3733.0000,12658.0040,1234.5,60,95,A,+1.00,-0.50,+0.00,12.5\n";
 
 TEST(LogCommand, writesTheTextOfTheExport)
@@ -20,7 +19,7 @@ TEST(LogCommand, writesTheTextOfTheExport)
     const std::string log = folder.write("marvo_000.drv", drivingLog(1, 1));
     const CliRun toStdout = runCli({"log", log, "--csv", "-"});
     EXPECT_EQ(toStdout.exitCode, 0);
-    EXPECT_EQ(toStdout.output, std::string(header) + firstRow);
+    EXPECT_EQ(toStdout.output, expected);
     EXPECT_EQ(toStdout.errors, "");
 
     const CliRun toFile = runCli({"log", "--csv", folder.path("out.csv"), "--", log});
@@ -30,18 +29,13 @@ TEST(LogCommand, writesTheTextOfTheExport)
 
     const CliRun obd = runCli({"log", folder.write("A.OBD", logHeader(0)), "--csv", "-"});
     EXPECT_EQ(obd.exitCode, 0);
-    EXPECT_EQ(obd.output.substr(0, 30), "No.,Seq.,Date,Time,Day,Latitud");
     EXPECT_EQ(std::ranges::count(obd.output, ','), 25);
-}
 
-TEST(LogCommand, writesWhatIsThereOfACutLog)
-{
-    const TemporaryFolder folder;
-    const std::string log = folder.write("a.drv", drivingLog(0xFFFFFFFF, 1) + "half");
-    const CliRun run = runCli({"log", log, "--csv", "-"});
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.output, std::string(header) + firstRow);
-    EXPECT_NE(run.errors.find("1 of 4294967295 records; the file ends early"), std::string::npos);
+    const std::string cut = folder.write("cut.drv", drivingLog(0xFFFFFFFF, 1) + "half");
+    const CliRun ofCut = runCli({"log", cut, "--csv", "-"});
+    EXPECT_EQ(ofCut.exitCode, 0);
+    EXPECT_EQ(ofCut.output, toStdout.output);
+    EXPECT_NE(ofCut.errors.find("1 of 4294967295 records; the file ends early"), std::string::npos);
 }
 
 TEST(LogCommand, refuses)

@@ -113,17 +113,12 @@ private Q_SLOTS:
     void tableShowsWhatTheDescriptionSays()
     {
         QVERIFY(load(m_folder.write("a.drv", drivingLog(3, 2))));
-        QCOMPARE(m_view->flashDataNum(), std::int64_t{2});
         QCOMPARE(status(), QStringLiteral("2 of 3 records; the file ends early"));
-        QCOMPARE(table().horizontalHeader()->count(), 15);
-        QCOMPARE(table().model()->headerData(11, Qt::Horizontal), QVariant(QStringLiteral("X")));
         QCOMPARE(table().model()->index(1, 5).data(), QVariant(QStringLiteral("3733.0001")));
         QCOMPARE(m_view->stringForColumnIndex(5, 2), QString());
         for (const LogDescription* log : {&flashDataLog(), &obdDriveInfoLog()}) {
-            const QStringList names = logColumnNames(*log);
-            for (const QString& name : names)
-                QVERIFY2(!name.startsWith(QLatin1String("setting.")), qPrintable(name));
-            QVERIFY2(!names.join(QString()).contains(u','), "a comma would end a title in an export");
+            QVERIFY2(!logColumnNames(*log).join(QString()).contains(u','),
+                     "it would end a title in an export");
         }
     }
 
@@ -150,14 +145,10 @@ private Q_SLOTS:
         QTRY_VERIFY(message());
         QCOMPARE(message()->informativeText(), QStringLiteral("“short.drv” is not a driving log."));
         QCOMPARE(m_view->flashDataNum(), std::int64_t{2});
-    }
-
-    void emptyLogExportsNothing()
-    {
         QVERIFY(load(m_folder.write("a.drv", drivingLog(0, 0))));
         QVERIFY(!part<QPushButton>("exportButton").isEnabled());
         m_view->onSaveCSVFile();
-        QVERIFY(!m_view->findChild<QFileDialog*>());
+        QVERIFY(!m_view->findChild<QFileDialog*>()); // there is nothing to export
     }
 
     /// Two reads and an export at once: each on its own data, and the log asked for last is shown.
@@ -197,50 +188,31 @@ private Q_SLOTS:
         panel->selectFile(QStringLiteral("by_hand"));
         QMetaObject::invokeMethod(panel, "accept");
         QTRY_VERIFY(message());
-        QCOMPARE(message()->text(), QStringLiteral("MARVO"));
         QCOMPARE(message()->informativeText(), localised("msg.saved").trimmed());
         QVERIFY(m_folder.read("by_hand.csv").starts_with("No.,Seq.,Date,"));
     }
 
-    void exportThatFailsSaysSo_data()
-    {
-        QTest::addColumn<QString>("fault");
-        QTest::addColumn<QString>("reason");
-        QTest::newRow("full") << "full" << localised("log.export.full");
-        QTest::newRow("read-only") << "read-only" << localised("log.export.protected");
-        QTest::newRow("the log itself") << "same" << localised("log.export.same_file");
-    }
-
     void exportThatFailsSaysSo()
     {
-        QFETCH(QString, fault);
-        QFETCH(QString, reason);
-        QVERIFY(load(m_folder.write("a.drv", drivingLog(2000, 2000))));
         MountedFolder mounted(m_folder.makeFolder("disk"));
         if (!mounted.isMounted)
             QSKIP("mounting takes the rights of an administrator");
+        QVERIFY(load(m_folder.write("a.drv", drivingLog(2000, 2000))));
         m_folder.write("disk/out.csv", "old");
-        if (fault == QLatin1String("read-only"))
-            QVERIFY(mounted.makeReadOnly());
-        m_view->doWriteCSVFile(m_folder.path(fault == QLatin1String("same") ? "a.drv" : "disk/out.csv"));
-        QTRY_VERIFY(message());
-        QCOMPARE(message()->text(), QStringLiteral("MARVO"));
-        QVERIFY2(message()->informativeText().contains(reason), qPrintable(message()->informativeText()));
-        QCOMPARE(m_folder.read("disk/out.csv"), std::string("old"));
-        QCOMPARE(std::distance(std::filesystem::directory_iterator(m_folder.path("disk")), {}), 1);
-    }
-
-    void sheetThatHasGoneShowsNoProgress()
-    {
-        LoadingSheet sheet(m_view.get());
-        sheet.showLoading(QStringLiteral("Saving..."), [] {});
-        sheet.setProgress(30);
-        const auto* bar = sheet.findChild<PMProgressIndicator*>();
-        QCOMPARE(bar->doubleValue(), 30.0);
-        sheet.hideLoading();
-        QTRY_VERIFY(!sheet.isVisible());
-        sheet.setProgress(60); // an export that stood still for too long goes on
-        QCOMPARE(bar->doubleValue(), bar->minValue());
+        const std::pair<const char*, const char*> rows[] = {{"disk/out.csv", "log.export.full"},
+                                                            {"a.drv", "log.export.same_file"},
+                                                            {"disk/out.csv", "log.export.protected"}};
+        for (const auto& [file, reason] : rows) {
+            if (QLatin1String(reason).endsWith(QLatin1String("protected")))
+                QVERIFY(mounted.makeReadOnly());
+            m_view->doWriteCSVFile(m_folder.path(file));
+            QTRY_VERIFY(message());
+            QVERIFY2(message()->informativeText().contains(localised(reason)), reason);
+            message()->close();
+            QTRY_VERIFY(!message());
+            QCOMPARE(m_folder.read("disk/out.csv"), std::string("old"));
+            QCOMPARE(std::distance(std::filesystem::directory_iterator(m_folder.path("disk")), {}), 1);
+        }
     }
 
     void exportIsCancelled()
@@ -259,6 +231,9 @@ private Q_SLOTS:
         QTRY_VERIFY(!sheet.isVisible());
         QCOMPARE(m_folder.read("out.csv"), std::string("old"));
         QVERIFY2(!QTest::qWaitFor([&] { return message() != nullptr; }, 700), "who cancels knows");
+        sheet.setProgress(60); // an export that stood still for too long goes on
+        const auto* bar = sheet.findChild<PMProgressIndicator*>();
+        QCOMPARE(bar->doubleValue(), bar->minValue());
     }
 
     void viewThatGoesTakesItsExportWithIt()

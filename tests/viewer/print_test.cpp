@@ -138,127 +138,124 @@ private:
     TemporaryFolder m_folder;
 
 private Q_SLOTS:
-    void initTestCase();
-    void printsOrSaysWhyNot_data();
-    void printsOrSaysWhyNot();
-    void theDialogKeepsItsChoicesAndAFileIsNoPrinter();
+    void initTestCase()
+    {
+        test::prepareWindows("marvo-print-test");
+        m_folder.makeFolder("card");
+        QVERIFY(test::writeRecording(m_folder.path("card/alwa_20240517_081500_F.avi")));
+    }
+
+    void printsOrSaysWhyNot_data()
+    {
+        QTest::addColumn<QString>("formats");
+        QTest::addColumn<QPageSize::PageSizeId>("paper");
+        QTest::addColumn<QString>("media");
+        QTest::addColumn<int>("plug");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<bool>("isPrinted");
+        const QString both = QStringLiteral("application/pdf,image/jpeg");
+        const auto row = [&](const char* name, PulledPlug::When plug, const char* line,
+                             const QString& formats) {
+            QTest::newRow(name) << formats << QPageSize::A4 << QString() << int(plug)
+                                << QString::fromLatin1(line) << false;
+        };
+        QTest::newRow("takes JPEG") << both << QPageSize::A4 << QStringLiteral("iso_a4_210x297mm")
+                                    << int(PulledPlug::Never) << QString() << true;
+        QTest::newRow("has no such paper")
+            << both << QPageSize::A5 << QString() << int(PulledPlug::Never) << QString() << true;
+        row("takes no JPEG", PulledPlug::Never, "MIME type image/jpeg isn't supported by the printer",
+            QStringLiteral("application/pdf"));
+        row("is gone", PulledPlug::BeforeConnecting,
+            "Got an error from PMSessionGetCurrentPrinter \\([1-9]\\d*\\)", both);
+        row("dies before it is asked", PulledPlug::BeforeAsking, "", both);
+        row("dies before the job", PulledPlug::BeforePrinting,
+            "PMPrinterPrintWithFile returned error [1-9]\\d*", both);
+    }
+    void printsOrSaysWhyNot()
+    {
+        QFETCH(QString, formats);
+        QFETCH(QPageSize::PageSizeId, paper);
+        QFETCH(QString, media);
+        QFETCH(int, plug);
+        QFETCH(QString, line);
+        QFETCH(bool, isPrinted);
+        IppPrinter printer(formats);
+        QVERIFY(printer.isReady());
+        std::string jpeg = "\xFF\xD8\xFF\xE0"; // longer than a piece
+        for (int i = 0; i < 200'000; ++i)
+            jpeg += static_cast<char>(i * 31 >> 3);
+        const CaptureFile picture = CaptureStore(m_folder.path("capture.jpg")).write(jpeg);
+
+        QPrinter printInfo;
+        printInfo.setPageSize(QPageSize(paper));
+        printInfo.setPageOrientation(QPageLayout::Landscape);
+        printInfo.setCopyCount(2);
+        PrintRequest request = printRequestOf(printInfo);
+        request.destination = PrintRequest::Destination::Printer; // no queue of this machine, but an address
+        request.printer = printer.address();
+
+        LogLines log;
+        PulledPlug printing(printer, static_cast<PulledPlug::When>(plug));
+        printPicture(printing, request, picture);
+        const auto lines = log.lines();
+        QVERIFY2(lines.size() == (line.isEmpty() ? 0 : 1), lines.empty() ? "no line" : lines[0].c_str());
+        if (!lines.empty()) {
+            const QRegularExpression pattern(QRegularExpression::anchoredPattern(line));
+            QVERIFY2(pattern.match(QString::fromStdString(lines[0])).hasMatch(), lines[0].c_str());
+        }
+        if (!isPrinted) {
+            QVERIFY(printer.job().empty());
+            return;
+        }
+        QTRY_VERIFY(!printer.job().empty());
+        QVERIFY(printer.job() == jpeg);
+        for (const char* attribute :
+             {"CONTENT_TYPE=image/jpeg", "IPP_PRINT_SCALING=fit", "IPP_FIT_TO_PAGE=true", "IPP_COPIES=2",
+              "IPP_ORIENTATION_REQUESTED=landscape"})
+            QVERIFY2(printer.wasTold(attribute), attribute);
+        QCOMPARE(printer.wasTold("IPP_MEDIA=" + media.toStdString()), !media.isEmpty());
+    }
+
+    void theDialogKeepsItsChoicesAndAFileIsNoPrinter()
+    {
+        MRVAppDelegate::Configuration configuration;
+        configuration.capturePath = m_folder.path("printed.jpg");
+        WindowStage stage(configuration);
+        QVERIFY(stage.isShown && stage.open(m_folder.path("card")));
+        const auto panel = [&stage] { return stage.window().findChild<QPrintDialog*>(); };
+        const auto print = [&stage] { stage.action(Command::Print)->trigger(); };
+        print(); // nothing to print
+        QVERIFY(!panel());
+
+        stage.doubleClickRow(0);
+        QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
+        stage.key(Qt::Key_Space);
+        QTRY_VERIFY(stage.player().isPaused());
+        LogLines log;
+        print();
+        QVERIFY(panel() && panel()->windowModality() == Qt::WindowModal);
+        QTRY_VERIFY(!m_folder.read("printed.jpg").empty());
+        QCOMPARE(stage.delegate.printing().loadPrintInfo().outputFormat(),
+                 QPrinter::PdfFormat); // no queue here
+        stage.delegate.printing().loadPrintInfo().setOutputFileName(
+            QString::fromStdString(m_folder.path("out.pdf")));
+        panel()->printer()->setPageSize(QPageSize(QPageSize::A6));
+        QMetaObject::invokeMethod(panel(), "accept");
+        QTRY_VERIFY(!panel());
+        QTRY_COMPARE(log.lines().size(), 1u);
+        QCOMPARE(log.lines()[0],
+                 std::string("Either got an error from PMSessionGetDestinationType or the print destination "
+                             "wasn't kPMDestinationPrinter"));
+        QVERIFY(!std::filesystem::exists(m_folder.path("out.pdf")));
+
+        print();
+        QVERIFY(panel());
+        QCOMPARE(panel()->printer()->pageLayout().pageSize().id(), QPageSize::A6);
+        panel()->reject();
+        QTest::qWait(50);
+        QCOMPARE(log.lines().size(), 1u);
+    }
 };
-
-void PrintTest::initTestCase()
-{
-    test::prepareWindows("marvo-print-test");
-    m_folder.makeFolder("card");
-    QVERIFY(test::writeRecording(m_folder.path("card/alwa_20240517_081500_F.avi")));
-}
-
-void PrintTest::printsOrSaysWhyNot_data()
-{
-    QTest::addColumn<QString>("formats");
-    QTest::addColumn<QPageSize::PageSizeId>("paper");
-    QTest::addColumn<QString>("media");
-    QTest::addColumn<int>("plug");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("isPrinted");
-    const QString both = QStringLiteral("application/pdf,image/jpeg");
-    const auto row = [&](const char* name, PulledPlug::When plug, const char* line, const QString& formats) {
-        QTest::newRow(name) << formats << QPageSize::A4 << QString() << int(plug) << QString::fromLatin1(line)
-                            << false;
-    };
-    QTest::newRow("takes JPEG") << both << QPageSize::A4 << QStringLiteral("iso_a4_210x297mm")
-                                << int(PulledPlug::Never) << QString() << true;
-    QTest::newRow("has no such paper")
-        << both << QPageSize::A5 << QString() << int(PulledPlug::Never) << QString() << true;
-    row("takes no JPEG", PulledPlug::Never, "MIME type image/jpeg isn't supported by the printer",
-        QStringLiteral("application/pdf"));
-    row("is gone", PulledPlug::BeforeConnecting,
-        "Got an error from PMSessionGetCurrentPrinter \\([1-9]\\d*\\)", both);
-    row("dies before it is asked", PulledPlug::BeforeAsking, "", both);
-    row("dies before the job", PulledPlug::BeforePrinting, "PMPrinterPrintWithFile returned error [1-9]\\d*",
-        both);
-}
-
-void PrintTest::printsOrSaysWhyNot()
-{
-    QFETCH(QString, formats);
-    QFETCH(QPageSize::PageSizeId, paper);
-    QFETCH(QString, media);
-    QFETCH(int, plug);
-    QFETCH(QString, line);
-    QFETCH(bool, isPrinted);
-    IppPrinter printer(formats);
-    QVERIFY(printer.isReady());
-    std::string jpeg = "\xFF\xD8\xFF\xE0"; // longer than a piece
-    for (int i = 0; i < 200'000; ++i)
-        jpeg += static_cast<char>(i * 31 >> 3);
-    const CaptureFile picture = CaptureStore(m_folder.path("capture.jpg")).write(jpeg);
-
-    QPrinter printInfo;
-    printInfo.setPageSize(QPageSize(paper));
-    printInfo.setPageOrientation(QPageLayout::Landscape);
-    printInfo.setCopyCount(2);
-    PrintRequest request = printRequestOf(printInfo);
-    request.destination = PrintRequest::Destination::Printer; // no queue of this machine, but an address
-    request.printer = printer.address();
-
-    LogLines log;
-    PulledPlug printing(printer, static_cast<PulledPlug::When>(plug));
-    printPicture(printing, request, picture);
-    const auto lines = log.lines();
-    QVERIFY2(lines.size() == (line.isEmpty() ? 0 : 1), lines.empty() ? "no line" : lines[0].c_str());
-    if (!lines.empty()) {
-        const QRegularExpression pattern(QRegularExpression::anchoredPattern(line));
-        QVERIFY2(pattern.match(QString::fromStdString(lines[0])).hasMatch(), lines[0].c_str());
-    }
-    if (!isPrinted) {
-        QVERIFY(printer.job().empty());
-        return;
-    }
-    QTRY_VERIFY(!printer.job().empty());
-    QVERIFY(printer.job() == jpeg);
-    for (const char* attribute : {"CONTENT_TYPE=image/jpeg", "IPP_PRINT_SCALING=fit", "IPP_FIT_TO_PAGE=true",
-                                  "IPP_COPIES=2", "IPP_ORIENTATION_REQUESTED=landscape"})
-        QVERIFY2(printer.wasTold(attribute), attribute);
-    QCOMPARE(printer.wasTold("IPP_MEDIA=" + media.toStdString()), !media.isEmpty());
-}
-
-void PrintTest::theDialogKeepsItsChoicesAndAFileIsNoPrinter()
-{
-    MRVAppDelegate::Configuration configuration;
-    configuration.capturePath = m_folder.path("printed.jpg");
-    WindowStage stage(configuration);
-    QVERIFY(stage.isShown && stage.open(m_folder.path("card")));
-    const auto panel = [&stage] { return stage.window().findChild<QPrintDialog*>(); };
-    const auto print = [&stage] { stage.action(Command::Print)->trigger(); };
-    print(); // nothing to print
-    QVERIFY(!panel());
-
-    stage.doubleClickRow(0);
-    QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
-    stage.key(Qt::Key_Space);
-    QTRY_VERIFY(stage.player().isPaused());
-    LogLines log;
-    print();
-    QVERIFY(panel() && panel()->windowModality() == Qt::WindowModal);
-    QTRY_VERIFY(!m_folder.read("printed.jpg").empty());
-    QCOMPARE(stage.delegate.printing().loadPrintInfo().outputFormat(), QPrinter::PdfFormat); // no queue here
-    stage.delegate.printing().loadPrintInfo().setOutputFileName(
-        QString::fromStdString(m_folder.path("out.pdf")));
-    panel()->printer()->setPageSize(QPageSize(QPageSize::A6));
-    QMetaObject::invokeMethod(panel(), "accept");
-    QTRY_VERIFY(!panel());
-    QTRY_COMPARE(log.lines().size(), 1u);
-    QCOMPARE(log.lines()[0],
-             std::string("Either got an error from PMSessionGetDestinationType or the print destination "
-                         "wasn't kPMDestinationPrinter"));
-    QVERIFY(!std::filesystem::exists(m_folder.path("out.pdf")));
-
-    print();
-    QVERIFY(panel());
-    QCOMPARE(panel()->printer()->pageLayout().pageSize().id(), QPageSize::A6);
-    panel()->reject();
-    QTest::qWait(50);
-    QCOMPARE(log.lines().size(), 1u);
-}
 
 QTEST_MAIN(PrintTest)
 #include "print_test.moc"

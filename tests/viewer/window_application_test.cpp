@@ -43,74 +43,68 @@ private:
     TemporaryFolder m_home;
 
 private Q_SLOTS:
-    void answersWithoutADisplay_data();
-    void answersWithoutADisplay();
-    void reportsWhatItReached();
-    void reportsWhyItDidNot_data();
-    void reportsWhyItDidNot();
+    void answersWithoutADisplay_data()
+    {
+        QTest::addColumn<QString>("argument");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("Usage: marvo");
+        QTest::newRow("version") << QStringLiteral("-v") << QStringLiteral("marvo " MARVO_VERSION);
+    }
+    void answersWithoutADisplay()
+    {
+        QFETCH(QString, argument);
+        QFETCH(QString, text);
+        const Ended ended = run({argument}, false);
+        QCOMPARE(ended.exitCode, 0);
+        QVERIFY2(ended.out.contains(text), qPrintable(ended.out));
+    }
+
+    void reportsWhatItReached()
+    {
+        TemporaryFolder card;
+        card.makeFolder("EventMovie");
+        QVERIFY(marvo::test::writeRecording(card.path("EventMovie/event_20240517_081530.avi"), 8));
+        const QString picture = QString::fromStdString(card.path("report.png"));
+        const Ended ended =
+            run({QString::fromStdString(card.path()), QStringLiteral("--demo-report"), picture});
+        QVERIFY2(ended.exitCode == 0, qPrintable(ended.error));
+        for (const char* line : {"recordings listed: 1\n", "played: event_20240517_081530.avi\n",
+                                 "samples extracted: 20 G-sensor, 19 GPS, 20 NMEA\n"})
+            QVERIFY2(ended.out.contains(QLatin1StringView(line)), qPrintable(ended.out));
+        for (const char* name : {"report.png", "report-map.png"})
+            QCOMPARE(QImage(QString::fromStdString(card.path(name))).size(), QSize(1020, 640));
+    }
+
+    void reportsWhyItDidNot_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("reason");
+        const QString report = QStringLiteral("--demo-report=/nowhere/report.png");
+        QTest::newRow("no such folder") << QStringList{QStringLiteral("/nowhere/at/all"), report} << 1
+                                        << QStringLiteral("cannot be read");
+        QTest::newRow("nothing in it")
+            << QStringList{QString::fromStdString(m_home.makeFolder("empty")), report} << 1
+            << QStringLiteral("no recording");
+        m_home.write("broken/event_20240517_081530.avi", "no film");
+        QTest::newRow("unreadable") << QStringList{QString::fromStdString(m_home.path("broken")), report} << 1
+                                    << QStringLiteral("cannot be played");
+        QTest::newRow("no folder named") << QStringList{report} << 2 << QStringLiteral("needs a folder");
+        QTest::newRow("two folders") << QStringList{QStringLiteral("a"), QStringLiteral("b")} << 2
+                                     << QStringLiteral("more than one");
+        QTest::newRow("unknown option")
+            << QStringList{QStringLiteral("--nonsense")} << 2 << QStringLiteral("nonsense");
+    }
+    void reportsWhyItDidNot()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, reason);
+        const Ended ended = run(arguments);
+        QVERIFY2(ended.exitCode >= 0, qPrintable(ended.error));
+        QTEST(ended.exitCode, "exitCode");
+        QVERIFY2(ended.error.contains(reason), qPrintable(ended.error));
+    }
 };
-
-void WindowApplicationTest::answersWithoutADisplay_data()
-{
-    QTest::addColumn<QString>("argument");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("Usage: marvo");
-    QTest::newRow("version") << QStringLiteral("-v") << QStringLiteral("marvo " MARVO_VERSION);
-}
-
-void WindowApplicationTest::answersWithoutADisplay()
-{
-    QFETCH(QString, argument);
-    QFETCH(QString, text);
-    const Ended ended = run({argument}, false);
-    QCOMPARE(ended.exitCode, 0);
-    QVERIFY2(ended.out.contains(text), qPrintable(ended.out));
-}
-
-void WindowApplicationTest::reportsWhatItReached()
-{
-    TemporaryFolder card;
-    card.makeFolder("EventMovie");
-    QVERIFY(marvo::test::writeRecording(card.path("EventMovie/event_20240517_081530.avi"), 8));
-    const QString picture = QString::fromStdString(card.path("report.png"));
-    const Ended ended = run({QString::fromStdString(card.path()), QStringLiteral("--demo-report"), picture});
-    QVERIFY2(ended.exitCode == 0, qPrintable(ended.error));
-    for (const char* line : {"recordings listed: 1\n", "played: event_20240517_081530.avi\n",
-                             "samples extracted: 20 G-sensor, 19 GPS, 20 NMEA\n"})
-        QVERIFY2(ended.out.contains(QLatin1StringView(line)), qPrintable(ended.out));
-    for (const char* name : {"report.png", "report-map.png"})
-        QCOMPARE(QImage(QString::fromStdString(card.path(name))).size(), QSize(1020, 640));
-}
-
-void WindowApplicationTest::reportsWhyItDidNot_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("reason");
-    const QString report = QStringLiteral("--demo-report=/nowhere/report.png");
-    QTest::newRow("no such folder") << QStringList{QStringLiteral("/nowhere/at/all"), report} << 1
-                                    << QStringLiteral("cannot be read");
-    QTest::newRow("nothing in it") << QStringList{QString::fromStdString(m_home.makeFolder("empty")), report}
-                                   << 1 << QStringLiteral("no recording");
-    m_home.write("broken/event_20240517_081530.avi", "no film");
-    QTest::newRow("unreadable") << QStringList{QString::fromStdString(m_home.path("broken")), report} << 1
-                                << QStringLiteral("cannot be played");
-    QTest::newRow("no folder named") << QStringList{report} << 2 << QStringLiteral("needs a folder");
-    QTest::newRow("two folders") << QStringList{QStringLiteral("a"), QStringLiteral("b")} << 2
-                                 << QStringLiteral("more than one");
-    QTest::newRow("unknown option") << QStringList{QStringLiteral("--nonsense")} << 2
-                                    << QStringLiteral("nonsense");
-}
-
-void WindowApplicationTest::reportsWhyItDidNot()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, reason);
-    const Ended ended = run(arguments);
-    QVERIFY2(ended.exitCode >= 0, qPrintable(ended.error));
-    QTEST(ended.exitCode, "exitCode");
-    QVERIFY2(ended.error.contains(reason), qPrintable(ended.error));
-}
 
 // With a connection to the display of its own: a virtual one starts afresh when the last of its clients
 // leaves, and the next might come too early.
