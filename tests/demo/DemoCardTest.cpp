@@ -8,6 +8,7 @@
 #include "demo/Scene.h"
 #include "media/MediaScan.h"
 #include "recording/MRVBlackBoxData.h"
+#include "recording/PlainWalk.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -85,27 +86,27 @@ TEST_F(DemoCard, dataAreasAreReadInStepByBothReaders)
         SCOPED_TRACE(media.path());
         const std::string film = contents(media.path());
         const auto top = chunksOf(film, 12, film.size());
-        const Walk walk = walkDataArea(film);
+        const PlainWalk walk(film);
         EXPECT_TRUE(walk.result);
-        EXPECT_EQ(walk.g.size(), walk.gps.size() * 10);
+        EXPECT_EQ(walk.readings.size(), walk.fixes.size() * 10);
         shapes.insert({top[1].id == "JUNK", walk.budgetUsedUp});
 
         MRVBlackBoxData data;
         EXPECT_TRUE(data.ExtractStreamInformation(media.path()));
-        ASSERT_EQ(data.m_GSensors().size(), walk.g.size());
-        ASSERT_EQ(data.m_vGpsData().size(), walk.g.size());
-        for (std::size_t i = 0; i < walk.g.size(); ++i) {
-            EXPECT_EQ(data.m_GSensors()[i].y, static_cast<float>(walk.g[i].y) / 256);
-            EXPECT_EQ(data.m_vGpsData()[i].data().fSpeed, walk.gps[i / 10].speed);
-            EXPECT_TRUE(i == 0 || walk.g[i].time == walk.g[i - 1].time + 100);
+        ASSERT_EQ(data.m_GSensors().size(), walk.readings.size());
+        ASSERT_EQ(data.m_vGpsData().size(), walk.readings.size());
+        for (std::size_t i = 0; i < walk.readings.size(); ++i) {
+            EXPECT_EQ(data.m_GSensors()[i].y, static_cast<float>(walk.readings[i].y) / 256);
+            EXPECT_EQ(data.m_vGpsData()[i].data().fSpeed, walk.fixes[i / 10].speed);
+            EXPECT_TRUE(i == 0 || walk.readings[i].time == walk.readings[i - 1].time + 100);
         }
-        markers.insert(walk.gps[0].km);
+        markers.insert(walk.fixes[0].km);
 
         // As many seconds of picture, sound and data.
         const auto header = chunksOf(film, top[0].body + 4, top[0].body + top[0].size);
-        EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body + 16), walk.gps.size() * 2);
+        EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body + 16), walk.fixes.size() * 2);
         const auto sound = chunksOf(film, header[2].body + 4, header[2].body + header[2].size);
-        EXPECT_EQ(numberAt<std::uint32_t>(film, sound[0].body + 32), walk.gps.size() * 16'000);
+        EXPECT_EQ(numberAt<std::uint32_t>(film, sound[0].body + 32), walk.fixes.size() * 16'000);
     }
     EXPECT_EQ(shapes.size(), 4);
     EXPECT_EQ(markers, (std::set{'9', 'K'}));
@@ -118,10 +119,10 @@ TEST_F(DemoCard, theDriveGoesOnFromClipToClip)
     for (const MRVMedia& media : medias()) {
         if (mediaDirection(media.path()) == RearMedia || media.isMotionMedia())
             continue;
-        const Walk walk = walkDataArea(contents(media.path()));
-        EXPECT_TRUE(next == 0 || walk.g.front().time == next) << media.path();
-        next = walk.g.back().time + 100;
-        const auto strongest = std::ranges::min(walk.g, {}, &WalkedG::y);
+        const PlainWalk walk(contents(media.path()));
+        EXPECT_TRUE(next == 0 || walk.readings.front().time == next) << media.path();
+        next = walk.readings.back().time + 100;
+        const auto strongest = std::ranges::min(walk.readings, {}, &PlainWalk::Reading::y);
         if (media.isEventMedia())
             hardest = strongest.y / 256.0;
         else

@@ -3,6 +3,7 @@
 #include "demo/Recording.h"
 #include "CardReader.h"
 #include "demo/DataArea.h"
+#include "recording/PlainWalk.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -33,57 +34,43 @@ std::vector<DataRecord> someSeconds(int seconds, const std::string& markers, std
     return records;
 }
 
-struct AreaCase
+TEST(DataArea, keepsReadersInStepAndTheFileAnAviFile)
 {
-    const char* name;
-    int seconds;
-    const char* markers;
-    std::size_t textLength;
-};
-
-class DataAreaWalk : public testing::TestWithParam<std::tuple<AreaCase, DataAreaEnd, DataAreaPlace>>
-{};
-
-TEST_P(DataAreaWalk, staysInStepAndTheFileStaysAnAviFile)
-{
-    const auto& [area, end, place] = GetParam();
+    struct
+    {
+        int seconds;
+        const char* markers;
+        std::size_t textLength;
+    } const areas[] = {{13, "9", 430}, {9, "91K", 80}, {7, "K", 300},
+                       {1, "1", 1},    {1, "K", 1},    {6, "9K", nmeaLimit - 4}};
     const TemporaryFolder folder;
-    RecordingOptions options;
-    options.frameCount = 3;
-    options.dataPlace = place;
-    const auto records = someSeconds(area.seconds, area.markers, area.textLength);
-    options.dataChunks = dataAreaChunks(records, end);
-    ASSERT_EQ(writeRecording(folder.path("a.avi"), options), std::nullopt);
-    const std::string film = contents(folder.path("a.avi"));
-    ASSERT_NO_THROW(chunksOf(film, 12, film.size()));
+    for (unsigned i = 0; i < 4 * std::size(areas); ++i) {
+        SCOPED_TRACE(i);
+        const auto& area = areas[i / 4];
+        const DataAreaEnd end = i % 2 == 0 ? DataAreaEnd::EndOfFile : DataAreaEnd::BudgetZero;
+        RecordingOptions options;
+        options.frameCount = 3;
+        options.dataPlace = i % 4 < 2 ? DataAreaPlace::BeforeMovie : DataAreaPlace::AfterIndex;
+        const auto records = someSeconds(area.seconds, area.markers, area.textLength);
+        options.dataChunks = dataAreaChunks(records, end);
+        ASSERT_EQ(writeRecording(folder.path("a.avi"), options), std::nullopt);
+        const std::string film = contents(folder.path("a.avi"));
+        ASSERT_NO_THROW(chunksOf(film, 12, film.size()));
 
-    const Walk walk = walkDataArea(film);
-    EXPECT_TRUE(walk.result);
-    EXPECT_EQ(walk.budgetUsedUp, end == DataAreaEnd::BudgetZero);
-    ASSERT_EQ(walk.g.size(), area.seconds * 10);
-    ASSERT_EQ(walk.gps.size(), area.seconds);
-    for (int s = 0; s < area.seconds; ++s) {
-        EXPECT_EQ(walk.waiting[s], 10);
-        EXPECT_EQ(walk.g[s * 10 + 9].y, -s);
-        EXPECT_EQ(walk.gps[s].speed, s);
-        EXPECT_EQ(walk.gps[s].text.find_last_not_of(std::string("\n\0", 2)),
-                  std::get<GpsRecord>(records[s * 11 + 10]).nmea.size() - 1);
+        const PlainWalk walk(film);
+        EXPECT_TRUE(walk.result);
+        EXPECT_EQ(walk.budgetUsedUp, end == DataAreaEnd::BudgetZero);
+        ASSERT_EQ(walk.readings.size(), area.seconds * 10);
+        ASSERT_EQ(walk.fixes.size(), area.seconds);
+        for (int s = 0; s < area.seconds; ++s) {
+            EXPECT_EQ(walk.fixes[s].readingsBefore, s * 10 + 10);
+            EXPECT_EQ(walk.readings[s * 10 + 9].y, -s);
+            EXPECT_EQ(walk.fixes[s].speed, s);
+            EXPECT_EQ(walk.fixes[s].text.find_last_not_of(std::string("\n\0", 2)),
+                      std::get<GpsRecord>(records[s * 11 + 10]).nmea.size() - 1);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Areas, DataAreaWalk,
-    testing::Combine(testing::Values(AreaCase{"long", 13, "9", 430}, AreaCase{"longAndShort", 9, "91K", 80},
-                                     AreaCase{"short", 7, "K", 300}, AreaCase{"oneLong", 1, "1", 1},
-                                     AreaCase{"oneShort", 1, "K", 1},
-                                     AreaCase{"fullTexts", 6, "9K", nmeaLimit - 4}),
-                     testing::Values(DataAreaEnd::EndOfFile, DataAreaEnd::BudgetZero),
-                     testing::Values(DataAreaPlace::BeforeMovie, DataAreaPlace::AfterIndex)),
-    [](const auto& instance) {
-        return std::string(std::get<0>(instance.param).name) +
-               (std::get<1>(instance.param) == DataAreaEnd::BudgetZero ? "ToZero" : "ToTheEnd") +
-               (std::get<2>(instance.param) == DataAreaPlace::BeforeMovie ? "InFront" : "Behind");
-    });
 
 TEST(Recording, headersIndexAndChunksAgree)
 {

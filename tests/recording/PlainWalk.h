@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
+#include <cstring>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,8 +14,23 @@ namespace marvo::test {
 /// tell what a walk of any bytes must give.
 struct PlainWalk
 {
+    struct Reading
+    {
+        std::int64_t time;
+        std::int32_t x, y, z;
+    };
+    struct Fix
+    {
+        std::int64_t time;
+        double speed;
+        char km;
+        std::string text;
+        std::size_t readingsBefore; ///< since the start
+    };
     bool result = false;
-    std::vector<std::int64_t> readings;                            ///< times
+    bool budgetUsedUp = false;
+    std::vector<Reading> readings;
+    std::vector<Fix> fixes;
     std::vector<std::pair<std::int64_t, std::int32_t>> gpsSamples; ///< times and text lengths of the headers
     std::size_t sentences = 0;
 
@@ -26,11 +41,11 @@ private:
     {
         return at <= m_file.size() && m_file.size() - at >= count;
     }
-    std::uint64_t number(std::uint64_t at, int width) const
+    template <typename Number>
+    Number number(std::uint64_t at) const
     {
-        std::uint64_t value = 0;
-        for (int i = width; i-- > 0;)
-            value = value * 256 + static_cast<unsigned char>(m_file[at + static_cast<std::uint64_t>(i)]);
+        Number value;
+        std::memcpy(&value, m_file.data() + at, sizeof value);
         return value;
     }
     bool is(std::uint64_t at, const char* tag) const { return m_file.compare(at, 4, tag) == 0; }
@@ -40,13 +55,11 @@ private:
         if (!has(0, 12) || !is(0, "RIFF") || !is(8, "AVI "))
             return false;
         std::uint64_t p = 12;
-        for (; has(p, 4) && !is(p, "JUNK"); p += 8 + number(p + 4, 4)) {
-            if (!has(p, 8))
-                return false;
-        }
+        for (; has(p, 8) && !is(p, "JUNK"); p += 8)
+            p += number<std::uint32_t>(p + 4);
         if (!has(p, 8))
             return false;
-        auto budget = static_cast<std::uint32_t>(number(p + 4, 4));
+        auto budget = number<std::uint32_t>(p + 4);
         p += 8;
         while (budget != 0) {
             if (!has(p, 4))
@@ -57,27 +70,28 @@ private:
             if (reading) {
                 if (!has(p, 24))
                     return false;
-                readings.push_back(static_cast<std::int64_t>(number(p, 8)));
+                readings.push_back({number<std::int64_t>(p), number<std::int32_t>(p + 8),
+                                    number<std::int32_t>(p + 12), number<std::int32_t>(p + 16)});
                 p += 24;
                 budget -= 24;
             } else if (gps && !gpsRecord(p, budget)) {
                 return false;
             }
         }
-        return true;
+        return budgetUsedUp = true;
     }
 
     bool gpsRecord(std::uint64_t& p, std::uint32_t& budget)
     {
         if (!has(p, 41))
             return false;
-        const auto time = static_cast<std::int64_t>(number(p, 8));
-        const auto length = static_cast<std::int32_t>(number(p + 8, 4));
-        const char KM = m_file[p + 40];
+        const auto time = number<std::int64_t>(p);
+        const auto length = number<std::int32_t>(p + 8);
+        const char km = m_file[p + 40];
         if (length < 0 || length > 512)
             return false;
-        p += 41;
-        const std::string text = m_file.substr(p, static_cast<std::size_t>(length));
+        const std::string text = m_file.substr(p + 41, static_cast<std::size_t>(length));
+        fixes.push_back({time, number<double>(p + 32), km, text, readings.size()});
         std::string piece;
         for (const char c : text) {
             if (c == '$')
@@ -89,8 +103,8 @@ private:
             sentences += piece.starts_with("$G") ? 1 : 0;
             piece.clear();
         }
-        p += static_cast<std::uint64_t>(length);
-        p = KM == '1' || KM == '9' ? p + 7 : p - 1;
+        p += 41 + static_cast<std::uint64_t>(length);
+        p = km == '1' || km == '9' ? p + 7 : p - 1;
         budget -= 41 + static_cast<std::uint32_t>(length);
         if (has(p, 1) && m_file[p] == '\0') {
             ++p;
@@ -98,7 +112,7 @@ private:
         }
         while (gpsSamples.size() < readings.size()) {
             gpsSamples.emplace_back(time, length);
-            if (readings[gpsSamples.size() - 1] / 100 >= time / 100)
+            if (readings[gpsSamples.size() - 1].time / 100 >= time / 100)
                 break;
         }
         return true;
