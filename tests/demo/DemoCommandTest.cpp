@@ -35,11 +35,6 @@ TEST(DemoCommand, refusesWrongUsageAndTellsOfFailures)
     const CliRun onFile = runCli({"demo", folder.path("file")});
     EXPECT_EQ(onFile.exitCode, 1);
     EXPECT_NE(onFile.errors.find("Not a directory"), std::string::npos) << onFile.errors;
-
-    const CliRun onFull =
-        runCli({"demo", folder.path("full")}, {.outputPath = {}, .fileSizeLimit = 3'000'000});
-    EXPECT_EQ(onFull.exitCode, 1);
-    EXPECT_NE(onFull.errors.find("File too large"), std::string::npos) << onFull.errors;
 }
 
 TEST(DemoCommand, anInterruptLeavesNothingHalfWritten)

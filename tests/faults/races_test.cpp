@@ -100,12 +100,11 @@ TEST_F(Races, scansOvertakeEachOther)
     constexpr int sizes[] = {1, 400};
     for (const int size : sizes) {
         for (int i = 0; i < size; ++i) {
-            const std::string time = std::to_string(100'000 + i);
-            m_folder.write(std::to_string(size) + "/" + std::to_string(i % 9) + "/alwa_20130526_" + time +
-                           "_F.avi");
+            m_folder.write(std::to_string(size) + "/" + std::to_string(i % 9) + "/alwa_20130526_" +
+                           std::to_string(100'000 + i) + "_F.avi");
         }
     }
-    for (int lists = 0; lists < 6; ++lists) {
+    for (int lists = 0; lists < 12; ++lists) {
         MRVMediaList list; // goes while its last scan still runs, every other time
         int published = 0;
         QObject::connect(&list, &MRVMediaList::mediaListChanged, [&] {

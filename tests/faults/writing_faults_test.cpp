@@ -167,13 +167,8 @@ TEST_P(WritingFaults, aProcessThatIsEndedLeavesOneWholeFile)
         EXPECT_TRUE(writeAndDie(call, SIGTERM));
         expectWhole(call);
     }
-}
-
-TEST_P(WritingFaults, aProcessThatIsEndedWhereNoTemporaryCanBeLeavesOneWholeFile)
-{
-    if (!GetParam().replaces)
-        GTEST_SKIP() << "it needs a new file";
-    for (int call = 1; call <= m_calls + 1; ++call) {
+    // Where no temporary can be; what needs a new file cannot be written there at all.
+    for (int call = 1; GetParam().replaces && call <= m_calls + 1; ++call) {
         prepare();
         writeAndDie(call, SIGTERM, true);
         expectWhole(call);
@@ -207,25 +202,15 @@ TEST(EndedCommand, LeavesOneWholeFile)
 {
     const test::TemporaryFolder folder;
     const std::string log = folder.write("a.drv", test::drivingLog(60'000, 60'000));
-    const std::string settings = folder.makeFolder("card") + "/config.bin";
-    const std::string csv = folder.path("card/out.csv");
-    ASSERT_EQ(test::runCli({"settings", settings, "--defaults", "en"}).exitCode, 0);
+    const std::string csv = folder.makeFolder("card") + "/out.csv";
     ASSERT_EQ(test::runCli({"log", log, "--csv", csv}).exitCode, 0);
-    const std::string wholeCsv = folder.read("card/out.csv");
-    std::vector<std::string> commands[] = {{"settings", settings, "--set", "speedUnit=1"},
-                                           {"log", log, "--csv", csv}};
+    const std::string whole = folder.read("card/out.csv");
     int ended = 0;
-    for (int round = 0; round < 30; ++round) {
-        std::vector<std::string>& words = commands[round % 2];
-        words.back() = round % 2 == 0 ? "speedUnit=" + std::to_string(round / 2 % 2) : csv;
+    for (int round = 0; round < 20; ++round) {
         const pid_t child = ::fork();
         if (child == 0) {
-            std::vector<char*> argv{const_cast<char*>(MARVO_CLI)};
-            for (std::string& word : words)
-                argv.push_back(word.data());
-            argv.push_back(nullptr);
             ::dup2(::open("/dev/null", O_WRONLY), 1);
-            ::execv(MARVO_CLI, argv.data());
+            ::execl(MARVO_CLI, MARVO_CLI, "log", log.c_str(), "--csv", csv.c_str(), nullptr);
             ::_exit(127);
         }
         std::this_thread::sleep_for(std::chrono::microseconds((round * 7919) % 20'000));
@@ -233,11 +218,8 @@ TEST(EndedCommand, LeavesOneWholeFile)
         int status = 0;
         ::waitpid(child, &status, 0);
         ended += WIFSIGNALED(status) ? 1 : 0;
-        _FILEDATA record;
-        ASSERT_TRUE(readSettingFile(settings, record));
-        ASSERT_EQ(record.checksum, fileDataChecksum(record));
-        ASSERT_EQ(folder.read("card/out.csv"), wholeCsv);
-        ASSERT_EQ(std::distance(std::filesystem::directory_iterator(folder.path("card")), {}), 2);
+        ASSERT_EQ(folder.read("card/out.csv"), whole);
+        ASSERT_EQ(std::distance(std::filesystem::directory_iterator(folder.path("card")), {}), 1);
     }
     EXPECT_GT(ended, 0);
 }

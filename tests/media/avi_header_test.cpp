@@ -2,17 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "demo/Recording.h"
 #include "media/AviHeader.h"
+#include "recording/RecordingBytes.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <random>
-#include <string>
 
 using namespace marvo;
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -21,35 +18,22 @@ class AviHeaderTest : public testing::Test
 protected:
     void SetUp() override
     {
-        fs::create_directories(m_folder);
-        demo::RecordingOptions film; // 20 frames, 10 a second
-        ASSERT_FALSE(demo::writeRecording(path(), film));
-        std::ifstream in(path(), std::ios::binary);
-        m_whole.assign(std::istreambuf_iterator<char>(in), {});
+        ASSERT_FALSE(demo::writeRecording(m_folder.path("film.avi"), {})); // 20 frames, 10 a second
+        m_whole = m_folder.read("film.avi");
     }
-    void TearDown() override { fs::remove_all(m_folder); }
 
-    std::string path() const { return m_folder / "film.avi"; }
     std::variant<AviHeader, AviFault> read(const std::string& bytes) const
     {
-        std::ofstream(path(), std::ios::binary | std::ios::trunc) << bytes;
-        return readAviHeader(path());
-    }
-    static std::string number(std::uint32_t value)
-    {
-        std::string bytes(4, '\0');
-        for (std::size_t i = 0; i < 4; ++i)
-            bytes[i] = static_cast<char>(value >> (8 * i));
-        return bytes;
+        return readAviHeader(m_folder.write("film.avi", bytes));
     }
     /// The whole film with one number written over, so many bytes after the first appearance of an id.
     std::string with(const std::string& id, std::size_t distance, std::uint32_t value) const
     {
         std::string bytes = m_whole;
-        return bytes.replace(bytes.find(id) + distance, 4, number(value));
+        return bytes.replace(bytes.find(id) + distance, 4, test::Bytes().number(value).data);
     }
 
-    fs::path m_folder = fs::temp_directory_path() / ("avi_header_test." + std::to_string(::getpid()));
+    test::TemporaryFolder m_folder;
     std::string m_whole;
 };
 
@@ -57,7 +41,7 @@ protected:
 
 TEST_F(AviHeaderTest, TellsWhatPlayingNeeds)
 {
-    const auto header = std::get<AviHeader>(readAviHeader(path()));
+    const auto header = std::get<AviHeader>(read(m_whole));
     EXPECT_EQ(header.durationMs, 2000);
     EXPECT_EQ(header.streamDurationMs, 2000);
     EXPECT_EQ(std::string(header.videoCodec.data(), 4), "MJPG");

@@ -36,15 +36,6 @@ protected:
         }
     }
 
-    /// A folder of so many recordings, spread over folders of a hundred.
-    static void fill(const TemporaryFolder& folder, int recordings)
-    {
-        for (int i = 0; i < recordings; ++i) {
-            folder.write(std::to_string(i / 100) + "/alwa_20130526_13" + std::to_string(10 + i / 100 % 50) +
-                         std::to_string(10 + i % 50) + (i % 100 < 50 ? "_F.avi" : "_R.avi"));
-        }
-    }
-
     int m_argc = 1;
     char m_name[5] = "test";
     char* m_argv[2] = {m_name, nullptr};
@@ -58,9 +49,7 @@ TEST_F(MediaList, publishesASortedListOnceOnTheMainThread)
     folder.write("alwa_20130526_134402_F.avi");
 
     MRVMediaList list;
-    int started = 0;
     int changed = 0;
-    QObject::connect(&list, &MRVMediaList::scanStarted, [&] { ++started; });
     QObject::connect(&list, &MRVMediaList::mediaListChanged, [&] {
         ++changed;
         EXPECT_EQ(QThread::currentThread(), list.thread());
@@ -68,7 +57,6 @@ TEST_F(MediaList, publishesASortedListOnceOnTheMainThread)
         EXPECT_EQ(list.count(), 2);
     });
     list.setDirectoryPath(folder.path());
-    EXPECT_EQ(started, 1);
     EXPECT_TRUE(list.isScanning());
     EXPECT_EQ(list.count(), 0);
     ASSERT_TRUE(waitFor([&] { return changed > 0; }));
@@ -78,8 +66,6 @@ TEST_F(MediaList, publishesASortedListOnceOnTheMainThread)
     EXPECT_EQ(list.mediaAtIndex(0)->yyyymmddhhmiss(), "20130526134402");
     EXPECT_EQ(list.mediaAtIndex(2), nullptr);
     EXPECT_EQ(list.mediaAtIndex(-1), nullptr);
-    EXPECT_EQ(list.mediaAtIndex(INT64_MIN), nullptr);
-    EXPECT_EQ(list.directoryPath(), folder.path());
 }
 
 TEST_F(MediaList, keepsTheOldListUntilTheNewOneAndTellsOfEmptyAndMissingFolders)
@@ -112,7 +98,9 @@ TEST_F(MediaList, keepsTheOldListUntilTheNewOneAndTellsOfEmptyAndMissingFolders)
 TEST_F(MediaList, aSecondScanSupersedesTheFirst)
 {
     const TemporaryFolder large;
-    fill(large, 3000);
+    for (int i = 0; i < 3000; ++i)
+        large.write(std::to_string(i / 100) + "/alwa_20130526_13" + std::to_string(1000 + i % 100) +
+                    "_F.avi");
     const TemporaryFolder small;
     small.write("event_20130526_134502.avi");
 
@@ -133,24 +121,6 @@ TEST_F(MediaList, aSecondScanSupersedesTheFirst)
         EXPECT_EQ(changed, 1);
         EXPECT_EQ(list.count(), 1);
     }
-}
-
-TEST_F(MediaList, canBeDestroyedAtAnyMomentOfAScan)
-{
-    const TemporaryFolder folder;
-    fill(folder, 1000);
-    int changed = 0;
-    for (unsigned long pauseUs = 0; pauseUs < 20000; pauseUs += 500) {
-        {
-            MRVMediaList list;
-            QObject::connect(&list, &MRVMediaList::mediaListChanged, [&] { ++changed; });
-            list.setDirectoryPath(folder.path());
-            QThread::usleep(pauseUs);
-        }
-        QCoreApplication::processEvents();
-    }
-    settle();
-    EXPECT_EQ(changed, 0);
 }
 
 TEST_F(MediaList, aHandlerMayOpenTheNextFolder)
