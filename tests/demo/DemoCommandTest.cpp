@@ -35,6 +35,13 @@ TEST(DemoCommand, refusesWrongUsageAndTellsOfFailures)
     const CliRun onFile = runCli({"demo", folder.path("file")});
     EXPECT_EQ(onFile.exitCode, 1);
     EXPECT_NE(onFile.errors.find("Not a directory"), std::string::npos) << onFile.errors;
+
+    const CliRun onFull =
+        runCli({"demo", folder.path("full")}, {.outputPath = {}, .fileSizeLimit = 3'000'000});
+    EXPECT_EQ(onFull.exitCode, 1);
+    EXPECT_NE(onFull.errors.find(".avi': File too large"), std::string::npos) << onFull.errors;
+    for (const auto& entry : fs::recursive_directory_iterator(folder.path("full")))
+        EXPECT_TRUE(entry.is_directory()) << entry.path();
 }
 
 TEST(DemoCommand, anInterruptLeavesNothingHalfWritten)
