@@ -157,25 +157,6 @@ private Q_SLOTS:
         }
     }
 
-    void singleSampleIsThreeFlatLines()
-    {
-        // A sample of +3 g lies a quarter of the area above its top line.
-        QCOMPARE(GraphGeometry(QSizeF(340, 216)).yOf(3), 8.0 - 50);
-        const Samples samples{{.x = 0.5F, .y = -0.5F, .z = 3}};
-        GraphView view;
-        view.resize(340, 216); // one g is 50 points: lines lie at whole points
-        view.setGraphData(samples);
-        const QImage image = picture(view);
-        for (int x = 23; x < 320; ++x) { // right of the cursor at 0
-            // A line at 83 covers half of the pixels above and below.
-            QVERIFY(qRed(image.pixel(x, 82)) > 100 && qGreen(image.pixel(x, 82)) < 10);
-            QVERIFY(qRed(image.pixel(x, 83)) > 100 && qGreen(image.pixel(x, 83)) < 10);
-            QVERIFY(qGreen(image.pixel(x, 132)) > 100 && qGreen(image.pixel(x, 133)) > 100);
-            QCOMPARE(rgb(image, x, 81), 0U);
-            QCOMPARE(rgb(image, x, 84), 0U);
-        }
-    }
-
     void cursor()
     {
         const Samples samples(10, {.x = 1, .y = -1, .z = 0});

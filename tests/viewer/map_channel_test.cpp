@@ -44,30 +44,6 @@ class MapChannelTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aLatePageIsToldTheStateOnce()
-    {
-        Page page;
-        MapScriptChannel channel(page.runner());
-        channel.newRecording();
-        channel.setWay({{1, 2}, {1, 2}, {3, 4}});
-        channel.debug(QStringLiteral("GPS Data Count=Zero"));
-        channel.setLatLag({126.979361, 37.552057});
-        channel.setLatLag({151.2, -33.9});
-        channel.setTiles(QStringLiteral("https://t/{z}"), QStringLiteral("©"));
-        QCOMPARE(page.ran, QStringList());
-
-        channel.pageReady();
-        QCOMPARE(page.ran.size(), 1); // one in flight
-        page.answerAll();
-        QCOMPARE(
-            page.take(),
-            QStringList(
-                {QStringLiteral("marvoMap.setWay([[1.000000,2.000000],[3.000000,4.000000]])"),
-                 QStringLiteral("marvoMap.restoreDriven([[126.979361,37.552057],[151.200000,-33.900000]])"),
-                 positionB,
-                 QStringLiteral("marvoMap.setTiles({address:'https://t/{z}',attribution:'\\u00a9'})")}));
-    }
-
     void aBusyPageGetsTheLatestOfEachKind()
     {
         Page page;
@@ -119,15 +95,23 @@ private Q_SLOTS:
         lateAnswer();
         QCOMPARE(page.ran, QStringList());
 
+        channel.setTiles(QStringLiteral("https://t/{z}"), QStringLiteral("©"));
+        channel.setWay({{1, 2}, {1, 2}, {3, 4}});
         channel.pageReady();
         QCOMPARE(page.ran.size(), 1);
         lateAnswer(); // of the dead page: must not let a second statement into flight
         QCOMPARE(page.ran.size(), 1);
         page.answerAll();
-        QCOMPARE(page.ran.last(), noData);
-        QCOMPARE(page.ran.at(1), positionB);
-        QVERIFY(page.ran.at(0).startsWith(
-            QLatin1String("marvoMap.restoreDriven([[126.979361,37.552057],[151.2")));
+        const QStringList all{
+            QStringLiteral("marvoMap.setWay([[1.000000,2.000000],[3.000000,4.000000]])"),
+            QStringLiteral("marvoMap.restoreDriven([[126.979361,37.552057],[151.200000,-33.900000]])"),
+            positionB,
+            QStringLiteral("marvoMap.setTiles({address:'https://t/{z}',attribution:'\\u00a9'})"),
+            noData,
+        };
+        QCOMPARE(QSet<QString>(page.ran.begin(), page.ran.end()), QSet<QString>(all.begin(), all.end()));
+        QCOMPARE(page.ran.size(), all.size());
+        QVERIFY(page.ran.indexOf(noData) > page.ran.indexOf(positionB)); // or it takes the notice away
     }
 
     void anAnswerAfterTheChannelHasGone()
