@@ -248,39 +248,12 @@ TEST(DrivingLogWay, leavesOutWhatIsNoPlaceAndKeepsGaps)
     EXPECT_NEAR(way.back().latitude, 40 + 59.9999 / 60, 5e-7);
 }
 
-class DrivingLogExport : public ::testing::Test
+TEST(DrivingLogExport, everyRowOfManyPiecesIsThere)
 {
-protected:
-    std::shared_ptr<const DrivingLog> read(std::uint32_t records)
-    {
-        const std::string path = folder.write("marvo_000.drv", test::drivingLog(records, records));
-        return DrivingLog::read(path, flashDataLog()).log;
-    }
-
-    TemporaryFolder folder;
-    std::vector<std::string> titles = {"a", "b", "c", "d", "e", "f", "g", "h",
-                                       "i", "j", "k", "l", "m", "n", "o"};
-};
-
-TEST_F(DrivingLogExport, replacesTheWholeFile)
-{
-    const std::string path = folder.write("out.csv", std::string(5000, 'x'));
-    std::vector<std::uint64_t> heard;
-    ASSERT_FALSE(exportLog(*read(2), titles, path, [&](std::uint64_t records) {
-        heard.push_back(records);
-        return true;
-    }));
-    EXPECT_EQ(folder.read("out.csv"), "a,b,c,d,e,f,g,h,i,j,k,l,m,n,o\n"
-                                      "1,0,2024/03/07,09:05:00,THU,3733.0000,12658.0040,1234.5,60,95,A,+1.00,"
-                                      "-0.50,+0.00,12.5\n"
-                                      "2,1,2024/03/07,09:05:00,THU,3733.0001,12658.0040,1234.5,60,95,A,+1.00,"
-                                      "-0.50,+0.00,12.5\n");
-    EXPECT_EQ(heard.back(), 2U);
-}
-
-TEST_F(DrivingLogExport, everyRowOfManyPiecesIsThere)
-{
-    const auto log = read(30'000);
+    const TemporaryFolder folder;
+    const std::string path = folder.write("a.drv", test::drivingLog(30'000, 30'000));
+    const auto log = DrivingLog::read(path, flashDataLog()).log;
+    const std::vector<std::string> titles(flashDataLog().columns.size(), "a");
     std::string text;
     ASSERT_FALSE(writeLogAsCsv(*log, titles, [&](std::string_view piece) {
         text += piece;
@@ -295,21 +268,6 @@ TEST_F(DrivingLogExport, everyRowOfManyPiecesIsThere)
         ASSERT_NE(text.substr(at, text.find('\n', at) - at).find(lat), std::string::npos);
     }
     EXPECT_EQ(row, 30'000U);
-}
-
-TEST_F(DrivingLogExport, stopsWithTheOldFileInPlace)
-{
-    const auto log = read(30'000);
-    const std::string path = folder.write("out.csv", "old");
-    EXPECT_EQ(exportLog(*log, titles, path, [](std::uint64_t) { return false; }),
-              std::errc::operation_canceled);
-    EXPECT_EQ(folder.read("out.csv"), "old");
-    EXPECT_EQ(exportLog(*log, titles, "/dev/full"), std::errc::no_space_on_device);
-    EXPECT_EQ(exportLog(*log, titles, folder.path("none/out.csv")), std::errc::no_such_file_or_directory);
-    EXPECT_EQ(exportLog(*log, titles, folder.path("./marvo_000.drv")), std::errc::file_exists)
-        << "the log itself";
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2)
-        << "a temporary stays";
 }
 
 } // namespace

@@ -22,6 +22,7 @@ TEST(LogCommand, writesTheTextOfTheExport)
     EXPECT_EQ(toStdout.output, expected);
     EXPECT_EQ(toStdout.errors, "");
 
+    folder.write("out.csv", std::string(5000, 'x'));
     const CliRun toFile = runCli({"log", "--csv", folder.path("out.csv"), "--", log});
     EXPECT_EQ(toFile.exitCode, 0);
     EXPECT_EQ(toFile.output, "");

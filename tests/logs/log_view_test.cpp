@@ -221,15 +221,16 @@ private Q_SLOTS:
         m_view->setLoadingSheet(&sheet);
         QVERIFY(load(m_folder.write("a.drv", drivingLog(400'000, 400'000))));
         QTRY_VERIFY(!sheet.isVisible());
-        m_folder.write("out.csv", "old");
+        m_folder.write("cancelled/out.csv", "old");
         QSignalSpy ended(m_view.get(), &DrivingLogViewController::exportEnded);
-        m_view->doWriteCSVFile(m_folder.path("out.csv"));
+        m_view->doWriteCSVFile(m_folder.path("cancelled/out.csv"));
         QTest::mouseClick(sheet.findChild<QPushButton*>(QStringLiteral("cancelLoadingButton")),
                           Qt::LeftButton);
         QVERIFY(ended.wait());
         QVERIFY(!ended.front().front().toBool());
         QTRY_VERIFY(!sheet.isVisible());
-        QCOMPARE(m_folder.read("out.csv"), std::string("old"));
+        QCOMPARE(m_folder.read("cancelled/out.csv"), std::string("old"));
+        QCOMPARE(std::distance(std::filesystem::directory_iterator(m_folder.path("cancelled")), {}), 1);
         QVERIFY2(!QTest::qWaitFor([&] { return message() != nullptr; }, 700), "who cancels knows");
         sheet.setProgress(60); // an export that stood still for too long goes on
         const auto* bar = sheet.findChild<PMProgressIndicator*>();

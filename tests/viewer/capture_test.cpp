@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QBuffer>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QLineEdit>
 
@@ -249,9 +248,6 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying() && stage.player().timeMs() > 2300, 10'000);
         capture();
         QVERIFY(dialog() && dialog()->isModal());
-        QCOMPARE(dialog()->windowTitle(), QStringLiteral("Save Settings"));
-        QCOMPARE(QFileInfo(dialog()->selectedFiles().value(0)).fileName(),
-                 QStringLiteral("marvo_capture.png"));
         answer(m_home.path("saved.png"));
         QTRY_VERIFY(std::filesystem::exists(m_home.path("saved.png")));
         QTRY_COMPARE(opened(), "1:" + configuration.capturePath + '\n');

@@ -27,13 +27,12 @@ using namespace marvo;
 namespace {
 
 QStringList mapWarnings;
-QStringList mapNotes;
 QtMessageHandler usualHandler = nullptr;
 
 void keepMapMessages(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    if (qstrcmp(context.category, "marvo.map") == 0)
-        (type == QtWarningMsg ? mapWarnings : mapNotes).append(message);
+    if (qstrcmp(context.category, "marvo.map") == 0 && type == QtWarningMsg)
+        mapWarnings.append(message);
     usualHandler(type, context, message);
 }
 
@@ -140,7 +139,6 @@ private Q_SLOTS:
     {
         QSettings().setValue(QStringLiteral("map/tileAddress"), QString());
         mapWarnings.clear();
-        mapNotes.clear();
     }
 
     void bothPagesLoad()
@@ -376,8 +374,6 @@ private Q_SLOTS:
     void mapWindow()
     {
         MRVMapWindowController controller;
-        QCOMPARE(controller.isKorean(), quint8(supportLanguage() == QLatin1String("ko") ? 1 : 0));
-        QCOMPARE(mapNotes, QStringList({QStringLiteral("{{0, 0}, {480, 400}}")}));
         controller.updateMapLat(-33.9, 151.2);
         controller.showWindow();
         controller.moveWindowRightBy(QRect(100, 200, 800, 600));

@@ -33,6 +33,40 @@ private:
     TemporaryFolder m_card;
     TemporaryFolder m_other;
 
+    void everyShortcutWorksIn(const QString& focus)
+    {
+        WindowStage stage;
+        QVERIFY(stage.open(m_card.path()));
+        QWidget* where = focus == QLatin1StringView("window") ? &stage.window()
+                                                              : stage.window().findChild<QWidget*>(focus);
+        const auto isOwnKey = [&focus](const QKeyCombination& keys) {
+            const int key = keys.key();
+            if (focus == QLatin1StringView("mediaListTableView"))
+                return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Return ||
+                       key == Qt::Key_Enter;
+            if (focus == QLatin1StringView("listSearchField")) // all that writes, and the arrows
+                return keys.keyboardModifiers() == Qt::NoModifier && key != Qt::Key_F10 && key != Qt::Key_F11;
+            return focus == QLatin1StringView("toggleFullScreenButton") && key == Qt::Key_Space;
+        };
+        // The keys are asked for here, not what they do.
+        for (const CommandRow& row : commandTable()) {
+            stage.action(row.command)->setEnabled(true);
+            stage.action(row.command)->disconnect(SIGNAL(triggered(bool)));
+        }
+        for (const CommandRow& row : commandTable()) {
+            QAction* action = stage.action(row.command);
+            QSignalSpy triggered(action, &QAction::triggered);
+            for (const QKeySequence& key : row.shortcuts) {
+                where->setFocus();
+                QCOMPARE(QApplication::focusWidget(), where);
+                triggered.clear();
+                QTest::keyClick(where, key[0].key(), key[0].keyboardModifiers());
+                QVERIFY2(triggered.size() == (isOwnKey(key[0]) ? 0 : 1),
+                         qPrintable(key.toString() + QStringLiteral(" with focus in ") + focus));
+            }
+        }
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -274,47 +308,11 @@ private Q_SLOTS:
         QVERIFY(!stage.delegate.m_bMileDisplay());
     }
 
-    void everyShortcutRunsItsCommand_data()
-    {
-        QTest::addColumn<QString>("focus");
-        for (const char* focus : {"window", "mediaListTableView", "videoPositionSlider",
-                                  "toggleFullScreenButton", "listSearchField"})
-            QTest::newRow(focus) << QString::fromLatin1(focus);
-    }
-
     void everyShortcutRunsItsCommand()
     {
-        QFETCH(QString, focus);
-        WindowStage stage;
-        QVERIFY(stage.open(m_card.path()));
-        QWidget* where = focus == QLatin1StringView("window") ? &stage.window()
-                                                              : stage.window().findChild<QWidget*>(focus);
-        const auto isOwnKey = [&focus](const QKeyCombination& keys) {
-            const int key = keys.key();
-            if (focus == QLatin1StringView("mediaListTableView"))
-                return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Return ||
-                       key == Qt::Key_Enter;
-            if (focus == QLatin1StringView("listSearchField")) // all that writes, and the arrows
-                return keys.keyboardModifiers() == Qt::NoModifier && key != Qt::Key_F10 && key != Qt::Key_F11;
-            return focus == QLatin1StringView("toggleFullScreenButton") && key == Qt::Key_Space;
-        };
-        // The keys are asked for here, not what they do.
-        for (const CommandRow& row : commandTable()) {
-            stage.action(row.command)->setEnabled(true);
-            stage.action(row.command)->disconnect(SIGNAL(triggered(bool)));
-        }
-        for (const CommandRow& row : commandTable()) {
-            QAction* action = stage.action(row.command);
-            QSignalSpy triggered(action, &QAction::triggered);
-            for (const QKeySequence& key : row.shortcuts) {
-                where->setFocus();
-                QCOMPARE(QApplication::focusWidget(), where);
-                triggered.clear();
-                QTest::keyClick(where, key[0].key(), key[0].keyboardModifiers());
-                QVERIFY2(triggered.size() == (isOwnKey(key[0]) ? 0 : 1),
-                         qPrintable(key.toString() + QStringLiteral(" with focus in ") + focus));
-            }
-        }
+        for (const char* focus : {"window", "mediaListTableView", "videoPositionSlider",
+                                  "toggleFullScreenButton", "listSearchField"})
+            everyShortcutWorksIn(QLatin1String(focus));
     }
 
     void keysFindTheWindowWhereverTheFocusWas()
