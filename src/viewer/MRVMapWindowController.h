@@ -26,7 +26,6 @@ public:
     QWidget* window() const { return m_window.get(); }
     MapView* mapWebView() const { return m_mapWebView; }
     /// 1: the page is "map2"; 0: "map2_eng".
-    quint8 isKorean() const { return m_bKorean; }
 
     /// Stands the window against the right edge of a rectangle (screen co-ordinates, frame included) with
     /// their top edges level; its size stays.
