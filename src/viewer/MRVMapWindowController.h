@@ -25,7 +25,6 @@ public:
 
     QWidget* window() const { return m_window.get(); }
     MapView* mapWebView() const { return m_mapWebView; }
-    /// 1: the page is "map2"; 0: "map2_eng".
 
     /// Stands the window against the right edge of a rectangle (screen co-ordinates, frame included) with
     /// their top edges level; its size stays.
@@ -40,7 +39,7 @@ public:
 private:
     void windowDidLoad();
 
-    quint8 m_bKorean = 0;
+    quint8 m_bKorean = 0; ///< 1: the page is "map2"; 0: "map2_eng".
     std::unique_ptr<QWidget> m_window;
     MapView* m_mapWebView;
 };
