@@ -17,39 +17,29 @@ class RadioMatrixTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void keysMove_data()
+    void keysMove()
     {
         // 0 1 2 3
         // 4 5 6 7    without 6
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("to");
-        QTest::newRow("right") << 0 << int(Qt::Key_Right) << 1;
-        QTest::newRow("right into the next row") << 3 << int(Qt::Key_Right) << 4;
-        QTest::newRow("left into the row before") << 4 << int(Qt::Key_Left) << 3;
-        QTest::newRow("down") << 1 << int(Qt::Key_Down) << 5;
-        QTest::newRow("up") << 7 << int(Qt::Key_Up) << 3;
-        QTest::newRow("right over a disabled one") << 5 << int(Qt::Key_Right) << 7;
-        QTest::newRow("down onto a disabled one only") << 2 << int(Qt::Key_Down) << 2;
-        QTest::newRow("up from the first row") << 2 << int(Qt::Key_Up) << 2;
-        QTest::newRow("end") << 0 << int(Qt::Key_End) << 7;
-        QTest::newRow("space without selection") << -1 << int(Qt::Key_Space) << 0;
-    }
-
-    void keysMove()
-    {
-        QFETCH(int, from);
-        QFETCH(int, key);
-        QFETCH(int, to);
-        RadioMatrix matrix(2, 4);
-        matrix.setCellEnabled(6, false);
-        matrix.setSelectedCell(from);
-        QVERIFY(marvo::testing::showActive(matrix));
-        QSignalSpy clicks(&matrix, &RadioMatrix::cellClicked);
-        matrix.setFocus();
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
-        QCOMPARE(matrix.selectedCell(), to);
-        QCOMPARE(clicks.count(), from == to ? 0 : 1);
+        const struct
+        {
+            int from;
+            Qt::Key key;
+            int to;
+        } rows[] = {{0, Qt::Key_Right, 1}, {3, Qt::Key_Right, 4}, {4, Qt::Key_Left, 3}, {1, Qt::Key_Down, 5},
+                    {7, Qt::Key_Up, 3},    {5, Qt::Key_Right, 7}, {2, Qt::Key_Down, 2}, {2, Qt::Key_Up, 2},
+                    {0, Qt::Key_End, 7},   {-1, Qt::Key_Space, 0}};
+        for (const auto& [from, key, to] : rows) {
+            RadioMatrix matrix(2, 4);
+            matrix.setCellEnabled(6, false);
+            matrix.setSelectedCell(from);
+            QVERIFY(marvo::testing::showActive(matrix));
+            QSignalSpy clicks(&matrix, &RadioMatrix::cellClicked);
+            matrix.setFocus();
+            QTest::keyClick(QApplication::focusWidget(), key);
+            QCOMPARE(matrix.selectedCell(), to);
+            QCOMPARE(clicks.count(), from == to ? 0 : 1);
+        }
     }
 
     void selectionCanBeTakenBack()

@@ -58,45 +58,39 @@ private Q_SLOTS:
 
     void selectionCanBeNone()
     {
-        for (const int none : {-1, 4, 1000, -7}) {
+        for (const int none : {-1, 4, 1000}) {
             m_control->setSelectedSegment(2);
             m_control->setSelectedSegment(none);
             QCOMPARE(m_control->selectedSegment(), -1);
-            for (int i = 0; i < m_control->segmentCount(); ++i)
-                QVERIFY(!m_control->segment(i)->isChecked());
+            QVERIFY(!m_control->segment(2)->isChecked());
         }
-    }
-
-    void keysSelect_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("to");
-        QTest::newRow("right over a disabled one") << 1 << int(Qt::Key_Right) << 3;
-        QTest::newRow("left over a disabled one") << 3 << int(Qt::Key_Left) << 1;
-        QTest::newRow("left to the first") << 1 << int(Qt::Key_Left) << 0;
-        QTest::newRow("not beyond the first") << 0 << int(Qt::Key_Left) << 0;
-        QTest::newRow("not beyond the last") << 3 << int(Qt::Key_Right) << 3;
-        QTest::newRow("down goes right") << 0 << int(Qt::Key_Down) << 1;
-        QTest::newRow("home") << 3 << int(Qt::Key_Home) << 0;
-        QTest::newRow("end") << 0 << int(Qt::Key_End) << 3;
-        QTest::newRow("space without selection") << -1 << int(Qt::Key_Space) << 0;
-        QTest::newRow("arrow without selection") << -1 << int(Qt::Key_Right) << 1;
+        m_control->setSelectedSegment(2);
+        m_control->setLabels({QStringLiteral("on"), QStringLiteral("off")});
+        QCOMPARE(m_control->selectedSegment(), -1);
     }
 
     void keysSelect()
     {
-        QFETCH(int, from);
-        QFETCH(int, key);
-        QFETCH(int, to);
+        const struct
+        {
+            int from;
+            Qt::Key key;
+            int to;
+        } rows[] = {{1, Qt::Key_Right, 3}, // over a disabled one
+                    {3, Qt::Key_Left, 1},  {1, Qt::Key_Left, 0},   {0, Qt::Key_Left, 0},
+                    {3, Qt::Key_Right, 3}, {0, Qt::Key_Down, 1},   {3, Qt::Key_Home, 0},
+                    {0, Qt::Key_End, 3},   {-1, Qt::Key_Space, 0}, {-1, Qt::Key_Right, 1}};
         m_control->setSegmentEnabled(2, false);
-        m_control->setSelectedSegment(from);
-        QSignalSpy clicks(m_control, &SegmentedControl::segmentClicked);
-        m_control->setFocus();
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
-        QCOMPARE(m_control->selectedSegment(), to);
-        QCOMPARE(clicks.count(), from == to ? 0 : 1);
-        QVERIFY(m_control->segment(to)->hasFocus());
+        for (const auto& [from, key, to] : rows) {
+            m_before->setFocus();
+            m_control->setSelectedSegment(from);
+            QSignalSpy clicks(m_control, &SegmentedControl::segmentClicked);
+            m_control->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), key);
+            QCOMPARE(m_control->selectedSegment(), to);
+            QCOMPARE(clicks.count(), from == to ? 0 : 1);
+            QVERIFY(m_control->segment(to)->hasFocus());
+        }
     }
 
     void isOneTabStop()
@@ -127,24 +121,17 @@ private Q_SLOTS:
 
     void labelsAreNeverCut_data()
     {
-        QTest::addColumn<QStringList>("labels");
         QTest::addColumn<QString>("styleSheet");
-        const QStringList english{QStringLiteral("Speed, time and date"), QStringLiteral("Speed & time"),
-                                  QStringLiteral("5 (Sensitive)"), QStringLiteral("2")};
-        const QStringList korean{QString::fromUtf8("속도 시간 날짜 표시"), QString::fromUtf8("사용자 설정"),
-                                 QStringLiteral("4"), QString::fromUtf8("예민")};
-        const QString sheet =
-            QStringLiteral("QPushButton { padding: 5px 14px; border: 1px solid #567; font-weight: bold }");
-        QTest::newRow("english") << english << QString();
-        QTest::newRow("korean") << korean << QString();
-        QTest::newRow("english, padded") << english << sheet;
-        QTest::newRow("korean, padded") << korean << sheet;
+        QTest::newRow("plain") << QString();
+        QTest::newRow("padded") << QStringLiteral(
+            "QPushButton { padding: 5px 14px; border: 1px solid #567; font-weight: bold }");
     }
 
     void labelsAreNeverCut()
     {
-        QFETCH(QStringList, labels);
         QFETCH(QString, styleSheet);
+        const QStringList labels{QStringLiteral("Speed, time and date"), QStringLiteral("Speed & time"),
+                                 QString::fromUtf8("속도 시간 날짜 표시"), QStringLiteral("2")};
         m_window->setStyleSheet(styleSheet);
         m_control->setLabels(labels);
         const int least = m_control->minimumSizeHint().width();
