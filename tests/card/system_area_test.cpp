@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -129,40 +128,26 @@ TEST(SystemArea, aChangeOfAnyByteThatCountsIsFound)
     const auto fat = static_cast<std::size_t>(plan->fatOffset());
     const auto secondFat = fat + static_cast<std::size_t>(plan->fatBytes());
     const auto root = static_cast<std::size_t>(plan->rootOffset());
-    for (const std::size_t offset : {std::size_t{0},
-                                     std::size_t{11},
-                                     std::size_t{13},
-                                     std::size_t{14},
-                                     std::size_t{16},
-                                     std::size_t{28},
-                                     std::size_t{35},
-                                     std::size_t{36},
-                                     std::size_t{44},
-                                     std::size_t{48},
-                                     std::size_t{50},
-                                     std::size_t{66},
-                                     std::size_t{71},
-                                     std::size_t{82},
-                                     std::size_t{511},
-                                     std::size_t{512},
-                                     std::size_t{512 + 488},
-                                     std::size_t{6 * 512 + 100},
-                                     fat,
-                                     fat + 9,
-                                     fat + 12,
-                                     secondFat - 1,
-                                     secondFat,
-                                     root - 1,
-                                     root,
-                                     root + 11,
-                                     root + 32,
-                                     volume.bytes.size() - 1}) {
+    const std::vector<std::size_t> counting{0,         11,
+                                            13,        14,
+                                            16,        28,
+                                            35,        36,
+                                            44,        48,
+                                            50,        66,
+                                            71,        82,
+                                            511,       512,
+                                            512 + 488, 6 * 512 + 100,
+                                            fat,       fat + 9,
+                                            fat + 12,  secondFat - 1,
+                                            secondFat, root - 1,
+                                            root,      root + 11,
+                                            root + 32, volume.bytes.size() - 1};
+    for (const std::size_t offset : counting) {
         volume.bytes[offset] ^= std::byte{1};
         EXPECT_NE(checkSystemArea(volume, *plan), std::nullopt) << offset;
         volume.bytes[offset] ^= std::byte{1};
     }
-    for (const std::size_t size :
-         {std::size_t{0}, std::size_t{511}, std::size_t{6 * 512}, fat + 5, root, root + 500}) {
+    for (const std::size_t size : std::vector<std::size_t>{0, 511, 6 * 512, fat + 5, root, root + 500}) {
         MemorySource cut(std::span(volume.bytes).first(size));
         EXPECT_NE(checkSystemArea(cut, *plan), std::nullopt) << "cut at " << size;
     }
@@ -218,11 +203,11 @@ TEST(CardRestoring, onlyAFileOfTheCardItselfCountsAsItsSettings)
 
 TEST(CardContents, sizesHaveOneDecimal)
 {
-    const std::map<std::uint64_t, std::string> texts{{0, "0 B"},
-                                                     {1023, "1023 B"},
-                                                     {1024, "1.0 kB"},
-                                                     {1023 * 1024 + 1000, "1.0 MB"},
-                                                     {29420551373, "27.4 GB"}};
+    const std::pair<std::uint64_t, const char*> texts[] = {{0, "0 B"},
+                                                           {1023, "1023 B"},
+                                                           {1024, "1.0 kB"},
+                                                           {1023 * 1024 + 1000, "1.0 MB"},
+                                                           {29420551373, "27.4 GB"}};
     for (const auto& [bytes, text] : texts)
         EXPECT_EQ(decimalSizeString(bytes), text);
 }

@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "card/TKUSBDiskEntity.h"
+#include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace marvo {
 
@@ -21,56 +19,37 @@ struct Disk
     Config config;
 };
 
-struct LookupCase
+TEST(CardLookup, decidesByTheFirstRuleThatFits)
 {
-    const char* name;
-    std::vector<Disk> disks;
-    int expected; ///< index of the disk that is the card; -1 for none
-};
-
-class CardLookup : public testing::TestWithParam<LookupCase>
-{};
-
-TEST_P(CardLookup, decidesByTheFirstRuleThatFits)
-{
-    QTemporaryDir mounts;
-    std::vector<TKUSBDiskEntity> entities;
-    for (const Disk& disk : GetParam().disks) {
-        const QString mount = mounts.filePath(QString::number(entities.size()));
-        QDir().mkpath(mount);
-        if (disk.config == ConfigIsAFolder)
-            QDir(mount).mkdir(QStringLiteral("config.bin"));
-        if (disk.config == WithConfig) {
-            EXPECT_TRUE(QFile(mount + QStringLiteral("/config.bin")).open(QIODevice::WriteOnly));
+    const struct
+    {
+        std::vector<Disk> disks;
+        int expected; ///< index of the disk that is the card; -1 for none
+    } rows[] = {{{}, -1},
+                {{{"NO NAME", ReadWrite, WithConfig}, {"MARVO", ReadOnly, NoConfig}}, 1},
+                {{{"MARVO", ReadWrite, NoConfig}, {"MARVO", ReadWrite, WithConfig}}, 1},
+                {{{"MARVO", ReadWrite, ConfigIsAFolder}, {"MARVO", ReadWrite, WithConfig}}, 1},
+                {{{"MARVO", ReadOnly, WithConfig}, {"MARVO", ReadWrite, NoConfig}}, 1},
+                {{{"marvo", ReadOnly, WithConfig}, {"A", ReadWrite, NoConfig}}, 1},
+                {{{"A", ReadOnly, NoConfig}, {"B", ReadOnly, NoConfig}}, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        const test::TemporaryFolder mounts;
+        std::vector<TKUSBDiskEntity> entities;
+        for (const Disk& disk : row.disks) {
+            const std::string number = std::to_string(entities.size());
+            if (disk.config == ConfigIsAFolder)
+                mounts.makeFolder(number + "/config.bin");
+            if (disk.config == WithConfig)
+                mounts.write(number + "/config.bin");
+            entities.emplace_back(QString::fromLatin1(disk.name), mounts.path(number), "/dev/sdx",
+                                  std::nullopt, 1024, disk.writable == ReadWrite, false,
+                                  QString::fromStdString(number));
         }
-        entities.emplace_back(QString::fromLatin1(disk.name), mount.toStdString(), "/dev/sdx", std::nullopt,
-                              1024, disk.writable == ReadWrite, false, QString::number(entities.size()));
-    }
-    const auto card = findCardDiskEntity(entities);
-    ASSERT_EQ(card.has_value(), GetParam().expected >= 0);
-    if (card) {
-        EXPECT_EQ(card->key().toInt(), GetParam().expected);
+        const auto card = findCardDiskEntity(entities);
+        EXPECT_EQ(card ? card->key().toInt() : -1, row.expected);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    volumes, CardLookup,
-    testing::Values(
-        LookupCase{"none", {}, -1},
-        LookupCase{"readOnlyCardBeforeWritableOther",
-                   {{"NO NAME", ReadWrite, WithConfig}, {"MARVO", ReadOnly, NoConfig}},
-                   1},
-        LookupCase{
-            "theOneWithTheFile", {{"MARVO", ReadWrite, NoConfig}, {"MARVO", ReadWrite, WithConfig}}, 1},
-        LookupCase{"aFolderIsNoSettingsFile",
-                   {{"MARVO", ReadWrite, ConfigIsAFolder}, {"MARVO", ReadWrite, WithConfig}},
-                   1},
-        LookupCase{"writableWithoutFileBeforeReadOnlyWithFile",
-                   {{"MARVO", ReadOnly, WithConfig}, {"MARVO", ReadWrite, NoConfig}},
-                   1},
-        LookupCase{"caseCounts", {{"marvo", ReadOnly, WithConfig}, {"A", ReadWrite, NoConfig}}, 1},
-        LookupCase{"firstWhenNothingElse", {{"A", ReadOnly, NoConfig}, {"B", ReadOnly, NoConfig}}, 0}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(USBDiskEntity, displayString)
 {

@@ -65,13 +65,7 @@ private Q_SLOTS:
             {674.9, "About 11 minutes remaining"},
             {615.01, "About 11 minutes remaining"},
             {615, "About ten minutes remaining"},
-            {555, "About nine minutes remaining"},
-            {495, "About eight minutes remaining"},
-            {435, "About seven minutes remaining"},
-            {375, "About six minutes remaining"},
             {315, "About five minutes remaining"},
-            {255, "About four minutes remaining"},
-            {195, "About three minutes remaining"},
             {135, "About two minutes remaining"},
             {75.01, "About two minutes remaining"},
             {75, "About one minute remaining"},
@@ -115,23 +109,18 @@ private Q_SLOTS:
     {
         Bench bench;
         bench.bar.setDisplayPercentage(true);
-        for (int second = 0; second < 50; ++second)
+        QCOMPARE(bench.textAt(0, 0.5), QString());
+        QCOMPARE(bench.textAt(0.5, 1), QStringLiteral("1 % completed")); // too early for a phrase
+        for (int second = 1; second < 50; ++second)
             bench.textAt(second, second);
         QCOMPARE(bench.textAt(50, 50), QStringLiteral("50 % completed - Less than a minute remaining"));
-        QCOMPARE(bench.textAt(90, 90), QStringLiteral("90 % completed - About ten seconds remaining"));
+        bench.bar.setDisplayPercentage(false);
+        QCOMPARE(bench.textAt(90, 90), QStringLiteral("About ten seconds remaining"));
+        bench.bar.setDisplayPercentage(true);
         bench.bar.setDisplayTimeRemaining(false);
         QCOMPARE(bench.textAt(91, 91), QStringLiteral("91 % completed"));
-    }
-
-    void firstHalfSecondHasNoPhrase()
-    {
-        Bench bench;
-        bench.bar.setDisplayPercentage(true);
-        QCOMPARE(bench.textAt(0, 1), QStringLiteral("1 % completed"));
-        QCOMPARE(bench.textAt(0.5, 6), QStringLiteral("6 % completed"));
-        QCOMPARE(bench.textAt(0.6, 7), QStringLiteral("7 % completed - About ten seconds remaining"));
-        bench.bar.setDisplayPercentage(false);
-        QCOMPARE(bench.textAt(0.7, 8), QStringLiteral("About ten seconds remaining"));
+        bench.bar.setIndeterminate(true);
+        QCOMPARE(bench.textAt(92, 92), QString());
     }
 
     /// Slow at first, then fast: once the windows have moved on, the slow start is forgotten.
@@ -168,15 +157,6 @@ private Q_SLOTS:
         QCOMPARE(bench.textAt(11, 0), QString());
         // Half in one second; measured from the first start it would be "Less than a minute".
         QCOMPARE(bench.textAt(12, 50), QStringLiteral("About five seconds remaining"));
-    }
-
-    void indeterminateHasNoText()
-    {
-        Bench bench;
-        bench.bar.setDisplayPercentage(true);
-        bench.textAt(0, 10);
-        bench.bar.setIndeterminate(true);
-        QCOMPARE(bench.textAt(1, 20), QString());
     }
 
     void drawsThePartDone()
@@ -217,13 +197,13 @@ private Q_SLOTS:
         };
         bar.setIndeterminate(true);
         bar.startAnimation();
-        QCOMPARE(ticksIn(120), 0);
+        for (int turn = 0; turn < 2; ++turn) {
+            QCOMPARE(ticksIn(120), 0);
+            bar.show();
+            QTRY_VERIFY(ticksIn(120) > 0);
+            bar.hide();
+        }
         bar.show();
-        QTRY_VERIFY(ticksIn(120) > 0);
-        bar.hide();
-        QCOMPARE(ticksIn(120), 0);
-        bar.show();
-        QTRY_VERIFY(ticksIn(120) > 0);
         bar.stopAnimation();
         QCOMPARE(ticksIn(120), 0);
         bar.startAnimation();

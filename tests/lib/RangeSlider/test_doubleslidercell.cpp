@@ -76,8 +76,7 @@ private Q_SLOTS:
             {20, 60, [](Cell& c) { c.setLockedSliders(true); }, "60 60"},
             {20, 60, [](Cell& c) { c.setStringLoValue(QStringLiteral(" 33.5%")); }, "33.5 60"},
             {20, 60, [](Cell& c) { c.setStringLoValue(QStringLiteral("nan")); }, "0 60"},
-            {20, 60, [](Cell& c) { c.setIntegerHiValue(std::numeric_limits<qint64>::max()); }, "20 100"},
-        };
+            {20, 60, [](Cell& c) { c.setIntegerHiValue(std::numeric_limits<qint64>::max()); }, "20 100"}};
         for (const auto& row : rows) {
             Slider slider(row.lo, row.hi);
             View view;
@@ -293,8 +292,7 @@ private Q_SLOTS:
             {{{key("loValue"), kNan}, {key("value"), kNan}}, "10 10"},
             {{{key("maxValue"), -3.0}}, "10 10"},
             {{{key("loValue"), QVariantList()}, {key("value"), key("70")}}, "10 70"},
-            {{{key("lockedSliders"), true}}, "80 80"},
-        };
+            {{{key("lockedSliders"), true}}, "80 80"}};
         Slider slider(25, 80);
         slider.setMinValue(10);
         slider.setMaxValue(90);

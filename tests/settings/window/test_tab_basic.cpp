@@ -209,8 +209,7 @@ private Q_SLOTS:
             {"12\xff\xfe", QString::fromUtf8("12\ufffd\ufffd"), "7", bytes("7")},
             {"가나12", QString::fromUtf8("가나12"), nullptr, bytes("가나12")},
             {"1234가\xea\xb0", QString::fromUtf8("1234가\ufffd"), nullptr, bytes("1234가\xea\xb0")}, // cut
-            {behindTheEnd, QStringLiteral("AB"), nullptr, behindTheEnd},
-        };
+            {behindTheEnd, QStringLiteral("AB"), nullptr, behindTheEnd}};
         for (const auto& row : rows) {
             _FILEDATA record = defaultRecord();
             std::memcpy(record.carNumber.data(), bytes(row.stored).constData(), 8);
