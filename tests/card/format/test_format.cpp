@@ -53,6 +53,20 @@ private:
         return {};
     }
 
+    /// Mounts a card, with settings on it if there are any, and opens the dialog on it.
+    MRVFormatWindowController* openOn(const StageCard& card, const QByteArray& settings = {})
+    {
+        if (!settings.isEmpty() && !m_stage->putFile(card, QStringLiteral("config.bin"), settings))
+            return nullptr;
+        return m_stage->mount(card) ? m_stage->open(card) : nullptr;
+    }
+
+    /// What formatting ends with where all went well.
+    bool isCompleted()
+    {
+        return m_stage->message().section(QLatin1Char('\n'), 0, 0) == localised("msg.format_complete");
+    }
+
     QByteArray fileOn(const StageCard& card, const char* name)
     {
         return QByteArray::fromBase64(m_stage->root()
@@ -168,11 +182,9 @@ private Q_SLOTS:
         QFETCH(QString, hook);
         QFETCH(QString, messageKey);
         const StageCard card = m_stage->card("SMALL");
-        QVERIFY(m_stage->putFile(card, QStringLiteral("config.bin"), oddSettings()));
-        QVERIFY(m_stage->mount(card));
+        QVERIFY(openOn(card, oddSettings()));
         const QString digest = m_stage->digest(card);
         const QString shown = display(card);
-        QVERIFY(m_stage->open(card));
         m_stage->setAnswer(answer, hook.isEmpty() ? hook : hook.arg(card.device, card.image));
         m_stage->format();
         QCOMPARE(
@@ -201,10 +213,9 @@ private Q_SLOTS:
     void busyCardStaysAsItIs()
     {
         const StageCard card = m_stage->card("SMALL");
-        QVERIFY(m_stage->mount(card));
+        MRVFormatWindowController* dialog = openOn(card);
         const QString digest = m_stage->digest(card);
         const QString shown = display(card);
-        MRVFormatWindowController* dialog = m_stage->open(card);
         QVERIFY(dialog);
         QFile inUse(QString::fromStdString(dialog->selectedUSBDisk()->entity.rootFile("config.bin")));
         QVERIFY(inUse.open(QIODevice::ReadOnly));
@@ -219,9 +230,8 @@ private Q_SLOTS:
     void waitingForThePasswordCanBeAbandoned()
     {
         const StageCard card = m_stage->card("SMALL");
-        QVERIFY(m_stage->mount(card));
+        MRVFormatWindowController* dialog = openOn(card);
         const QString digest = m_stage->digest(card);
-        MRVFormatWindowController* dialog = m_stage->open(card);
         QVERIFY(dialog);
         m_stage->setAnswer(QStringLiteral("wait"));
         m_stage->format();
@@ -261,7 +271,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("settings"); // on the card before; empty for none
         QTest::newRow("1.1 GiB, settings kept") << QByteArray("WHOLE") << 32 << 0 << oddSettings();
         QTest::newRow("partition, no settings") << QByteArray("PART") << 32 << 2048 << QByteArray();
-        QTest::newRow("600 MiB: fewer sectors a cluster") << QByteArray("SMALL") << 16 << 0 << oddSettings();
+        // Of 600 MiB, which is fewer sectors a cluster.
         QTest::newRow("no place for the copy") << QByteArray("SMALL") << 16 << 0 << oddSettings();
     }
     void formats()
@@ -271,17 +281,13 @@ private Q_SLOTS:
         QFETCH(int, hiddenSectors);
         QFETCH(QByteArray, settings);
         const StageCard card = m_stage->card(label.constData());
-        const bool noPlace = QTest::currentDataTag() == QByteArray("no place for the copy");
-        if (noPlace)
+        if (QTest::currentDataTag() == QByteArray("no place for the copy"))
             qputenv("TMPDIR", "/nonexistent");
         // Another reader comes first in the list, with a card that must stay as it is.
         const StageCard other = m_stage->card(label == "WHOLE" ? "SMALL" : "WHOLE");
-        if (!settings.isEmpty())
-            QVERIFY(m_stage->putFile(card, QStringLiteral("config.bin"), settings));
         QVERIFY(m_stage->mount(other));
-        QVERIFY(m_stage->mount(card));
         const QString otherDigest = m_stage->digest(other);
-        MRVFormatWindowController* dialog = m_stage->open(card);
+        MRVFormatWindowController* dialog = openOn(card, settings);
         QVERIFY(dialog);
         QCOMPARE(dialog->usbDiskArray().size(), std::size_t{2});
         QCOMPARE(m_stage->find<QLabel>("allocationUnitField")->text(),
@@ -296,7 +302,7 @@ private Q_SLOTS:
                         closedWhileWriting = dialog->close() || m_stage->find("cancelButton")->isEnabled();
                 });
         m_stage->format();
-        QCOMPARE(m_stage->message().section(QLatin1Char('\n'), 0, 0), localised("msg.format_complete"));
+        QVERIFY(isCompleted());
         QVERIFY(!closedWhileWriting);
         QVERIFY2(!dialog->isVisible(), "the last message closes the dialog");
         QCOMPARE(steps.join(QLatin1Char('|')),
@@ -311,9 +317,7 @@ private Q_SLOTS:
     void sixteenGigabytes()
     {
         const StageCard card = m_stage->card("LARGE");
-        QVERIFY(m_stage->putFile(card, QStringLiteral("config.bin"), oddSettings()));
-        QVERIFY(m_stage->mount(card));
-        MRVFormatWindowController* dialog = m_stage->open(card);
+        MRVFormatWindowController* dialog = openOn(card, oddSettings());
         QVERIFY(dialog);
         QCOMPARE(m_stage->find<QLabel>("allocationUnitField")->text(), QStringLiteral("128 KB"));
         connect(dialog, &MRVFormatWindowController::stepShown, dialog, [&](const QString& message) {
@@ -336,10 +340,8 @@ private Q_SLOTS:
     void failingCardCanBeFormattedAgain()
     {
         const StageCard card = m_stage->card("WHOLE");
-        QVERIFY(m_stage->putFile(card, QStringLiteral("config.bin"), oddSettings()));
-        QVERIFY(m_stage->mount(card));
+        MRVFormatWindowController* dialog = openOn(card, oddSettings());
         const QString shown = display(card);
-        MRVFormatWindowController* dialog = m_stage->open(card);
         QVERIFY(dialog);
         QMetaObject::Connection breaking = connect(dialog, &MRVFormatWindowController::stepShown, dialog,
                                                    [&](const QString&, const QString& detail) {
@@ -366,7 +368,7 @@ private Q_SLOTS:
         m_stage->setAnswer(QStringLiteral("yes"));
         QCOMPARE(dialog->usbDiskArray().size(), std::size_t{1});
         m_stage->format();
-        QCOMPARE(m_stage->message().section(QLatin1Char('\n'), 0, 0), localised("msg.format_complete"));
+        QVERIFY(isCompleted());
         judge(card, 32, 0);
         judgeFolders(card, oddSettings());
     }
@@ -374,10 +376,8 @@ private Q_SLOTS:
     void settingsThatCouldNotBePutBackAreNotForgotten()
     {
         const StageCard card = m_stage->card("WHOLE");
-        QVERIFY(m_stage->putFile(card, QStringLiteral("config.bin"), oddSettings()));
-        QVERIFY(m_stage->mount(card));
         QVERIFY(m_stage->mount(m_stage->card("SMALL")));
-        MRVFormatWindowController* dialog = m_stage->open(card);
+        MRVFormatWindowController* dialog = openOn(card, oddSettings());
         QVERIFY(dialog);
         bool takeAway = true;
         connect(dialog, &MRVFormatWindowController::stepShown, dialog,
@@ -391,7 +391,7 @@ private Q_SLOTS:
         takeAway = false;
         QCOMPARE(QString::fromStdString(dialog->selectedUSBDisk()->entity.deviceFilePath()), card.device);
         m_stage->format();
-        QCOMPARE(m_stage->message().section(QLatin1Char('\n'), 0, 0), localised("msg.format_complete"));
+        QVERIFY(isCompleted());
         judgeFolders(card, oddSettings());
     }
 
