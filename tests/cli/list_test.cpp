@@ -46,6 +46,8 @@ TEST(ListCommand, staysValidJsonAndHarmlessToATerminalWithHostileNames)
     const CliRun json = runCli({"list", "--json", "--", folder.path()});
     const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(json.output));
     ASSERT_EQ(document.array().size(), 1);
+    EXPECT_THAT(json.output, Not(HasSubstr("\x1B")));
+    EXPECT_EQ(std::count(json.output.begin(), json.output.end(), '\n'), 1);
     EXPECT_EQ(document.array()[0].toObject()[QStringLiteral("fileName")].toString(),
               QStringLiteral("alwa_20130526_13\uFFFD502.avi"));
 

@@ -113,17 +113,15 @@ TEST_F(SettingsCommand, refusesShortAndMissingFilesAndTakesTheStartOfLongOnes)
 {
     EXPECT_EQ(settings({"--set", "speedUnit=1"}).exitCode, 1);
     EXPECT_FALSE(std::filesystem::exists(m_file));
-    for (const std::size_t size : {0, 100, 271}) {
+    for (const std::size_t size : {0, 271}) {
         m_folder.write("config.bin", std::string(size, 'x'));
         EXPECT_THAT(settings({"--json"}).errors, HasSubstr(std::to_string(size) + " of 272"));
         EXPECT_EQ(settings({"--set", "speedUnit=1"}).exitCode, 1);
         EXPECT_EQ(m_folder.read("config.bin"), std::string(size, 'x'));
     }
     m_folder.write("config.bin", std::string(300, '\xFE'));
-    const QJsonObject json = parsed(settings({"--json"}));
-    EXPECT_EQ(json[QStringLiteral("drivingThresholdX")].toInt(), static_cast<int>(0xFEFEFEFE));
-    EXPECT_EQ(json[QStringLiteral("deviceParam67")].toDouble(), 0xFEFEFEFE);
-    EXPECT_EQ(json[QStringLiteral("carNumber")].toString(), QString(8, QChar(0xFFFD)));
+    EXPECT_EQ(parsed(settings({"--json"}))[QStringLiteral("carNumber")].toString(),
+              QString(8, QChar(0xFFFD)));
     EXPECT_EQ(settings({"--set", "speedUnit=1"}).exitCode, 0);
     const std::string after = m_folder.read("config.bin");
     EXPECT_EQ(after.size(), 272U);

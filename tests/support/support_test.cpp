@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/ByteReader.h"
 #include "support/FileSource.h"
-#include "support/JsonWriter.h"
 #include "support/Utf8.h"
 #include "TemporaryFolder.h"
 
-#include <array>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <limits>
@@ -50,33 +48,6 @@ TEST(Utf8, TellsWellFormedText)
     EXPECT_EQ(utf8Length("a\xFF\xC3"), 3U);
 }
 
-TEST(JsonWriter, WritesOneDocument)
-{
-    JsonWriter json;
-    json.beginObject();
-    json.member("text", "a\"\\\n\x01\xC3\xA9\xFF");
-    json.key("numbers");
-    json.beginArray();
-    json.value(0.1);
-    json.value(1e300);
-    json.value(std::numeric_limits<double>::quiet_NaN());
-    json.value(-std::numeric_limits<double>::infinity());
-    json.value(std::numeric_limits<std::int64_t>::min());
-    json.value(std::uint8_t{255});
-    std::string taken = json.take();
-    json.endArray();
-    json.key("nested");
-    json.beginObject();
-    json.endObject();
-    json.key("ready");
-    json.rendered("[1,2]");
-    json.member("flag", true);
-    json.endObject();
-    EXPECT_EQ(taken + json.take(), "{\"text\":\"a\\\"\\\\\\u000a\\u0001\xC3\xA9\xEF\xBF\xBD\",\"numbers\":"
-                                   "[0.1,1e+300,null,null,-9223372036854775808,255],\"nested\":{},"
-                                   "\"ready\":[1,2],\"flag\":true}");
-}
-
 std::string read(FileSource& file, std::uint64_t offset, std::size_t count)
 {
     std::string text(count, '?');
@@ -118,14 +89,6 @@ TEST(FileSource, TakesNothingElseAndNeverWaits)
         EXPECT_EQ(file.error(), error) << path;
         EXPECT_EQ(read(file, 0, 10), "") << path;
     }
-}
-
-TEST(FileSource, TellsThatReadingFailed)
-{
-    FileSource memory("/proc/self/mem"); // a regular file whose first page cannot be read
-    ASSERT_TRUE(memory.isOpen());
-    EXPECT_EQ(read(memory, 0, 10), "");
-    EXPECT_EQ(memory.error(), "Input/output error");
 }
 
 } // namespace
