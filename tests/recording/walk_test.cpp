@@ -165,9 +165,8 @@ TEST(WalkAcrossBlocks, FindsRecordsWhereverTheyStand)
     std::size_t count = 0;
     for (; area.data.size() < 1'500'000; ++count)
         area.reading(static_cast<std::int64_t>(count)).text(std::string(10004, 'x')).longGps(0, "$G\r");
-    const std::string file = avi(area);
     MRVBlackBoxData recording;
-    EXPECT_TRUE(walk(recording, file));
+    EXPECT_TRUE(walk(recording, avi(area)));
     EXPECT_EQ(recording.m_GSensors().size(), count);
     EXPECT_EQ(recording.m_vGpsData().size(), count);
 }
