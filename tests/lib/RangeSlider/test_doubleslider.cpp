@@ -189,12 +189,6 @@ private Q_SLOTS:
         m_slider->setDoubleLoValue(33.4);
         m_slider->updateBoundControllerLoValue(33.4);
         QCOMPARE(values(), QStringLiteral("33 80"));
-
-        QTest::mousePress(m_slider, Qt::LeftButton, {}, at(80) + QPoint(2, 0));
-        QTest::mouseMove(m_slider, at(60) + QPoint(2, 0));
-        QCOMPARE(shares.hi(), 60);
-        QTest::mouseRelease(m_slider, Qt::LeftButton, {}, at(50) + QPoint(2, 0));
-        QCOMPARE(values(), QStringLiteral("33 60"));
     }
 
     void observersMayMoveTheSlider()

@@ -277,16 +277,10 @@ private Q_SLOTS:
     {
         keepEarlier([](_FILEDATA& earlier) { earlier.videoBitrate = 7000; });
         const QByteArray before = bytesOf(configPath());
-
         openWindow();
         restoreNewestCopy();
         QTRY_COMPARE(m_window->filedata()->videoBitrate, 7000U);
-        QCOMPARE(bytesOf(configPath()), before);
-
-        save();
-        _FILEDATA saved{};
-        QVERIFY(readSettingFile(configPath(), saved));
-        QCOMPARE(saved.videoBitrate, 7000U);
+        QCOMPARE(bytesOf(configPath()), before); // not before a save
     }
 
     void drivingLogsHaveTheirTabs()
@@ -327,33 +321,29 @@ private Q_SLOTS:
 
     void cardPutInLaterIsTakenWhileNothingWasTouched_data()
     {
-        QTest::addColumn<QString>("touch");
-        QTest::addColumn<unsigned int>("speedUnit");
-        QTest::newRow("untouched: the card's settings") << "" << 1U;
-        QTest::newRow("touched: what was chosen stays") << "tab" << 0U;
-        QTest::newRow("reset: the defaults stay") << "resetButton" << 0U;
-        QTest::newRow("restored: the earlier ones stay") << "earlier" << 0U;
+        QTest::addColumn<QByteArray>("touch");
+        for (const char* touch : {"nothing", "tab", "resetButton", "earlier"})
+            QTest::newRow(touch) << QByteArray(touch);
     }
 
     void cardPutInLaterIsTakenWhileNothingWasTouched()
     {
-        QFETCH(QString, touch);
-        QFETCH(unsigned int, speedUnit);
+        QFETCH(QByteArray, touch);
         const QByteArray settings = bytesOf(configPath());
         keepEarlier([](_FILEDATA& earlier) { earlier.speedUnit = 0; });
         QVERIFY(QFile::remove(QFile::decodeName(configPath().c_str())));
         openWindow();
-        if (touch == QLatin1String("tab"))
+        if (touch == "tab")
             clickItem(*m_window, "videoSharpness", 4);
-        else if (touch == QLatin1String("resetButton"))
+        else if (touch == "resetButton")
             press("resetButton");
-        else if (touch == QLatin1String("earlier"))
+        else if (touch == "earlier")
             restoreNewestCopy();
         QTRY_COMPARE(m_window->filedata()->speedUnit, 0U);
         writeBytes(configPath(), settings);
         Q_EMIT m_disks->volumesChanged();
         QTRY_VERIFY(m_window->windowTitle().contains(QLatin1String("config.bin")));
-        QCOMPARE(m_window->filedata()->speedUnit, speedUnit);
+        QCOMPARE(m_window->filedata()->speedUnit, touch == "nothing" ? 1U : 0U);
     }
 
     void cardPutInWhileTheCardIsLookedForIsSeen()

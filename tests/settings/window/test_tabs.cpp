@@ -108,65 +108,46 @@ private Q_SLOTS:
         const auto thresholds = upTo(150, 5);
         auto powerVoltages = upTo(12400, 11600, 100);
         powerVoltages.push_back(0);
-        verifyRandomRecordsSurvive<Basic>({{"displayScreen", upTo(3)},
-                                           {"recordingMode", flag},
-                                           {"gsensorEnable", flag},
-                                           {"drivingThresholdX", thresholds},
-                                           {"drivingThresholdY", thresholds},
-                                           {"drivingThresholdZ", thresholds},
-                                           {"parkingThresholdX", thresholds},
-                                           {"parkingThresholdY", thresholds},
-                                           {"parkingThresholdZ", thresholds},
-                                           {"securityLedOff", flag},
-                                           {"safeTemperatureMode", flag},
-                                           {"autoDrivingMode", flag},
-                                           {"autoParkingMode", flag},
-                                           {"alwaysModeTimeout", {180, 300, 420, 600, 900}},
-                                           {"compositeMode", flag},
-                                           {"powerVoltage", powerVoltages},
-                                           {"powerTime", upTo(48, 0, 12)},
-                                           {"useExternalPower", flag}});
-        verifyRandomRecordsSurvive<Video>({{"videoResolution", flag},
-                                           {"videoBitrate", upTo(11000, 3000, 1000)},
-                                           {"videoFrameRate", {6144, 7680}},
-                                           {"videoBrightness", upTo(140, 124, 4)},
-                                           {"cplTinting", upTo(3)},
-                                           {"videoSharpness", upTo(5, 1)},
-                                           {"videoNoiseFilter", upTo(5, 1)}});
-        verifyRandomRecordsSurvive<Gps>({{"drivingDay", upTo(7)},
-                                         {"speedUnit", flag},
-                                         {"osdSpeedDisplay", flag},
-                                         {"timeZoneIndex", upTo(33)},
-                                         {"summerTime", flag},
-                                         {"routeSaveInterval", upTo(7)},
-                                         {"gpsOnParkingMode", flag}});
+        verifyRandomRecordsSurvive<Basic>(
+            {{{"displayScreen"}, upTo(3)},
+             {{"recordingMode", "gsensorEnable", "securityLedOff", "safeTemperatureMode", "autoDrivingMode",
+               "autoParkingMode", "compositeMode", "useExternalPower"},
+              flag},
+             {{"drivingThresholdX", "drivingThresholdY", "drivingThresholdZ", "parkingThresholdX",
+               "parkingThresholdY", "parkingThresholdZ"},
+              thresholds},
+             {{"alwaysModeTimeout"}, {180, 300, 420, 600, 900}},
+             {{"powerVoltage"}, powerVoltages},
+             {{"powerTime"}, upTo(48, 0, 12)}});
+        verifyRandomRecordsSurvive<Video>({{{"videoResolution"}, flag},
+                                           {{"videoBitrate"}, upTo(11000, 3000, 1000)},
+                                           {{"videoFrameRate"}, {6144, 7680}},
+                                           {{"videoBrightness"}, upTo(140, 124, 4)},
+                                           {{"cplTinting"}, upTo(3)},
+                                           {{"videoSharpness", "videoNoiseFilter"}, upTo(5, 1)}});
+        verifyRandomRecordsSurvive<Gps>(
+            {{{"drivingDay", "routeSaveInterval"}, upTo(7)},
+             {{"speedUnit", "osdSpeedDisplay", "summerTime", "gpsOnParkingMode"}, flag},
+             {{"timeZoneIndex"}, upTo(33)}});
         // While a share is too small, nothing at all is stored.
-        verifyRandomRecordsSurvive<Aux>({{"sdRatioAlways", {70}},
-                                         {"sdRatioMotion", {20}},
-                                         {"sdRatioEvent", {10}},
-                                         {"motionSensitivityFhd", {65, 70, 90, 100, 130}},
-                                         {"motionSensitivityHd", {50, 60, 75, 100, 150}},
-                                         {"useMotion", flag},
-                                         {"useEnvironment", flag},
-                                         {"dayTimeAE", upTo(2)},
-                                         {"gamma", flag}});
-        verifyRandomRecordsSurvive<Audio>({{"micLevel", upTo(3, 1)},
-                                           {"speakerVolume", {39, 51, 63}},
-                                           {"voiceRecording", flag},
-                                           {"hourlyNotice", flag},
-                                           {"voiceGuidance", flag},
-                                           {"voiceLanguage", upTo(20)}});
-        verifyRandomRecordsSurvive<Obd>({{"drivingDay", upTo(7)},
-                                         {"speedUnit", flag},
-                                         {"osdSpeedDisplay", flag},
-                                         {"timeZoneIndex", upTo(33)},
-                                         {"summerTime", flag},
-                                         {"powerVoltage", upTo(12400, 11800, 100)},
-                                         {"useExternalPower", flag},
-                                         {"routeSaveInterval", {1, 2, 4, 0x11, 0x12, 0x14}},
-                                         {"useEcoDrive", flag},
-                                         {"ecoLow", upTo(100)},
-                                         {"ecoHigh", upTo(100)}});
+        verifyRandomRecordsSurvive<Aux>({{{"sdRatioAlways"}, {70}},
+                                         {{"sdRatioMotion"}, {20}},
+                                         {{"sdRatioEvent"}, {10}},
+                                         {{"motionSensitivityFhd"}, {65, 70, 90, 100, 130}},
+                                         {{"motionSensitivityHd"}, {50, 60, 75, 100, 150}},
+                                         {{"useMotion", "useEnvironment", "gamma"}, flag},
+                                         {{"dayTimeAE"}, upTo(2)}});
+        verifyRandomRecordsSurvive<Audio>({{{"micLevel"}, upTo(3, 1)},
+                                           {{"speakerVolume"}, {39, 51, 63}},
+                                           {{"voiceRecording", "hourlyNotice", "voiceGuidance"}, flag},
+                                           {{"voiceLanguage"}, upTo(20)}});
+        verifyRandomRecordsSurvive<Obd>(
+            {{{"drivingDay"}, upTo(7)},
+             {{"speedUnit", "osdSpeedDisplay", "summerTime", "useExternalPower", "useEcoDrive"}, flag},
+             {{"timeZoneIndex"}, upTo(33)},
+             {{"powerVoltage"}, upTo(12400, 11800, 100)},
+             {{"routeSaveInterval"}, {1, 2, 4, 0x11, 0x12, 0x14}},
+             {{"ecoLow", "ecoHigh"}, upTo(100)}});
     }
 
     void labelsStandAtTheirValues()
