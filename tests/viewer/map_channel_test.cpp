@@ -102,16 +102,19 @@ private Q_SLOTS:
         lateAnswer(); // of the dead page: must not let a second statement into flight
         QCOMPARE(page.ran.size(), 1);
         page.answerAll();
-        const QStringList all{
-            QStringLiteral("marvoMap.setWay([[1.000000,2.000000],[3.000000,4.000000]])"),
-            QStringLiteral("marvoMap.restoreDriven([[126.979361,37.552057],[151.200000,-33.900000]])"),
-            positionB,
-            QStringLiteral("marvoMap.setTiles({address:'https://t/{z}',attribution:'\\u00a9'})"),
-            noData,
-        };
-        QCOMPARE(QSet<QString>(page.ran.begin(), page.ran.end()), QSet<QString>(all.begin(), all.end()));
-        QCOMPARE(page.ran.size(), all.size());
-        QVERIFY(page.ran.indexOf(noData) > page.ran.indexOf(positionB)); // or it takes the notice away
+        QCOMPARE(
+            page.take(),
+            QStringList(
+                {QStringLiteral("marvoMap.setWay([[1.000000,2.000000],[3.000000,4.000000]])"),
+                 QStringLiteral("marvoMap.restoreDriven([[126.979361,37.552057],[151.200000,-33.900000]])"),
+                 positionB, noData,
+                 QStringLiteral("marvoMap.setTiles({address:'https://t/{z}',attribution:'\\u00a9'})")}));
+
+        channel.pageLost();
+        channel.setLatLag({-0.000001, 0.5}); // takes the message's notice away
+        channel.pageReady();
+        page.answerAll();
+        QVERIFY(page.ran.contains(positionC) && !page.ran.contains(noData));
     }
 
     void anAnswerAfterTheChannelHasGone()
