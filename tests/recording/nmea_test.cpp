@@ -162,63 +162,48 @@ MRVGpsData stateBefore()
     return state;
 }
 
-/// The state behind a sentence: the time, and what else it changes.
-template <typename Change>
-MRVGpsData changed(_SYSTEMTIME now, Change&& change)
+/// The state behind a sentence that tells a time and some of a position.
+MRVGpsData position(_SYSTEMTIME now, double latitude = -1, double longitude = -1, double speed = -1,
+                    char NS = 'n', char EW = 'e')
 {
     MRVGpsData state = stateBefore();
     state.Now = now;
-    change(state);
+    state.Latitude = latitude;
+    state.Longitude = longitude;
+    state.SpeedOverGround = speed;
+    state.NS = NS;
+    state.EW = EW;
     return state;
 }
 
-void fullPosition(MRVGpsData& state)
+MRVGpsData course(_SYSTEMTIME now, unsigned satellites, double hdop, double speed, double direction)
 {
-    state.Latitude = 3723.2475F;
-    state.Longitude = 12158.3416F;
-    state.SpeedOverGround = 35.5;
-    state.NS = 'N';
-}
-void fullPositionInTheWest(MRVGpsData& state)
-{
-    fullPosition(state);
-    state.EW = 'W';
-}
-void westOnly(MRVGpsData& state) { state.EW = 'W'; }
-void oddPosition(MRVGpsData& state)
-{
-    state.Latitude = 0;
-    state.Longitude = 120;
-    state.SpeedOverGround = .5;
-    state.NS = 'S';
-}
-void course(MRVGpsData& state, unsigned satellites, double hdop, double speed, double direction)
-{
+    MRVGpsData state = position(now, -1, -1, speed);
     state.SatelliteUsedCount = satellites;
     state.HDOP = hdop;
-    state.SpeedOverGround = speed;
     state.CourseOverGround = direction;
+    return state;
 }
 
 TEST(Dialect, ChangesWhatTheSentenceTells)
 {
-    const auto nothing = [](auto&) {};
+    const _SYSTEMTIME time{0, 0, 0, 0, 13, 45, 2, 0};
+    const double latitude = 3723.2475F;
+    const double longitude = 12158.3416F;
     const std::pair<std::string, MRVGpsData> accepted[] = {
         {"$GA,134502,A,3723.2475,12158.3416,35.5,N,W*00",
-         changed({0, 0, 0, 0, 13, 45, 2, 0}, fullPositionInTheWest)},
+         position(time, latitude, longitude, 35.5, 'N', 'W')},
         // Void: the hemisphere stays.
-        {"$GA,134502,Void,3723.2475,12158.3416,35.5,N,W*", changed({0, 0, 0, 0, 13, 45, 2, 0}, fullPosition)},
-        {"$GA,,,,,,,W*00", changed({}, westOnly)},
-        {"$GA,,v,,,,,W*00", changed({}, westOnly)},
-        {"$GA,1345*", changed({0, 0, 0, 0, 13, 45, 0, 0}, nothing)},
-        {"$GA*", changed({}, nothing)},
-        {"$GA,134502.750,A,x,12e1,+.5knots,South*", changed({0, 0, 0, 0, 13, 45, 2, 0}, oddPosition)},
-        {"$GC,134502,260513,,,7,1.2,35.5,84.0*00",
-         changed({2013, 5, 0, 26, 13, 45, 2, 0}, [](auto& state) { course(state, 7, 1.2F, 35.5, 84); })},
+        {"$GA,134502,Void,3723.2475,12158.3416,35.5,N,W*", position(time, latitude, longitude, 35.5, 'N')},
+        {"$GA,,,,,,,W*00", position({}, -1, -1, -1, 'n', 'W')},
+        {"$GA,,v,,,,,W*00", position({}, -1, -1, -1, 'n', 'W')},
+        {"$GA,1345*", position({0, 0, 0, 0, 13, 45, 0, 0})},
+        {"$GA*", position({})},
+        {"$GA,134502.750,A,x,12e1,+.5knots,South*", position(time, 0, 120, .5, 'S')},
+        {"$GC,134502,260513,,,7,1.2,35.5,84.0*00", course({2013, 5, 0, 26, 13, 45, 2, 0}, 7, 1.2F, 35.5, 84)},
         // Unlike "$GA", "$GC" assigns empty fields.
-        {"$GC*", changed({2000, 0, 0, 0, 0, 0, 0, 0}, [](auto& state) { course(state, 0, 0, 0, 0); })},
-        {"$GC,1x4502,x,9,9,-1,,nan,84*",
-         changed({2000, 0, 0, 0, 1, 0, 0, 0}, [](auto& state) { course(state, 0xFFFFFFFF, 0, 0, 84); })},
+        {"$GC*", course({2000, 0, 0, 0, 0, 0, 0, 0}, 0, 0, 0, 0)},
+        {"$GC,1x4502,x,9,9,-1,,nan,84*", course({2000, 0, 0, 0, 1, 0, 0, 0}, 0xFFFFFFFF, 0, 0, 84)},
     };
     for (const auto& [sentence, expected] : accepted) {
         MRVMARVONMEASentenceParser parser;
