@@ -75,7 +75,7 @@ const WalkCase walkCases[] = {
      avi(readings({999, 1000, 1100}).longGps(1099, "").longGps(2000, "")), true, 3, 3, 0},
     // -50 / 100 is 0, not -1: the first reading is not earlier than the fix.
     {"KeysTruncateTowardZero", avi(readings({-50, 0}).longGps(50, "")), true, 1, 2, 0},
-    {"LongTrailerOfNine", avi(readings({0}).gps(0, "$G\r", '9').text("1234567").reading(1)), true, 1, 2, 1},
+    {"LongTrailerOfNine", avi(readings({0}).gps(0, "$G\r", '9').text("1230GDA").reading(1)), true, 1, 2, 1},
     {"ShortTrailerEatsTheZeroThatEndsTheText", avi(readings({0}).gps(0, {"$G\0", 3}, '$').reading(1)), true,
      1, 2, 1},
     {"ShortTrailerWithoutText", avi(readings({0}).gps(0, "", '\0').reading(1)), true, 1, 2, 0},
