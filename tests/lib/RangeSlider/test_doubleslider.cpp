@@ -75,6 +75,13 @@ private Q_SLOTS:
         QVERIFY(marvo::testing::showActive(*m_window));
     }
 
+    void anotherCellIsReplaced()
+    {
+        SMDoubleSlider plain(nullptr, std::make_unique<SliderCell>());
+        plain.setIntegerHiValue(20);
+        QCOMPARE(plain.cell().doubleHiValue(), 20.0);
+    }
+
     void withoutImagesItIsDrawnPlainly()
     {
         QVERIFY(m_slider->knobLeftImage().toImage() != m_slider->knobRightImage().toImage());
