@@ -17,19 +17,35 @@ bool FrameExchange::setFormat(QSize size, PixelLayout layout)
     if (size.isEmpty() || size.width() > LargestWidth || size.height() > LargestHeight)
         return false;
     VideoFrame first(size, layout);
+    VideoFrame second(size, layout);
+    if (first.isNull() || second.isNull())
+        return false;
     const std::scoped_lock lock(m_mutex);
     m_size = size;
     m_layout = layout;
     m_writing = std::move(first);
-    return !m_writing.isNull();
+    if (!m_isWaitingNew) // else it is still to be shown, whatever its size
+        m_waiting = std::move(second);
+    return true;
 }
 
 const VideoFrame& FrameExchange::beginWriting()
 {
     const std::scoped_lock lock(m_mutex);
-    if (m_writing.size() != m_size || m_writing.layout() != m_layout)
+    if (!isUsable(m_writing))
         m_writing = VideoFrame(m_size, m_layout);
+    // Without memory for a third the picture that waits is given up: the decoder writes in any case.
+    if (m_writing.isNull() && isUsable(m_waiting)) {
+        std::swap(m_writing, m_waiting);
+        m_isWaitingNew = false;
+    }
     return m_writing;
+}
+
+/// Of the film as it is now, not of one that had another size before.
+bool FrameExchange::isUsable(const VideoFrame& frame) const
+{
+    return frame.size() == m_size && frame.layout() == m_layout;
 }
 
 bool FrameExchange::publish()

@@ -17,7 +17,7 @@ public:
     /// Decoder: what the pictures to come are like. False when it is no size for a picture or there is no
     /// memory for one.
     bool setFormat(QSize size, PixelLayout layout);
-    /// Decoder: the frame to write the next picture into; null without memory.
+    /// Decoder, after setFormat(): the frame to write the next picture into.
     const VideoFrame& beginWriting();
     /// Decoder: the picture is complete. True when the reader has not been told of one yet.
     bool publish();
@@ -29,6 +29,8 @@ public:
     QSize size() const;
 
 private:
+    bool isUsable(const VideoFrame& frame) const;
+
     mutable std::mutex m_mutex; // guards all but the pixels of m_writing, which are the decoder's
     QSize m_size;
     PixelLayout m_layout = PixelLayout::I420;
