@@ -10,7 +10,6 @@
 #include <cmath>
 #include <fstream>
 #include <limits>
-#include <new>
 #include <numbers>
 #include <utility>
 
@@ -81,7 +80,7 @@ DrivingLog::Reading DrivingLog::read(const std::string& path, const LogDescripti
     const std::uint64_t size = log->m_recordCount * description.recordSize;
     if (size > availableMemory())
         return {.log = {}, .fault = Fault::NoMemory, .detail = {}};
-    log->m_records.reset(new (std::nothrow) std::byte[size]);
+    log->m_records = makeLargeBuffer(size);
     if (!log->m_records)
         return {.log = {}, .fault = Fault::NoMemory, .detail = {}};
     if (file.readAt(headerSize, {log->m_records.get(), size}) < size) {

@@ -5,6 +5,7 @@
 #include "logs/CellText.h"
 #include "logs/LogDescription.h"
 #include "recording/Positions.h"
+#include "support/LargeBuffer.h"
 
 #include <array>
 #include <cstddef>
@@ -69,7 +70,7 @@ private:
 
     std::string m_path;
     const LogDescription* m_description;
-    std::unique_ptr<std::byte[]> m_records;
+    LargeBuffer m_records;
     std::uint64_t m_recordCount = 0;
     std::uint32_t m_promisedCount = 0;
 };
