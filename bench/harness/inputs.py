@@ -144,7 +144,7 @@ def driving_log_csv():
 
 def soak_folders():
     """Two folders of 100 recordings each, of H.264 and of motion JPEG; so short that 200 are played in ten minutes."""
-    seconds = "4"
+    seconds = "2"
 
     def clip(path, codec):
         cut = DATA / "cut.avi"
@@ -156,8 +156,8 @@ def soak_folders():
               "mjpeg": ["-c:v", "mjpeg", "-q:v", "4", "-pix_fmt", "yuvj422p"]}
     folders = []
     for name, codec in codecs.items():
-        source = _made_once(f"clip-{name}.avi", lambda path, codec=codec: clip(path, codec))
-        folder = DATA / f"soak-{name}"
+        source = _made_once(f"clip-{seconds}s-{name}.avi", lambda path, codec=codec: clip(path, codec))
+        folder = DATA / f"soak-{seconds}s-{name}"
         folder.mkdir(exist_ok=True)
         for i in range(100):
             recording_name = folder / f"alwa_20240517_{10 + i // 60}{i % 60:02d}00_F.avi"
