@@ -8,7 +8,9 @@ namespace marvo {
 
 QString plainToolTip(const QString& text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
+    if (!Qt::mightBeRichText(text))
+        return text;
+    return QStringLiteral("<span style=\"white-space:pre-wrap\">%1</span>").arg(text.toHtmlEscaped());
 }
 
 } // namespace marvo

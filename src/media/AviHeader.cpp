@@ -154,8 +154,11 @@ AviFault openingFault(int errorNumber)
     case EISDIR:
     case ENXIO: // a socket
         return AviFault::NotAFile;
-    default:
+    case ENOENT:
+    case ENOTDIR:
         return AviFault::Missing;
+    default:
+        return AviFault::CannotRead;
     }
 }
 

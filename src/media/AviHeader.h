@@ -36,7 +36,7 @@ enum class AviFault {
     NoAccess,
     NotAFile, ///< a folder, a pipe, a device
     Empty,
-    CannotRead, ///< the medium fails
+    CannotRead, ///< the medium fails at the header; what follows is for the player to meet
     NotAvi,
     NoVideo,
 };

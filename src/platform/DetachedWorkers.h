@@ -17,6 +17,8 @@ namespace marvo {
 class DetachedWorkers
 {
 public:
+    /// Where the system has no thread to give, the work is done before this returns: late is better than
+    /// never.
     void start(std::function<void()> work);
     /// False when some work was still going on when the time was up.
     bool waitForAll(std::chrono::milliseconds atMost) const;

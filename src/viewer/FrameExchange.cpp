@@ -12,17 +12,18 @@ constexpr int LargestWidth = 8192;
 constexpr int LargestHeight = 4320;
 } // namespace
 
-bool FrameExchange::setFormat(QSize size, PixelLayout layout)
+bool FrameExchange::setFormat(QSize size, PixelLayout layout, ColourMatrix matrix)
 {
     if (size.isEmpty() || size.width() > LargestWidth || size.height() > LargestHeight)
         return false;
-    VideoFrame first(size, layout);
-    VideoFrame second(size, layout);
+    VideoFrame first(size, layout, matrix);
+    VideoFrame second(size, layout, matrix);
     if (first.isNull() || second.isNull())
         return false;
     const std::scoped_lock lock(m_mutex);
     m_size = size;
     m_layout = layout;
+    m_matrix = matrix;
     m_writing = std::move(first);
     if (!m_isWaitingNew) // else it is still to be shown, whatever its size
         m_waiting = std::move(second);
@@ -33,7 +34,7 @@ const VideoFrame& FrameExchange::beginWriting()
 {
     const std::scoped_lock lock(m_mutex);
     if (!isUsable(m_writing))
-        m_writing = VideoFrame(m_size, m_layout);
+        m_writing = VideoFrame(m_size, m_layout, m_matrix);
     // Without memory for a third the picture that waits is given up: the decoder writes in any case.
     if (m_writing.isNull() && isUsable(m_waiting)) {
         std::swap(m_writing, m_waiting);
@@ -45,7 +46,7 @@ const VideoFrame& FrameExchange::beginWriting()
 /// Of the film as it is now, not of one that had another size before.
 bool FrameExchange::isUsable(const VideoFrame& frame) const
 {
-    return frame.size() == m_size && frame.layout() == m_layout;
+    return frame.size() == m_size && frame.layout() == m_layout && frame.matrix() == m_matrix;
 }
 
 bool FrameExchange::publish()

@@ -16,7 +16,7 @@ class FrameExchange
 public:
     /// Decoder: what the pictures to come are like. False when it is no size for a picture or there is no
     /// memory for one.
-    bool setFormat(QSize size, PixelLayout layout);
+    bool setFormat(QSize size, PixelLayout layout, ColourMatrix matrix);
     /// Decoder, after setFormat(): the frame to write the next picture into.
     const VideoFrame& beginWriting();
     /// Decoder: the picture is complete. True when the reader has not been told of one yet.
@@ -34,6 +34,7 @@ private:
     mutable std::mutex m_mutex; // guards all but the pixels of m_writing, which are the decoder's
     QSize m_size;
     PixelLayout m_layout = PixelLayout::I420;
+    ColourMatrix m_matrix = ColourMatrix::BT601;
     VideoFrame m_writing;
     VideoFrame m_waiting;
     bool m_isWaitingNew = false;

@@ -16,8 +16,10 @@ namespace {
 Q_LOGGING_CATEGORY(logMap, "marvo.map")
 
 /// From the program's own folder: as installed, and as built.
-constexpr const char* moduleFolders[] = {"../" MARVO_MODULE_FOLDER, "../../" MARVO_MODULE_FOLDER};
-constexpr char moduleName[] = "marvo-webmap.so";
+constexpr const char* moduleFolders[] = {MARVO_MODULE_FOLDER, "../../modules"};
+/// Of this version alone: another, such as an upgrade puts there while the program runs, may mean something
+/// else by the interface.
+constexpr char moduleName[] = "marvo-webmap-" MARVO_VERSION ".so";
 
 QString modulePath()
 {
@@ -40,7 +42,7 @@ MapEngineMaker* loadedMaker()
     QPluginLoader loader(path);
     auto* maker = qobject_cast<MapEngineMaker*>(loader.instance());
     if (maker == nullptr)
-        qCWarning(logMap) << "no map:" << loader.errorString();
+        qCWarning(logMap) << "no map:" << path << loader.errorString();
     else if (!areMapsDrawnByOpenGl())
         maker->drawWithoutOpenGl();
     return maker;
@@ -54,11 +56,11 @@ class QuietStart
 public:
     QuietStart()
     {
-        usualMessages = qInstallMessageHandler(
-            [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
-                if (type != QtWarningMsg || qstrcmp(context.category, "default") != 0)
-                    usualMessages(type, context, message);
-            });
+        usualMessages = qInstallMessageHandler(nullptr); // known before another thread may need it
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+            if (type != QtWarningMsg || qstrcmp(context.category, "default") != 0)
+                usualMessages(type, context, message);
+        });
     }
     QuietStart(const QuietStart&) = delete;
     QuietStart& operator=(const QuietStart&) = delete;
@@ -69,9 +71,12 @@ public:
 
 std::unique_ptr<MapEngine> makeMapEngine(const MapEngineSetup& setup, QWidget* parent)
 {
-    const QuietStart quiet;
+    static std::unique_ptr<QuietStart> quiet =
+        areMapsDrawnByOpenGl() ? nullptr : std::make_unique<QuietStart>();
     static MapEngineMaker* const maker = loadedMaker();
-    return maker != nullptr ? maker->make(setup, parent) : nullptr;
+    std::unique_ptr<MapEngine> engine = maker != nullptr ? maker->make(setup, parent) : nullptr;
+    quiet.reset(); // only its first start says so
+    return engine;
 }
 
 } // namespace marvo

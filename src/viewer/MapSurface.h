@@ -7,7 +7,7 @@ class QWidget;
 namespace marvo {
 
 /// Settles, before the QApplication is made, what maps need of it later: how their engine is let run, and
-/// OpenGL that all windows share where the machine may have a graphics processor. Without one nothing of
+/// OpenGL that all windows share where the machine may have a graphics processor. Without one no driver of
 /// OpenGL is loaded, which is a third of the time that the application takes to start.
 void prepareForMaps();
 

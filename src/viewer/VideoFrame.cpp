@@ -15,10 +15,6 @@ namespace {
 
 constexpr int blockSize = 32; // what lines and their length are rounded up to
 
-/// More lines than standard definition has: of such films the colours are meant by ITU-R BT.709, of smaller
-/// ones, and of all JPEG, by BT.601.
-constexpr int standardLines = 576;
-
 constexpr int rounded(int value) { return (value + blockSize - 1) / blockSize * blockSize; }
 
 bool isJpegRange(PixelLayout layout)
@@ -44,20 +40,23 @@ QSize colourSize(QSize size, PixelLayout layout)
     return size;
 }
 
-/// Writes a frame in its own size into a picture of the same; `lines` are those of the film, however small
-/// the frame has been made.
-void writeColours(const VideoFrame& frame, int lines, QImage& image)
+const libyuv::YuvConstants* coloursOf(const VideoFrame& frame)
 {
-    const libyuv::YuvConstants* colours = isJpegRange(frame.layout()) ? &libyuv::kYuvJPEGConstants
-                                          : lines > standardLines     ? &libyuv::kYuvH709Constants
-                                                                      : &libyuv::kYuvI601Constants;
+    if (frame.matrix() == ColourMatrix::BT709)
+        return isJpegRange(frame.layout()) ? &libyuv::kYuvF709Constants : &libyuv::kYuvH709Constants;
+    return isJpegRange(frame.layout()) ? &libyuv::kYuvJPEGConstants : &libyuv::kYuvI601Constants;
+}
+
+/// Writes a frame into a picture of the same size.
+void writeColours(const VideoFrame& frame, QImage& image)
+{
     const QSize half = colourSize(frame.size(), frame.layout());
     const auto convert = half == frame.size()                     ? libyuv::I444ToARGBMatrix
                          : half.height() == frame.size().height() ? libyuv::I422ToARGBMatrix
                                                                   : libyuv::I420ToARGBMatrix;
     const auto& [y, u, v] = frame.planes();
     convert(y.pixels, y.pitch, u.pixels, u.pitch, v.pixels, v.pitch, image.bits(),
-            static_cast<int>(image.bytesPerLine()), colours, image.width(), image.height());
+            static_cast<int>(image.bytesPerLine()), coloursOf(frame), image.width(), image.height());
 }
 
 /// Whether all planes can be halved without a rest, and are not too small for a size then.
@@ -67,16 +66,14 @@ bool mayBeHalved(QSize size, QSize wanted)
            size.height() / 2 >= wanted.height();
 }
 
-void makeLike(VideoFrame& frame, QSize size, PixelLayout layout)
+void prepare(VideoFrame& frame, QSize size, PixelLayout layout, ColourMatrix matrix)
 {
-    if (frame.size() != size || frame.layout() != layout)
-        frame = VideoFrame(size, layout);
+    if (frame.size() != size || frame.layout() != layout || frame.matrix() != matrix)
+        frame = VideoFrame(size, layout, matrix);
 }
 
 void scale(const VideoFrame& from, const VideoFrame& to)
 {
-    if (from.isNull() || to.isNull())
-        return;
     for (std::size_t i = 0; i < from.planes().size(); ++i) {
         const QSize size = i == 0 ? from.size() : colourSize(from.size(), from.layout());
         const QSize wanted = i == 0 ? to.size() : colourSize(to.size(), to.layout());
@@ -89,7 +86,7 @@ void scale(const VideoFrame& from, const VideoFrame& to)
 
 } // namespace
 
-VideoFrame::VideoFrame(QSize size, PixelLayout layout)
+VideoFrame::VideoFrame(QSize size, PixelLayout layout, ColourMatrix matrix)
 {
     const QSize colours = colourSize(size, layout);
     std::size_t bytes = 0;
@@ -105,6 +102,7 @@ VideoFrame::VideoFrame(QSize size, PixelLayout layout)
         return;
     m_size = size;
     m_layout = layout;
+    m_matrix = matrix;
     for (std::size_t i = 0; i < m_planes.size(); ++i)
         m_planes[i].pixels = m_memory.get() + offsets[i];
 }
@@ -113,6 +111,7 @@ void VideoFrame::swap(VideoFrame& other) noexcept
 {
     std::swap(m_size, other.m_size);
     std::swap(m_layout, other.m_layout);
+    std::swap(m_matrix, other.m_matrix);
     std::swap(m_planes, other.m_planes);
     std::swap(m_memory, other.m_memory);
 }
@@ -128,7 +127,7 @@ const QImage& FrameConverter::convert(const VideoFrame& frame, QSize size)
     if (m_image.size() != scaled.size())
         m_image = scaled.isNull() ? QImage() : QImage(scaled.size(), QImage::Format_RGB32);
     if (!m_image.isNull())
-        writeColours(scaled, own.height(), m_image);
+        writeColours(scaled, m_image);
     return m_image;
 }
 
@@ -140,12 +139,16 @@ const VideoFrame& FrameConverter::scaledDown(const VideoFrame& frame, QSize size
     for (VideoFrame& half : m_halves) {
         if (!mayBeHalved(from->size(), size))
             break;
-        makeLike(half, from->size() / 2, from->layout());
+        prepare(half, from->size() / 2, from->layout(), frame.matrix());
+        if (half.isNull())
+            return half;
         scale(*from, half);
         from = &half;
     }
-    makeLike(m_scaled, size, isJpegRange(frame.layout()) ? PixelLayout::J420 : PixelLayout::I420);
-    scale(*from, m_scaled);
+    prepare(m_scaled, size, isJpegRange(frame.layout()) ? PixelLayout::J420 : PixelLayout::I420,
+            frame.matrix());
+    if (!m_scaled.isNull())
+        scale(*from, m_scaled);
     return m_scaled;
 }
 

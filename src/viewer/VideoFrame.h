@@ -15,6 +15,10 @@ namespace marvo {
 /// (422) or for each (444); values go from 16 to 235 as in television (I) or from 0 to 255 as in JPEG (J).
 enum class PixelLayout { I420, I422, I444, J420, J422, J444 };
 
+/// By which recommendation of the ITU the colours are meant: BT.601 (standard definition, JPEG) or BT.709
+/// (high definition).
+enum class ColourMatrix { BT601, BT709 };
+
 /// A picture as the decoder leaves it, which is a third of what it takes in colours for the screen. It can be
 /// moved, not copied.
 class VideoFrame
@@ -29,7 +33,7 @@ public:
 
     VideoFrame() = default;
     /// A picture to be written; null when there is no memory for one.
-    VideoFrame(QSize size, PixelLayout layout);
+    VideoFrame(QSize size, PixelLayout layout, ColourMatrix matrix = ColourMatrix::BT601);
     VideoFrame(VideoFrame&& other) noexcept { swap(other); }
     VideoFrame& operator=(VideoFrame&& other) noexcept
     {
@@ -41,6 +45,7 @@ public:
     bool isNull() const { return m_memory == nullptr; }
     QSize size() const { return m_size; }
     PixelLayout layout() const { return m_layout; }
+    ColourMatrix matrix() const { return m_matrix; }
     /// Brightness, blue and red difference.
     const std::array<Plane, 3>& planes() const { return m_planes; }
 
@@ -52,6 +57,7 @@ private:
 
     QSize m_size;
     PixelLayout m_layout = PixelLayout::I420;
+    ColourMatrix m_matrix = ColourMatrix::BT601;
     std::array<Plane, 3> m_planes{};
     std::unique_ptr<uchar[]> m_memory;
 };

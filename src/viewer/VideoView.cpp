@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <QPaintEvent>
 
-#include <cmath>
 #include <utility>
 
 namespace marvo {
@@ -27,9 +26,8 @@ VideoFrame VideoView::takeFrame() { return std::exchange(m_frame, VideoFrame());
 void VideoView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    const qreal ratio = devicePixelRatioF();
-    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
-                       static_cast<int>(std::ceil(height() * ratio)));
+    const QSizeF onScreen = QSizeF(size()) * devicePixelRatioF();
+    const QSize pixels = onScreen.toSize();
     // What lies over the picture has the view painted as well, with the frame that it has shown already.
     if (std::exchange(m_hasChanged, false) || m_paintedFor != pixels)
         m_picture = &m_converter.convert(m_frame, pixels);
@@ -38,7 +36,7 @@ void VideoView::paintEvent(QPaintEvent* event)
         painter.fillRect(event->rect(), Qt::black);
         return;
     }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture->size() != pixels);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, QSizeF(m_picture->size()) != onScreen);
     painter.drawImage(rect(), *m_picture);
 }
 

@@ -58,13 +58,25 @@ const char* faultKey(AviFault fault)
     return "play.error_no_video";
 }
 
-QByteArrayList mediaOptions(const AviHeader& header)
+bool isMotionJpeg(const AviHeader& header)
 {
     const std::string_view codec(header.videoCodec.data(), header.videoCodec.size());
-    const bool isMotionJpeg = codec == "MJPG" || codec == "mjpg";
+    return codec == "MJPG" || codec == "mjpg";
+}
+
+/// libVLC does not tell what the film says of its colours. Where none does, players go by its size; JPEG has
+/// but one matrix.
+ColourMatrix colourMatrix(const AviHeader& header)
+{
+    constexpr std::uint32_t standardLines = 576;
+    return header.height > standardLines && !isMotionJpeg(header) ? ColourMatrix::BT709 : ColourMatrix::BT601;
+}
+
+QByteArrayList mediaOptions(const AviHeader& header)
+{
     // A recording whose camera lost power has no index. For motion JPEG libVLC builds one when opening; with
     // other codecs that index knows no key frames, and only the other demultiplexer seeks.
-    if (header.hasIndex || isMotionJpeg)
+    if (header.hasIndex || isMotionJpeg(header))
         return {":play-and-pause", ":demux=avi", ":avi-index=3"};
     return {":play-and-pause", ":demux=avformat"};
 }
@@ -86,8 +98,8 @@ struct VlcPlayer::Prepared
         auto instance = VlcInstance::shared();
         if (!instance)
             return {nullptr, {}, "play.error_engine"};
-        std::shared_ptr<VlcSession> session =
-            VlcSession::create(std::move(instance), path, mediaOptions(header), std::move(report));
+        std::shared_ptr<VlcSession> session = VlcSession::create(
+            std::move(instance), path, mediaOptions(header), colourMatrix(header), std::move(report));
         if (!session)
             return {nullptr, {}, "play.error_engine"};
         return {std::move(session), header, nullptr};

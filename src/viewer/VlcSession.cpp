@@ -129,7 +129,8 @@ struct VlcSession::Callbacks
         constexpr unsigned LargestInt = 0x7FFF'FFFFU;
         const auto [layout, name] = layoutFor(std::string_view(chroma, 4));
         if (*width > LargestInt || *height > LargestInt ||
-            !self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout))
+            !self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout,
+                                     self.m_matrix))
             return 0;
         name.copy(chroma, 4);
         std::size_t i = 0;
@@ -189,14 +190,15 @@ void VlcSession::PlayerRelease::operator()(libvlc_media_player_t* player) const
     libvlc_media_player_release(player);
 }
 
-VlcSession::VlcSession(std::shared_ptr<VlcInstance> instance, Report report)
-    : m_instance(std::move(instance)), m_report(std::move(report))
+VlcSession::VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matrix, Report report)
+    : m_instance(std::move(instance)), m_matrix(matrix), m_report(std::move(report))
 {}
 
 std::unique_ptr<VlcSession> VlcSession::create(std::shared_ptr<VlcInstance> instance, const std::string& path,
-                                               const QByteArrayList& mediaOptions, Report report)
+                                               const QByteArrayList& mediaOptions, ColourMatrix matrix,
+                                               Report report)
 {
-    std::unique_ptr<VlcSession> session(new VlcSession(std::move(instance), std::move(report)));
+    std::unique_ptr<VlcSession> session(new VlcSession(std::move(instance), matrix, std::move(report)));
     session->m_media.reset(libvlc_media_new_path(session->m_instance->get(), path.c_str()));
     if (!session->m_media)
         return nullptr;

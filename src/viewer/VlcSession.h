@@ -62,7 +62,8 @@ public:
 
     /// Null when libVLC refuses. Media options are written as ":demux=avi".
     static std::unique_ptr<VlcSession> create(std::shared_ptr<VlcInstance> instance, const std::string& path,
-                                              const QByteArrayList& mediaOptions, Report report);
+                                              const QByteArrayList& mediaOptions, ColourMatrix matrix,
+                                              Report report);
     ~VlcSession();
     VlcSession(const VlcSession&) = delete;
     VlcSession& operator=(const VlcSession&) = delete;
@@ -80,7 +81,7 @@ public:
     FrameExchange& frames() { return m_frames; }
 
 private:
-    VlcSession(std::shared_ptr<VlcInstance> instance, Report report);
+    VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matrix, Report report);
     void attach();
 
     struct Callbacks;
@@ -94,6 +95,7 @@ private:
     };
 
     std::shared_ptr<VlcInstance> m_instance;
+    ColourMatrix m_matrix;
     Report m_report;
     FrameExchange m_frames;
     int m_soundFailuresBefore = 0;

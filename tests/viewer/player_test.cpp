@@ -443,6 +443,12 @@ private Q_SLOTS:
         QTest::newRow("television, large")
             << QStringLiteral("-vf scale=out_color_matrix=bt709 ") + h264 << QSize(1280, 720);
         QTest::newRow("not whole blocks") << h264 << QSize(324, 182);
+        QTest::newRow("computer, large")
+            << QStringLiteral(
+                   "-vf scale=out_color_matrix=bt709:out_range=full -c:v libx264 -pix_fmt yuvj420p")
+            << QSize(1280, 720);
+        QTest::newRow("JPEG, large") << QStringLiteral("-c:v mjpeg -q:v 2 -pix_fmt yuvj420p")
+                                     << QSize(1280, 720);
         for (const char* layout : {"yuvj420p", "yuvj422p", "yuvj444p"})
             QTest::newRow(layout) << QStringLiteral("-c:v mjpeg -q:v 2 -pix_fmt ") + QLatin1String(layout)
                                   << QSize(320, 180);

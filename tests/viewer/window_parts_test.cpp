@@ -18,7 +18,10 @@
 
 #include <QAction>
 #include <QSignalSpy>
+#include <QTextDocument>
 #include <QtTest>
+
+#include <filesystem>
 
 using namespace marvo;
 using namespace std::chrono_literals;
@@ -168,6 +171,26 @@ private Q_SLOTS:
                     QVERIFY2(expected.contains(texts.join(u'|')), qPrintable(texts.join(u'|')));
             }
             QVERIFY(view.columnWidth(3) >= 40);
+        }
+    }
+
+    /// A tool tip is HTML where it looks like it; what is read then must be the path all the same.
+    void tipsOfFoldersThatLookLikeHtml()
+    {
+        for (const char* name : {"card", "<i>card", "<b>a  b<br>", "<i>x &lt;b"}) {
+            test::TemporaryFolder folder;
+            MRVMediaList list;
+            std::filesystem::create_directory(folder.path(name));
+            scan(list, folder, {std::string(name) + "/alwa_20130526_134502_F.avi"});
+            RecordingTableModel model(list);
+            model.reload();
+            const QString tip = model.index(0, 0).data(Qt::ToolTipRole).toString();
+            QTextDocument shown;
+            if (Qt::mightBeRichText(tip))
+                shown.setHtml(tip);
+            else
+                shown.setPlainText(tip);
+            QCOMPARE(shown.toPlainText(), QString::fromStdString(list.mediaAtIndex(0)->path()));
         }
     }
 
