@@ -33,16 +33,27 @@ def application():
     sys.exit("MARVO is not on the bus")
 
 
+def look(app):
+    """What is shown, the sliders of it that have a name, and what is wrong with them."""
+    shown = [node for node in everything(app) if node.getState().contains(pyatspi.STATE_SHOWING)]
+    seen = {(node.name, node.getRole()) for node in shown}
+    faults = [f"{name}: no such {pyatspi.ROLE_NAMES.get(role, role)}" for name, role in WANTED - seen]
+    sliders = [node for node in shown if node.getRole() == pyatspi.ROLE_SLIDER and node.name]
+    if len(sliders) < SLIDERS:
+        faults.append(f"{len(sliders)} sliders with a name")
+    faults += [f"a {node.getRoleName()} without a name" for node in shown
+               if node.getState().contains(pyatspi.STATE_FOCUSABLE) and not node.name]
+    if faults:
+        faults.append(f"seen: {sorted((name, str(role)) for name, role in seen if name)}")
+    return shown, sliders, faults
+
+
 app = application()
-shown = [node for node in everything(app) if node.getState().contains(pyatspi.STATE_SHOWING)]
-seen = {(node.name, node.getRole()) for node in shown}
-faults = [f"{name}: no such {pyatspi.ROLE_NAMES.get(role, role)}" for name, role in WANTED - seen]
-sliders = [node for node in shown if node.getRole() == pyatspi.ROLE_SLIDER and node.name]
-if len(sliders) < SLIDERS:
-    faults.append(f"{len(sliders)} sliders with a name")
-for node in shown:
-    if node.getState().contains(pyatspi.STATE_FOCUSABLE) and not node.name:
-        faults.append(f"a {node.getRoleName()} without a name")
+until = time.monotonic() + 10  # it is on the bus before its window is shown
+shown, sliders, faults = look(app)
+while faults and time.monotonic() < until:
+    time.sleep(0.2)
+    shown, sliders, faults = look(app)
 volume = next((node for node in sliders if node.queryValue().maximumValue == 200), None)
 if volume is None:
     faults.append("no volume")
@@ -54,5 +65,5 @@ else:
     if volume.queryValue().currentValue != 100:
         faults.append("the volume cannot be set")
 if faults:
-    sys.exit("\n".join(faults + [f"seen: {sorted((n, str(r)) for n, r in seen if n)}"]))
+    sys.exit("\n".join(faults))
 print(f"{len(shown)} objects seen, {len(sliders)} sliders")
