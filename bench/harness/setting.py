@@ -16,7 +16,7 @@ MARVO = BUILD / "src" / "app" / "marvo"
 
 def tool(name):
     """One of the programs of bench/."""
-    return BUILD / "bench" / f"bench_{name}"
+    return BUILD / "bench" / "programs" / f"bench_{name}"
 
 
 def say(text):
