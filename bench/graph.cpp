@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 // What following playback costs in the G-sensor graph: a cursor move against drawing the whole view anew. Run
 // it with QT_QPA_PLATFORM=offscreen, or under any display.
-#include "viewer/GraphTrace.h"
-#include "viewer/GraphView.h"
+#include "viewer/panel/GraphTrace.h"
+#include "viewer/panel/GraphView.h"
 
 #include <benchmark/benchmark.h>
 

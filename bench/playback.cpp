@@ -3,9 +3,9 @@
 // From a double click to the first picture, and what playing costs: bench_playback FILM [libVLC option...]
 // (needs a display, or QT_QPA_PLATFORM=offscreen).
 #include "recording/MRVBlackBoxData.h"
-#include "viewer/VideoView.h"
-#include "viewer/VlcPlayer.h"
-#include "viewer/VlcSession.h"
+#include "playback/VideoView.h"
+#include "playback/VlcPlayer.h"
+#include "playback/VlcSession.h"
 
 #include <QApplication>
 #include <QByteArrayList>

@@ -5,10 +5,10 @@
 #include "platform/Allocation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
-#include "viewer/MapSurface.h"
-#include "viewer/PlaybackController.h"
-#include "viewer/VlcPlayer.h"
-#include "viewer/VlcSession.h"
+#include "map/MapSurface.h"
+#include "playback/PlaybackController.h"
+#include "playback/VlcPlayer.h"
+#include "playback/VlcSession.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

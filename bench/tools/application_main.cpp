@@ -10,8 +10,8 @@
 #include "tools/Application.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
-#include "viewer/MapView.h"
-#include "viewer/VideoView.h"
+#include "map/MapView.h"
+#include "playback/VideoView.h"
 
 #include <QAction>
 #include <QElapsedTimer>

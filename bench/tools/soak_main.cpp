@@ -6,8 +6,8 @@
 // what is open only afterwards as "more NUMBER TARGET".
 #include "tools/Application.h"
 #include "viewer/MainWindowCommands.h"
-#include "viewer/MRVPlayInfo.h"
-#include "viewer/PlaybackController.h"
+#include "playback/MRVPlayInfo.h"
+#include "playback/PlaybackController.h"
 
 #include <QAction>
 #include <QElapsedTimer>

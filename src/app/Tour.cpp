@@ -8,10 +8,10 @@
 #include "viewer/CustomWindow.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
-#include "viewer/MapView.h"
+#include "map/MapView.h"
 #include "viewer/MRVAppDelegate.h"
-#include "viewer/PlaybackController.h"
-#include "viewer/VlcPlayer.h"
+#include "playback/PlaybackController.h"
+#include "playback/VlcPlayer.h"
 
 #include <QAction>
 #include <QDir>

@@ -5,8 +5,8 @@
 #include "controls/MessageSheet.h"
 #include "controls/PMProgressIndicatorController.h"
 #include "platform/Allocation.h"
-#include "platform/FolderDisks.h"
-#include "platform/UDisks2Disks.h"
+#include "card/disks/FolderDisks.h"
+#include "card/disks/UDisks2Disks.h"
 #include "platform/UnityLauncherEntry.h"
 #include "settings/window/CardSettings.h"
 #include "support/Log.h"
@@ -14,7 +14,7 @@
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
-#include "viewer/MapSurface.h"
+#include "map/MapSurface.h"
 #include "viewer/MRVAppDelegate.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/FolderProbe.h"
 
-#include "platform/DetachedWorkers.h"
+#include "workers/DetachedWorkers.h"
 
 #include <atomic>
 #include <filesystem>

@@ -3,14 +3,14 @@
 #pragma once
 
 #include "media/MRVMediaList.h"
-#include "platform/DetachedWorkers.h"
+#include "workers/DetachedWorkers.h"
 #include "recording/MRVBlackBoxData.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "texts/Localisation.h"
-#include "viewer/CardSettingsLookup.h"
+#include "viewer/folders/CardSettingsLookup.h"
 #include "viewer/LoadingIndicator.h"
-#include "viewer/MRVPlayInfo.h"
-#include "viewer/RecordingTableModel.h"
+#include "playback/MRVPlayInfo.h"
+#include "viewer/list/RecordingTableModel.h"
 #include "viewer/SidePanel.h"
 
 #include <QObject>

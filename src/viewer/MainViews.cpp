@@ -5,17 +5,17 @@
 #include "controls/PMProgressIndicator.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/FullScreenControlBar.h"
-#include "viewer/GraphView.h"
-#include "viewer/GsensorBox.h"
+#include "viewer/panel/GraphView.h"
+#include "viewer/panel/GsensorBox.h"
 #include "viewer/HeadBox.h"
 #include "viewer/MainWindowLayout.h"
-#include "viewer/MapView.h"
+#include "map/MapView.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/MRVScrollableVideoContainerView.h"
 #include "viewer/SidePanel.h"
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/VideoNotice.h"
-#include "viewer/VideoView.h"
+#include "playback/VideoView.h"
 
 #include <QWheelEvent>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "viewer/DataPanelUpdater.h"
+#include "viewer/panel/DataPanelUpdater.h"
 
 #include <QObject>
 

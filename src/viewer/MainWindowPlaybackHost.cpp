@@ -5,17 +5,17 @@
 #include "controls/FractionSlider.h"
 #include "controls/InterfaceScale.h"
 #include "viewer/CustomWindow.h"
-#include "viewer/DataPanelUpdater.h"
+#include "viewer/panel/DataPanelUpdater.h"
 #include "viewer/LoadingIndicator.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/MRVScrollableVideoContainerView.h"
-#include "viewer/RecordingListView.h"
-#include "viewer/RecordingTableModel.h"
+#include "viewer/list/RecordingListView.h"
+#include "viewer/list/RecordingTableModel.h"
 #include "viewer/SidePanel.h"
 #include "viewer/TKVideoBackgroundImageView.h"
-#include "viewer/VideoView.h"
+#include "playback/VideoView.h"
 
 #include <QScreen>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "viewer/PlaybackHost.h"
+#include "playback/PlaybackHost.h"
 
 #include <functional>
 

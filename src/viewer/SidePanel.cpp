@@ -6,9 +6,9 @@
 #include "texts/Localisation.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MainWindowLayout.h"
-#include "viewer/RecordingFilterBar.h"
-#include "viewer/RecordingListView.h"
-#include "viewer/ReturnStrip.h"
+#include "viewer/list/RecordingFilterBar.h"
+#include "viewer/list/RecordingListView.h"
+#include "viewer/list/ReturnStrip.h"
 
 #include <QAction>
 #include <QGridLayout>

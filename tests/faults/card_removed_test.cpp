@@ -8,14 +8,14 @@
 #include "controls/SegmentedControl.h"
 #include "logs/LogBytes.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
-#include "platform/FolderDisks.h"
+#include "card/disks/FolderDisks.h"
 #include "settings/SettingFile.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
 #include "viewer/Appearance.h"
-#include "viewer/MapSurface.h"
-#include "viewer/VlcSession.h"
+#include "map/MapSurface.h"
+#include "playback/VlcSession.h"
 #include "viewer/window_stage.h"
 
 #include <QFileDialog>

@@ -4,8 +4,8 @@
 #include "logs/LogBytes.h"
 #include "logs/LogExport.h"
 #include "media/MRVMediaList.h"
-#include "platform/FolderDisks.h"
-#include "platform/ObjectLink.h"
+#include "card/disks/FolderDisks.h"
+#include "workers/ObjectLink.h"
 #include "recording/MRVBlackBoxData.h"
 #include "recording/RecordingBytes.h"
 #include "settings/SettingFile.h"
@@ -13,7 +13,7 @@
 #include "settings/window/SettingsBackups.h"
 #include "support/AtomicFile.h"
 #include "TemporaryFolder.h"
-#include "viewer/RecordingExtraction.h"
+#include "playback/RecordingExtraction.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

@@ -12,7 +12,7 @@
 #include "support/AtomicFile.h"
 #include "support/Termination.h"
 #include "TemporaryFolder.h"
-#include "viewer/CaptureFile.h"
+#include "capture/CaptureFile.h"
 
 #include <gtest/gtest.h>
 

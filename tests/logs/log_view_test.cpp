@@ -13,10 +13,10 @@
 #include "settings/window/LoadingSheet.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
-#include "viewer/MapEngine.h"
-#include "viewer/MapSurface.h"
-#include "viewer/MapView.h"
-#include "viewer/MRVMapWindowController.h"
+#include "map/MapEngine.h"
+#include "map/MapSurface.h"
+#include "map/MapView.h"
+#include "map/MRVMapWindowController.h"
 
 #include <QApplication>
 #include <QCheckBox>

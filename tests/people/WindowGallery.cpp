@@ -7,14 +7,14 @@
 #include "logs/LogDescription.h"
 #include "logs/window/DrivingLogViewController.h"
 #include "logs/window/DrivingLogWindow.h"
-#include "platform/DeviceAccess.h"
-#include "platform/FolderDisks.h"
+#include "card/disks/DeviceAccess.h"
+#include "card/disks/FolderDisks.h"
 #include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
-#include "viewer/CaptureSaveDialog.h"
-#include "viewer/MapView.h"
+#include "capture/CaptureSaveDialog.h"
+#include "map/MapView.h"
 #include "viewer/window_stage.h"
 
 #include <QAction>

@@ -5,8 +5,8 @@
 #include "people/WindowGallery.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
-#include "viewer/MapSurface.h"
-#include "viewer/VlcSession.h"
+#include "map/MapSurface.h"
+#include "playback/VlcSession.h"
 
 #include <QApplication>
 #include <QDir>

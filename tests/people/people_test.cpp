@@ -6,7 +6,7 @@
 #include "people/WindowAudit.h"
 #include "people/WindowGallery.h"
 #include "TemporaryFolder.h"
-#include "viewer/MapSurface.h"
+#include "map/MapSurface.h"
 #include "viewer/window_stage.h"
 
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "platform/BlockDevices.h"
-#include "platform/UDisks2Disks.h"
+#include "card/disks/BlockDevices.h"
+#include "card/disks/UDisks2Disks.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

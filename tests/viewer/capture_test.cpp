@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 // Captured pictures: the file and what stands in it, and the command as a person gives it.
 #include "TemporaryFolder.h"
-#include "viewer/CaptureSaveDialog.h"
-#include "viewer/CaptureSnapshots.h"
+#include "capture/CaptureSaveDialog.h"
+#include "capture/CaptureSnapshots.h"
 #include "viewer/log_lines.h"
 #include "viewer/window_stage.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/DataPanel.h"
+#include "viewer/panel/DataPanel.h"
 
 #include <QTest>
 

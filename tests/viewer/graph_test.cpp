@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/GraphTrace.h"
-#include "viewer/GraphView.h"
+#include "viewer/panel/GraphTrace.h"
+#include "viewer/panel/GraphView.h"
 
 #include "texts/Localisation.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/MapScriptChannel.h"
-#include "viewer/MapTileSource.h"
+#include "map/MapScriptChannel.h"
+#include "map/MapTileSource.h"
 
 #include <QtTest>
 

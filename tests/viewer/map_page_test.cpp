@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 // The map page in the real web engine, without a network: the only server is the test's own.
 #include "texts/Localisation.h"
-#include "viewer/MapEngine.h"
-#include "viewer/MapSurface.h"
-#include "viewer/MapView.h"
-#include "viewer/MRVMapWindowController.h"
+#include "map/MapEngine.h"
+#include "map/MapSurface.h"
+#include "map/MapView.h"
+#include "map/MRVMapWindowController.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "viewer/MediaPlayer.h"
-#include "viewer/PlaybackHost.h"
+#include "playback/MediaPlayer.h"
+#include "playback/PlaybackHost.h"
 
 #include <QString>
 

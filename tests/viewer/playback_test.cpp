@@ -4,11 +4,11 @@
 #include "demo/Recording.h"
 #include "media/MRVMediaList.h"
 #include "recording/MRVBlackBoxData.h"
-#include "viewer/MRVPlayInfo.h"
+#include "playback/MRVPlayInfo.h"
 #include "viewer/playback_fakes.h"
-#include "viewer/PlaybackController.h"
-#include "viewer/VlcPlayer.h"
-#include "viewer/WindowStep.h"
+#include "playback/PlaybackController.h"
+#include "playback/VlcPlayer.h"
+#include "playback/WindowStep.h"
 
 #include <QDir>
 #include <QFile>

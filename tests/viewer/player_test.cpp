@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "viewer/player_films.h"
-#include "viewer/VideoView.h"
-#include "viewer/VlcPlayer.h"
-#include "viewer/VlcSession.h"
+#include "playback/VideoView.h"
+#include "playback/VlcPlayer.h"
+#include "playback/VlcSession.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -3,10 +3,10 @@
 // Printing, with printers that speak IPP on this machine.
 #include "platform/CupsPrinting.h"
 #include "TemporaryFolder.h"
-#include "viewer/CaptureFile.h"
+#include "capture/CaptureFile.h"
 #include "viewer/log_lines.h"
-#include "viewer/PrintController.h"
-#include "viewer/PrintRequest.h"
+#include "capture/PrintController.h"
+#include "capture/PrintRequest.h"
 #include "viewer/window_stage.h"
 
 #include <QAction>

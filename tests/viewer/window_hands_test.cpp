@@ -3,10 +3,10 @@
 // What makes the main window handy: search, the menu of a row, remembered folders and places, dropping,
 // wheel.
 #include "controls/FractionSlider.h"
-#include "platform/FolderDisks.h"
+#include "card/disks/FolderDisks.h"
 #include "TemporaryFolder.h"
-#include "viewer/FolderMemory.h"
-#include "viewer/MapSurface.h"
+#include "viewer/folders/FolderMemory.h"
+#include "map/MapSurface.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/window_stage.h"
 

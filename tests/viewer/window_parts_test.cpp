@@ -12,8 +12,8 @@
 #include "viewer/LoadingIndicator.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
-#include "viewer/RecordingListView.h"
-#include "viewer/RecordingTableModel.h"
+#include "viewer/list/RecordingListView.h"
+#include "viewer/list/RecordingTableModel.h"
 #include "viewer/WindowEdges.h"
 
 #include <QAction>

@@ -11,10 +11,10 @@
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MRVAppDelegate.h"
-#include "viewer/PlaybackController.h"
-#include "viewer/RecordingListView.h"
-#include "viewer/VlcPlayer.h"
-#include "viewer/VlcSession.h"
+#include "playback/PlaybackController.h"
+#include "viewer/list/RecordingListView.h"
+#include "playback/VlcPlayer.h"
+#include "playback/VlcSession.h"
 
 #include <QLabel>
 #include <QStandardPaths>

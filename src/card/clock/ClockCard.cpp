@@ -3,7 +3,7 @@
 #include "card/clock/ClockCard.h"
 
 #include "card/ClockFile.h"
-#include "platform/Disks.h"
+#include "card/disks/Disks.h"
 
 namespace marvo {
 

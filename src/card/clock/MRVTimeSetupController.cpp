@@ -6,8 +6,8 @@
 #include "card/clock/DateTexts.h"
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
-#include "platform/Disks.h"
-#include "platform/ObjectLink.h"
+#include "card/disks/Disks.h"
+#include "workers/ObjectLink.h"
 #include "texts/Localisation.h"
 
 #include <QCalendarWidget>

@@ -4,7 +4,7 @@
 
 #include "card/clock/ClockCard.h"
 #include "card/ClockFile.h"
-#include "platform/DetachedWorkers.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QDate>
 #include <QDialog>

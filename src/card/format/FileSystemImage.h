@@ -3,7 +3,7 @@
 #pragma once
 
 #include "card/FormatPlan.h"
-#include "platform/DeviceAccess.h"
+#include "card/disks/DeviceAccess.h"
 
 #include <QString>
 

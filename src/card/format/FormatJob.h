@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/DeviceAccess.h"
+#include "card/disks/DeviceAccess.h"
 
 #include <functional>
 #include <optional>

@@ -8,8 +8,8 @@
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
 #include "controls/PMProgressIndicator.h"
-#include "platform/Disks.h"
-#include "platform/ObjectLink.h"
+#include "card/disks/Disks.h"
+#include "workers/ObjectLink.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 

@@ -4,7 +4,7 @@
 
 #include "card/CardContents.h"
 #include "card/format/FormatJob.h"
-#include "platform/DetachedWorkers.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QDialog>
 #include <QTimer>

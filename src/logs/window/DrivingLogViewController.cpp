@@ -7,12 +7,12 @@
 #include "logs/LogExport.h"
 #include "logs/window/LogTableModel.h"
 #include "logs/window/LogTableView.h"
-#include "platform/ObjectLink.h"
+#include "workers/ObjectLink.h"
 #include "settings/window/LoadingSheet.h"
 #include "settings/window/MRVSettingController.h"
 #include "texts/Localisation.h"
-#include "viewer/MapView.h"
-#include "viewer/MRVMapWindowController.h"
+#include "map/MapView.h"
+#include "map/MRVMapWindowController.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "logs/DrivingLog.h"
-#include "platform/DetachedWorkers.h"
+#include "workers/DetachedWorkers.h"
 #include "settings/window/SettingsTabView.h"
 
 #include <QPointer>

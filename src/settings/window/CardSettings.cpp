@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/window/CardSettings.h"
 
-#include "platform/Disks.h"
+#include "card/disks/Disks.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
 #include "settings/window/ObdPreference.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/DetachedWorkers.h"
+#include "workers/DetachedWorkers.h"
 #include "settings/FileData.h"
 #include "settings/window/CardSettings.h"
 #include "settings/window/SettingsBackups.h"

@@ -4,7 +4,7 @@
 #include "card/clock/ClockFace.h"
 #include "card/clock/DateTexts.h"
 #include "card/clock/MRVTimeSetupController.h"
-#include "platform/FolderDisks.h"
+#include "card/disks/FolderDisks.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
 

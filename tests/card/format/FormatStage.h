@@ -4,7 +4,7 @@
 
 #include "card/format/MRVFormatWindowController.h"
 #include "platform/RootShell.h"
-#include "platform/UDisks2Disks.h"
+#include "card/disks/UDisks2Disks.h"
 
 #include <QFile>
 #include <QFileInfo>

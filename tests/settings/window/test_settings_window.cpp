@@ -5,7 +5,7 @@
 #include "logs/LogBytes.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "MountedFolder.h"
-#include "platform/FolderDisks.h"
+#include "card/disks/FolderDisks.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
 #include "settings/window/MRVSettingController.h"

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "capture/CaptureController.h"
+
+#include "platform/DesktopPrograms.h"
+#include "workers/DetachedWorkers.h"
+#include "support/Log.h"
+#include "capture/CaptureSaveDialog.h"
+#include "playback/MediaPlayer.h"
+
+#include <QFile>
+
+namespace marvo {
+
+CaptureController::CaptureController(QWidget& window, const MediaPlayer& player, CaptureSnapshots& snapshots,
+                                     DetachedWorkers& workers)
+    : m_window(window), m_player(player), m_snapshots(snapshots), m_workers(workers)
+{}
+
+void CaptureController::captureVideo()
+{
+    if (!m_player.isPlaying())
+        return;
+    // Before the dialog, which takes its time to list a folder: the picture is that of the click.
+    const Snapshot snapshot = m_snapshots.take();
+    auto* dialog = new CaptureSaveDialog(&m_window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, snapshot](const QString& path) { save(snapshot, QFile::encodeName(path).toStdString()); });
+    dialog->setWindowModality(Qt::ApplicationModal);
+    dialog->show();
+}
+
+void CaptureController::save(const Snapshot& snapshot, const std::string& target)
+{
+    m_workers.start([snapshot, target] {
+        const CaptureFile& file = *snapshot.get();
+        if (const std::error_code error = file.copyTo(target))
+            logLine("cannot save the captured picture as " + target + ": " + error.message());
+    });
+    // The viewer may run for hours, and nobody shall wait for that, nor it for a slow card.
+    DetachedWorkers().start([snapshot] {
+        const CaptureFile& file = *snapshot.get();
+        if (file.descriptor() < 0) // what has that name, if anything, is not ours
+            logLine("there is no captured picture to open at " + file.path());
+        else if (!openInDefaultProgram(file.path()))
+            logLine("no program of the desktop has opened " + file.path());
+    });
+}
+
+} // namespace marvo

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "map/MapStatements.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace marvo {
+
+/// The road of script statements into the map page.
+///
+/// A page that is still loading loses what is run in it, and one that is busy falls behind a position that
+/// changes ten times a second. So the channel runs one statement at a time and keeps of each kind only the
+/// latest that waits. It also knows what the map shows: a page that comes late, or has to be loaded again, is
+/// told all of it. It knows no web view: whoever owns one gives it a runner. All on the thread of the object.
+class MapScriptChannel : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Runs a statement in the page and calls `done` when the page has finished it, whatever became of it.
+    using Runner = std::function<void(const QString& statement, std::function<void()> done)>;
+
+    explicit MapScriptChannel(Runner runner, QObject* parent = nullptr);
+
+    void setTiles(const QString& address, const QString& attribution);
+    /// Forgets the position, the ways and the messages of the recording before.
+    void newRecording();
+    /// Brings the map back to the position; a page that comes later follows anyway.
+    void follow();
+    void setWay(const QList<MapPoint>& points);
+    void setLatLag(const MapPoint& point);
+    void debug(const QString& message);
+
+    /// A page has loaded: it is told what the map shows, then whatever changes.
+    void pageReady();
+    /// There is no page any more; an answer of the old one counts for nothing.
+    void pageLost();
+
+private:
+    enum class Kind { Tiles, Recording, Follow, Way, Driven, Message, Position };
+    struct Pending
+    {
+        Kind kind;
+        QString statement;
+    };
+
+    void post(Kind kind, const QString& statement);
+    void withdraw(Kind kind);
+    void runNext();
+
+    Runner m_runner;
+    QList<Pending> m_pending;
+    bool m_pageReady = false;
+    bool m_inFlight = false;
+    quint64 m_pageNumber = 0;
+
+    // What the map shows.
+    QString m_tiles;
+    QList<MapPoint> m_way;
+    QList<MapPoint> m_driven;
+    QString m_message; ///< the statement; empty once a position has come after it
+};
+
+} // namespace marvo

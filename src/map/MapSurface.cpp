@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "map/MapSurface.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLoggingCategory>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
+#include <QOpenGLWidget>
+
+#include <algorithm>
+#include <array>
+
+#include <unistd.h>
+
+namespace marvo {
+
+namespace {
+
+/// Whether the kernel knows of a graphics processor: one that the machine has need not be one that OpenGL can
+/// use, but without one OpenGL need not be asked.
+bool mayHaveGraphicsProcessor()
+{
+    // As the kernel's own drivers, NVIDIA's, and the guest of another system's kernel name theirs.
+    return !QDir(QStringLiteral("/dev/dri"), QStringLiteral("renderD*"), QDir::NoSort, QDir::System)
+                .isEmpty() ||
+           QFile::exists(QStringLiteral("/dev/nvidiactl")) || QFile::exists(QStringLiteral("/dev/dxg"));
+}
+
+/// Drivers that do without a graphics processor name themselves.
+bool isOpenGlFast()
+{
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    if (!context.create() || !context.makeCurrent(&surface))
+        return false;
+    const auto* bytes = reinterpret_cast<const char*>(context.functions()->glGetString(GL_RENDERER));
+    const QString renderer = QString::fromLatin1(bytes);
+    return !renderer.isEmpty() &&
+           std::ranges::none_of(
+               std::array{"llvmpipe", "softpipe", "swrast", "SwiftShader"}, [&](const char* software) {
+                   return renderer.contains(QLatin1StringView(software), Qt::CaseInsensitive);
+               });
+}
+
+} // namespace
+
+void prepareForMaps()
+{
+    // The engine's sandbox refuses to work for the administrator, and then it would not start at all.
+    if (::geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    // It would tell its whole set-up at each start; QT_LOGGING_RULES still brings that back.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
+    if (mayHaveGraphicsProcessor())
+        QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+bool areMapsDrawnByOpenGl()
+{
+    static const bool drawn = QOpenGLContext::globalShareContext() != nullptr && isOpenGlFast();
+    return drawn;
+}
+
+void prepareWindowForMap(QWidget& window)
+{
+    if (!areMapsDrawnByOpenGl())
+        return;
+    // It is never shown: that it is there decides what the window is made for.
+    auto* sign = new QOpenGLWidget(&window);
+    sign->setFixedSize(0, 0);
+    sign->hide();
+}
+
+} // namespace marvo

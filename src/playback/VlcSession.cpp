@@ -1,0 +1,271 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#include "playback/VlcSession.h"
+
+#include "playback/SoundOutput.h"
+
+#include <vlc/vlc.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdarg>
+#include <cstring>
+#include <mutex>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace marvo {
+
+namespace {
+
+constexpr std::array PlayerEvents = {
+    libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerPaused,      libvlc_MediaPlayerEndReached,
+    libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged,
+    libvlc_MediaPlayerAudioDevice,
+};
+
+struct SharedInstance
+{
+    std::mutex mutex;
+    std::weak_ptr<VlcInstance> instance;
+    QByteArrayList extraOptions;
+};
+
+SharedInstance& sharedInstance()
+{
+    static SharedInstance shared;
+    return shared;
+}
+
+bool isSoundOutputChosen()
+{
+    SharedInstance& shared = sharedInstance();
+    const std::scoped_lock lock(shared.mutex);
+    return std::any_of(shared.extraOptions.cbegin(), shared.extraOptions.cend(),
+                       [](const QByteArray& option) { return option.startsWith("--aout="); });
+}
+
+/// The layout to have pictures in, and libVLC's name for it: the decoder's own, which saves turning them into
+/// another, or the most usual one.
+std::pair<PixelLayout, std::string_view> layoutFor(std::string_view chroma)
+{
+    using enum PixelLayout;
+    constexpr std::array<std::pair<PixelLayout, std::string_view>, 6> layouts = {
+        {{I420, "I420"}, {I422, "I422"}, {I444, "I444"}, {J420, "J420"}, {J422, "J422"}, {J444, "J444"}}};
+    const auto known = std::ranges::find(layouts, chroma, &decltype(layouts)::value_type::second);
+    return known != layouts.end() ? *known : layouts.front();
+}
+
+} // namespace
+
+// VlcInstance
+
+std::shared_ptr<VlcInstance> VlcInstance::shared()
+{
+    SharedInstance& shared = sharedInstance();
+    const std::scoped_lock lock(shared.mutex);
+    if (auto instance = shared.instance.lock())
+        return instance;
+    // No window of libVLC's own, nothing written over the picture, and no search for subtitles, which would
+    // list the card's folder at every start.
+    QByteArrayList options = {
+        "--no-xlib",         "--quiet", "--no-video-title-show", "--no-osd", "--no-sub-autodetect-file",
+        "--file-caching=150"};
+    options += shared.extraOptions;
+    std::vector<const char*> arguments;
+    for (const QByteArray& option : std::as_const(options))
+        arguments.push_back(option.constData());
+    libvlc_instance_t* made = libvlc_new(static_cast<int>(arguments.size()), arguments.data());
+    if (made == nullptr)
+        return nullptr;
+    auto instance = std::make_shared<VlcInstance>(made);
+    shared.instance = instance;
+    return instance;
+}
+
+void VlcInstance::setExtraOptions(const QByteArrayList& options)
+{
+    SharedInstance& shared = sharedInstance();
+    const std::scoped_lock lock(shared.mutex);
+    shared.extraOptions = options;
+}
+
+VlcInstance::VlcInstance(libvlc_instance_t* instance) : m_instance(instance)
+{
+    // No event tells of a sound output that cannot be opened, only a line of the log does.
+    const auto log = [](void* self, int level, const libvlc_log_t*, const char* format, va_list) {
+        if (level >= LIBVLC_ERROR && std::strstr(format, "failed to create audio output") != nullptr)
+            ++static_cast<VlcInstance*>(self)->m_soundFailures;
+    };
+    libvlc_log_set(m_instance, log, this);
+}
+
+VlcInstance::~VlcInstance()
+{
+    libvlc_log_unset(m_instance);
+    libvlc_release(m_instance);
+}
+
+// What libVLC calls, on threads of its own.
+
+struct VlcSession::Callbacks
+{
+    static VlcSession& session(void* opaque) { return *static_cast<VlcSession*>(opaque); }
+
+    static unsigned setUp(void** opaque, char* chroma, unsigned* width, unsigned* height, unsigned* pitches,
+                          unsigned* lines)
+    {
+        VlcSession& self = session(*opaque);
+        // The sizes given are padded to whole blocks; the picture's own are asked for, or it would be
+        // stretched.
+        unsigned trueWidth = 0;
+        unsigned trueHeight = 0;
+        if (libvlc_video_get_size(self.m_player.get(), 0, &trueWidth, &trueHeight) == 0 && trueWidth > 0 &&
+            trueHeight > 0) {
+            *width = trueWidth;
+            *height = trueHeight;
+        }
+        constexpr unsigned LargestInt = 0x7FFF'FFFFU;
+        const auto [layout, name] = layoutFor(std::string_view(chroma, 4));
+        if (*width > LargestInt || *height > LargestInt ||
+            !self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout,
+                                     self.m_matrix))
+            return 0;
+        name.copy(chroma, 4);
+        std::size_t i = 0;
+        for (const VideoFrame::Plane& plane : self.m_frames.beginWriting().planes()) {
+            pitches[i] = static_cast<unsigned>(plane.pitch);
+            lines[i++] = static_cast<unsigned>(plane.lines);
+        }
+        return 1;
+    }
+
+    static void* lock(void* opaque, void** planes)
+    {
+        VlcSession& self = session(opaque);
+        for (const VideoFrame::Plane& plane : self.m_frames.beginWriting().planes())
+            *planes++ = plane.pixels;
+        return nullptr;
+    }
+
+    static void display(void* opaque, void* /*picture*/)
+    {
+        VlcSession& self = session(opaque);
+        if (self.m_frames.publish())
+            self.m_report({VlcEvent::Kind::Frame, 0});
+    }
+
+    static void event(const libvlc_event_t* event, void* opaque)
+    {
+        VlcSession& self = session(opaque);
+        switch (event->type) {
+        case libvlc_MediaPlayerPlaying:
+            return self.m_report({VlcEvent::Kind::Playing, 0});
+        case libvlc_MediaPlayerPaused:
+            return self.m_report({VlcEvent::Kind::Paused, 0});
+        case libvlc_MediaPlayerEndReached:
+            return self.m_report({VlcEvent::Kind::EndReached, 0});
+        case libvlc_MediaPlayerEncounteredError:
+            return self.m_report({VlcEvent::Kind::Error, 0});
+        case libvlc_MediaPlayerTimeChanged:
+            return self.m_report({VlcEvent::Kind::TimeChanged, event->u.media_player_time_changed.new_time});
+        case libvlc_MediaPlayerLengthChanged:
+            return self.m_report(
+                {VlcEvent::Kind::LengthChanged, event->u.media_player_length_changed.new_length});
+        case libvlc_MediaPlayerAudioDevice:
+            return self.m_report({VlcEvent::Kind::AudioDevice, 0});
+        default:
+            return;
+        }
+    }
+};
+
+// VlcSession
+
+void VlcSession::MediaRelease::operator()(libvlc_media_t* media) const { libvlc_media_release(media); }
+
+void VlcSession::PlayerRelease::operator()(libvlc_media_player_t* player) const
+{
+    libvlc_media_player_release(player);
+}
+
+VlcSession::VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matrix, Report report)
+    : m_instance(std::move(instance)), m_matrix(matrix), m_report(std::move(report))
+{}
+
+std::unique_ptr<VlcSession> VlcSession::create(std::shared_ptr<VlcInstance> instance, const std::string& path,
+                                               const QByteArrayList& mediaOptions, ColourMatrix matrix,
+                                               Report report)
+{
+    std::unique_ptr<VlcSession> session(new VlcSession(std::move(instance), matrix, std::move(report)));
+    session->m_media.reset(libvlc_media_new_path(session->m_instance->get(), path.c_str()));
+    if (!session->m_media)
+        return nullptr;
+    for (const QByteArray& option : mediaOptions)
+        libvlc_media_add_option(session->m_media.get(), option.constData());
+    session->m_player.reset(libvlc_media_player_new_from_media(session->m_media.get()));
+    if (!session->m_player)
+        return nullptr;
+    session->m_soundFailuresBefore = session->m_instance->soundFailures();
+    if (!isSoundOutputChosen() && !mayHaveSoundOutput())
+        libvlc_audio_output_set(session->m_player.get(), "adummy");
+    session->attach();
+    return session;
+}
+
+void VlcSession::attach()
+{
+    libvlc_video_set_callbacks(m_player.get(), &Callbacks::lock, nullptr, &Callbacks::display, this);
+    libvlc_video_set_format_callbacks(m_player.get(), &Callbacks::setUp, nullptr);
+    libvlc_event_manager_t* events = libvlc_media_player_event_manager(m_player.get());
+    for (const libvlc_event_e type : PlayerEvents)
+        libvlc_event_attach(events, type, &Callbacks::event, this);
+}
+
+VlcSession::~VlcSession()
+{
+    if (!m_player)
+        return;
+    libvlc_event_manager_t* events = libvlc_media_player_event_manager(m_player.get());
+    for (const libvlc_event_e type : PlayerEvents)
+        libvlc_event_detach(events, type, &Callbacks::event, this);
+    libvlc_media_player_stop(m_player.get());
+}
+
+bool VlcSession::play() { return libvlc_media_player_play(m_player.get()) == 0; }
+
+void VlcSession::setPaused(bool paused) { libvlc_media_player_set_pause(m_player.get(), paused ? 1 : 0); }
+
+bool VlcSession::isPaused() const { return libvlc_media_player_get_state(m_player.get()) == libvlc_Paused; }
+
+void VlcSession::setTimeMs(std::int64_t timeMs) { libvlc_media_player_set_time(m_player.get(), timeMs); }
+
+void VlcSession::setRate(float rate) { libvlc_media_player_set_rate(m_player.get(), rate); }
+
+void VlcSession::setVolume(int percent, bool muted)
+{
+    libvlc_audio_set_mute(m_player.get(), muted ? 1 : 0);
+    libvlc_audio_set_volume(m_player.get(), percent);
+}
+
+int VlcSession::audioTrackCount() const
+{
+    libvlc_media_track_t** tracks = nullptr;
+    const unsigned count = libvlc_media_tracks_get(m_media.get(), &tracks);
+    int audio = 0;
+    for (unsigned i = 0; i < count; ++i)
+        audio += tracks[i]->i_type == libvlc_track_audio ? 1 : 0;
+    if (count > 0)
+        libvlc_media_tracks_release(tracks, count);
+    return audio;
+}
+
+void VlcSession::dropSoundIfFailed()
+{
+    const int failures = m_instance->soundFailures();
+    if (std::exchange(m_soundFailuresBefore, failures) != failures)
+        libvlc_audio_set_track(m_player.get(), -1);
+}
+
+} // namespace marvo

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "playback/FrameExchange.h"
+
+#include <QByteArrayList>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+struct libvlc_instance_t;
+struct libvlc_media_player_t;
+struct libvlc_media_t;
+
+namespace marvo {
+
+/// The libVLC library, loaded with its plug-ins; shared by all players, and gone with the last one.
+class VlcInstance
+{
+public:
+    /// The one instance; null when the library finds no plug-ins. Any thread; takes up to 0.3 s the first
+    /// time.
+    static std::shared_ptr<VlcInstance> shared();
+    /// Options that later instances are made with besides the product's own, such as "--aout=dummy".
+    static void setExtraOptions(const QByteArrayList& options);
+
+    explicit VlcInstance(libvlc_instance_t* instance);
+    VlcInstance(const VlcInstance&) = delete;
+    VlcInstance& operator=(const VlcInstance&) = delete;
+    ~VlcInstance();
+    libvlc_instance_t* get() const { return m_instance; }
+    /// How often a player could not open the sound output; it tries again with each bit of sound.
+    int soundFailures() const { return m_soundFailures; }
+
+private:
+    libvlc_instance_t* m_instance;
+    std::atomic<int> m_soundFailures = 0;
+};
+
+/// What happened in a session: plain values, to be passed on to another thread.
+struct VlcEvent
+{
+    enum class Kind { Playing, Paused, EndReached, Error, TimeChanged, LengthChanged, AudioDevice, Frame };
+    Kind kind = Kind::Frame;
+    std::int64_t valueMs = 0; ///< of TimeChanged and LengthChanged
+};
+
+/// One start of one file in a libVLC player of its own.
+///
+/// Since libVLC ends a player by waiting for its threads, which a card may hold up, a session is made and
+/// destroyed on a worker; what lies between only posts to libVLC and never waits long.
+class VlcSession
+{
+public:
+    /// Called on libVLC's threads, until the destructor has returned. It must return at once and must not
+    /// call the session.
+    using Report = std::function<void(const VlcEvent&)>;
+
+    /// Null when libVLC refuses. Media options are written as ":demux=avi".
+    static std::unique_ptr<VlcSession> create(std::shared_ptr<VlcInstance> instance, const std::string& path,
+                                              const QByteArrayList& mediaOptions, ColourMatrix matrix,
+                                              Report report);
+    ~VlcSession();
+    VlcSession(const VlcSession&) = delete;
+    VlcSession& operator=(const VlcSession&) = delete;
+
+    bool play();
+    void setPaused(bool paused);
+    /// libVLC's own idea of the state: whether it rests in pause.
+    bool isPaused() const;
+    void setTimeMs(std::int64_t timeMs);
+    void setRate(float rate);
+    void setVolume(int percent, bool muted);
+    int audioTrackCount() const;
+    /// Gives the sound up if its output could not be opened since the session was made.
+    void dropSoundIfFailed();
+    FrameExchange& frames() { return m_frames; }
+
+private:
+    VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matrix, Report report);
+    void attach();
+
+    struct Callbacks;
+    struct MediaRelease
+    {
+        void operator()(libvlc_media_t* media) const;
+    };
+    struct PlayerRelease
+    {
+        void operator()(libvlc_media_player_t* player) const;
+    };
+
+    std::shared_ptr<VlcInstance> m_instance;
+    ColourMatrix m_matrix;
+    Report m_report;
+    FrameExchange m_frames;
+    int m_soundFailuresBefore = 0;
+    std::unique_ptr<libvlc_media_t, MediaRelease> m_media;
+    std::unique_ptr<libvlc_media_player_t, PlayerRelease> m_player;
+};
+
+} // namespace marvo

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workers/DetachedWorkers.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace marvo {
+
+class Disks;
+template <typename Target>
+class ObjectLink;
+
+/// The camera's card in a reader, as something to be opened.
+struct OfferedCard
+{
+    QString name;     ///< the volume's label
+    std::string path; ///< where it is mounted, as bytes
+};
+
+/// Of the volumes on USB the one that looks like the camera's card: its name, its settings file or one of its
+/// recording folders tell. Asks the disks on the calling thread.
+std::optional<OfferedCard> findOfferedCard(const Disks& disks);
+
+/// Keeps an eye on the card reader, without keeping the window waiting for a card that does not answer.
+class CardOffer : public QObject
+{
+    Q_OBJECT
+public:
+    /// The disks outlive the application; none stands for a machine without a reader.
+    explicit CardOffer(Disks* disks);
+    ~CardOffer() override;
+
+    /// Looks now; cardChanged follows when the answer is a new one.
+    void look();
+    const std::optional<OfferedCard>& card() const { return m_card; }
+
+Q_SIGNALS:
+    void cardChanged();
+
+private:
+    Disks* m_disks;
+    DetachedWorkers m_workers;
+    std::shared_ptr<ObjectLink<CardOffer>> m_link;
+    std::optional<OfferedCard> m_card;
+    std::uint64_t m_generation = 0;
+};
+
+} // namespace marvo

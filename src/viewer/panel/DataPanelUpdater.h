@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "viewer/panel/DataPanel.h"
+
+#include <QObject>
+
+#include <vector>
+
+class QLabel;
+
+namespace marvo {
+
+class GraphView;
+class MapView;
+class MediaPlayer;
+class MRVBlackBoxData;
+class MRVPlayInfo;
+
+/// The fields of the data panels.
+struct DataPanelFields
+{
+    QLabel* gsensorXField;
+    QLabel* gsensorYField;
+    QLabel* gsensorZField;
+    QLabel* speedField;
+    QLabel* longitudeField;
+    QLabel* latitudeField;
+    QLabel* hdopField;
+    QLabel* sateliteField;
+};
+
+/// Keeps fields, graph and map in step with the play position. While an extraction runs it leaves the
+/// extractor's lists alone.
+class DataPanelUpdater : public QObject
+{
+    Q_OBJECT
+public:
+    /// None is owned; all outlive this object.
+    DataPanelUpdater(const DataPanelFields& fields, GraphView& graphView, MapView& mapWebView,
+                     const MediaPlayer& player, const MRVBlackBoxData& blackBoxData,
+                     const MRVPlayInfo& playInfo);
+
+    void extractionStarted();
+    /// The lists are there: the graph gets its samples and the map the whole way.
+    void extractionFinished();
+    void resetDataFields();
+    /// Holds from the next change of the position on.
+    void setSpeedUnit(SpeedUnit unit) { m_speedUnit = unit; }
+
+    void updateGsensorUIByPlayPositon();
+    void updateGpsUIByPlayPosition();
+
+private:
+    void show(const GsensorPanel& panel);
+    void show(const GpsPanel& panel);
+
+    DataPanelFields m_fields;
+    GraphView& m_graphView;
+    MapView& m_mapWebView;
+    const MediaPlayer& m_player;
+    const MRVBlackBoxData& m_blackBoxData;
+    const MRVPlayInfo& m_playInfo;
+    std::vector<_AVI_GPS_DATA_T> m_fixes; ///< the extractor's m_vGpsData, out of their atomic entries
+    SpeedUnit m_speedUnit = SpeedUnit::Kilometres;
+    bool m_listsBeingWritten = false;
+};
+
+} // namespace marvo
