@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "demo/DemoCard.h"
-#include "CardReader.h"
+#include "demo/CardReader.h"
 #include "demo/Drive.h"
 #include "demo/DriveData.h"
 #include "demo/GpsReceiver.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "demo/Recording.h"
-#include "CardReader.h"
+#include "demo/CardReader.h"
 #include "demo/DataArea.h"
 #include "recording/PlainWalk.h"
 #include "TemporaryFolder.h"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "card/format/MRVFormatWindowController.h"
-#include "platform/RootShell.h"
+#include "card/disks/RootShell.h"
 #include "card/disks/UDisks2Disks.h"
 
 #include <QFile>
