@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 // From a double click to the first picture, and what playing costs: bench_playback FILM [libVLC option...]
 // (needs a display, or QT_QPA_PLATFORM=offscreen).
-#include "recording/MRVBlackBoxData.h"
 #include "playback/VideoView.h"
 #include "playback/VlcPlayer.h"
 #include "playback/VlcSession.h"
+#include "recording/MRVBlackBoxData.h"
 
 #include <QApplication>
 #include <QByteArrayList>

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Application.h"
 
-#include "platform/Allocation.h"
-#include "viewer/Appearance.h"
-#include "viewer/CustomWindow.h"
 #include "map/MapSurface.h"
+#include "platform/Allocation.h"
 #include "playback/PlaybackController.h"
 #include "playback/VlcPlayer.h"
 #include "playback/VlcSession.h"
+#include "viewer/Appearance.h"
+#include "viewer/CustomWindow.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

@@ -7,11 +7,11 @@
 //   bench_application play FOLDER list|map    plays the first recording, prints the picture's size in pixels
 //   once it
 //                                             plays, and goes on until it is ended
+#include "map/MapView.h"
+#include "playback/VideoView.h"
 #include "tools/Application.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
-#include "map/MapView.h"
-#include "playback/VideoView.h"
 
 #include <QAction>
 #include <QElapsedTimer>

@@ -4,10 +4,10 @@
 // random commands all the while, and prints "SECOND RSS-KB THREADS DESCRIPTORS" once a second. Threads and
 // descriptors at rest, with the player stopped, are printed before and after as "rest THREADS DESCRIPTORS",
 // what is open only afterwards as "more NUMBER TARGET".
-#include "tools/Application.h"
-#include "viewer/MainWindowCommands.h"
 #include "playback/MRVPlayInfo.h"
 #include "playback/PlaybackController.h"
+#include "tools/Application.h"
+#include "viewer/MainWindowCommands.h"
 
 #include <QAction>
 #include <QElapsedTimer>

@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/Tour.h"
 
+#include "map/MapView.h"
 #include "media/MRVMediaList.h"
+#include "playback/PlaybackController.h"
+#include "playback/VlcPlayer.h"
 #include "recording/MRVBlackBoxData.h"
 #include "texts/DisplayText.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
-#include "map/MapView.h"
 #include "viewer/MRVAppDelegate.h"
-#include "playback/PlaybackController.h"
-#include "playback/VlcPlayer.h"
 
 #include <QAction>
 #include <QDir>

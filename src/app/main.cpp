@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/StartOptions.h"
 #include "app/Tour.h"
-#include "controls/MessageSheet.h"
-#include "controls/PMProgressIndicatorController.h"
-#include "platform/Allocation.h"
 #include "card/disks/FolderDisks.h"
 #include "card/disks/UDisks2Disks.h"
+#include "controls/MessageSheet.h"
+#include "controls/PMProgressIndicatorController.h"
+#include "map/MapSurface.h"
+#include "platform/Allocation.h"
 #include "platform/UnityLauncherEntry.h"
 #include "settings/window/CardSettings.h"
 #include "support/Log.h"
@@ -14,7 +15,6 @@
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
-#include "map/MapSurface.h"
 #include "viewer/MRVAppDelegate.h"
 
 #include <QApplication>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "capture/CaptureController.h"
 
-#include "platform/DesktopPrograms.h"
-#include "workers/DetachedWorkers.h"
-#include "support/Log.h"
 #include "capture/CaptureSaveDialog.h"
+#include "platform/DesktopPrograms.h"
 #include "playback/MediaPlayer.h"
+#include "support/Log.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QFile>
 

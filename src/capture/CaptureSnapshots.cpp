@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "capture/CaptureSnapshots.h"
 
-#include "workers/DetachedWorkers.h"
-#include "support/Log.h"
 #include "capture/CaptureExif.h"
+#include "support/Log.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QBuffer>
 #include <QImageWriter>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "capture/PrintController.h"
 
-#include "workers/DetachedWorkers.h"
-#include "texts/Localisation.h"
-#include "playback/MediaPlayer.h"
 #include "capture/PrintRequest.h"
+#include "playback/MediaPlayer.h"
+#include "texts/Localisation.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QPrintDialog>
 #include <QPrinter>

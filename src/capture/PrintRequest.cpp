@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "capture/PrintRequest.h"
 
-#include "support/Log.h"
 #include "capture/CaptureFile.h"
+#include "support/Log.h"
 
 #include <QPrintEngine>
 #include <QPrinter>

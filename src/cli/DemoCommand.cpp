@@ -135,7 +135,8 @@ ExitCode run(const Arguments& arguments)
     }
     for (const std::string& name : result.kept)
         text.append("      kept    ").append(name).append(" (was there already)\n");
-    text += sizeText(total) + "  in " + std::to_string(result.written.size()) + " files in " + printable(folder) + "\n";
+    text += sizeText(total) + "  in " + std::to_string(result.written.size()) + " files in " +
+            printable(folder) + "\n";
     return writeOut(text) ? Done : Failed;
 }
 

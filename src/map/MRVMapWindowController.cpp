@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "map/MRVMapWindowController.h"
 
-#include "texts/Localisation.h"
 #include "map/MapView.h"
+#include "texts/Localisation.h"
 
 #include <QLoggingCategory>
 #include <QVBoxLayout>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "map/MapView.h"
 
-#include "texts/Localisation.h"
 #include "map/MapEngine.h"
 #include "map/MapTileSource.h"
+#include "texts/Localisation.h"
 
 #include <QFileInfo>
 #include <QLabel>

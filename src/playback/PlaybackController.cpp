@@ -3,11 +3,11 @@
 #include "playback/PlaybackController.h"
 
 #include "media/MRVMediaList.h"
-#include "recording/MRVBlackBoxData.h"
 #include "playback/MediaPlayer.h"
 #include "playback/MRVPlayInfo.h"
 #include "playback/PlaybackHost.h"
 #include "playback/WindowStep.h"
+#include "recording/MRVBlackBoxData.h"
 
 #include <QLoggingCategory>
 

@@ -3,10 +3,10 @@
 #include "playback/VlcPlayer.h"
 
 #include "media/AviHeader.h"
-#include "workers/ObjectLink.h"
-#include "texts/Localisation.h"
 #include "playback/VideoView.h"
 #include "playback/VlcSession.h"
+#include "texts/Localisation.h"
+#include "workers/ObjectLink.h"
 
 #include <algorithm>
 #include <chrono>

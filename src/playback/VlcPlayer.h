@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workers/DetachedWorkers.h"
 #include "playback/MediaPlayer.h"
 #include "playback/PlaybackClock.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QElapsedTimer>
 #include <QImage>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workers/DetachedWorkers.h"
 #include "viewer/folders/CardOffer.h"
 #include "viewer/folders/FolderMemory.h"
 #include "viewer/folders/PlaceKeeper.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QObject>
 #include <QSettings>

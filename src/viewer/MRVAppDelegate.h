@@ -3,15 +3,15 @@
 #pragma once
 
 #include "media/MRVMediaList.h"
-#include "workers/DetachedWorkers.h"
+#include "playback/MRVPlayInfo.h"
 #include "recording/MRVBlackBoxData.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "texts/Localisation.h"
 #include "viewer/folders/CardSettingsLookup.h"
-#include "viewer/LoadingIndicator.h"
-#include "playback/MRVPlayInfo.h"
 #include "viewer/list/RecordingTableModel.h"
+#include "viewer/LoadingIndicator.h"
 #include "viewer/SidePanel.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QObject>
 #include <QPointer>

@@ -3,19 +3,19 @@
 #include "viewer/MainViews.h"
 
 #include "controls/PMProgressIndicator.h"
+#include "map/MapView.h"
+#include "playback/VideoView.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/FullScreenControlBar.h"
-#include "viewer/panel/GraphView.h"
-#include "viewer/panel/GsensorBox.h"
 #include "viewer/HeadBox.h"
 #include "viewer/MainWindowLayout.h"
-#include "map/MapView.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/MRVScrollableVideoContainerView.h"
+#include "viewer/panel/GraphView.h"
+#include "viewer/panel/GsensorBox.h"
 #include "viewer/SidePanel.h"
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/VideoNotice.h"
-#include "playback/VideoView.h"
 
 #include <QWheelEvent>
 

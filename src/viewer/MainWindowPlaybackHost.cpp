@@ -4,18 +4,18 @@
 
 #include "controls/FractionSlider.h"
 #include "controls/InterfaceScale.h"
+#include "playback/VideoView.h"
 #include "viewer/CustomWindow.h"
-#include "viewer/panel/DataPanelUpdater.h"
+#include "viewer/list/RecordingListView.h"
+#include "viewer/list/RecordingTableModel.h"
 #include "viewer/LoadingIndicator.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/MRVScrollableVideoContainerView.h"
-#include "viewer/list/RecordingListView.h"
-#include "viewer/list/RecordingTableModel.h"
+#include "viewer/panel/DataPanelUpdater.h"
 #include "viewer/SidePanel.h"
 #include "viewer/TKVideoBackgroundImageView.h"
-#include "playback/VideoView.h"
 
 #include <QScreen>
 

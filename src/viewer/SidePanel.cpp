@@ -4,11 +4,11 @@
 
 #include "controls/ImageButton.h"
 #include "texts/Localisation.h"
-#include "viewer/MainWindowCommands.h"
-#include "viewer/MainWindowLayout.h"
 #include "viewer/list/RecordingFilterBar.h"
 #include "viewer/list/RecordingListView.h"
 #include "viewer/list/ReturnStrip.h"
+#include "viewer/MainWindowCommands.h"
+#include "viewer/MainWindowLayout.h"
 
 #include <QAction>
 #include <QGridLayout>

@@ -3,10 +3,10 @@
 // guide_pictures CARD FOLDER en|ko NAME...: the user guide's pictures, of the windows as they are, into a
 // folder.
 #include "accessibility/WindowGallery.h"
-#include "texts/Localisation.h"
-#include "viewer/Appearance.h"
 #include "map/MapSurface.h"
 #include "playback/VlcSession.h"
+#include "texts/Localisation.h"
+#include "viewer/Appearance.h"
 
 #include <QApplication>
 #include <QDir>

@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "accessibility/WindowGallery.h"
 
+#include "capture/CaptureSaveDialog.h"
+#include "card/disks/DeviceAccess.h"
+#include "card/disks/FolderDisks.h"
 #include "card/format/MRVFormatWindowController.h"
 #include "controls/MessageSheet.h"
 #include "logs/LogDescription.h"
 #include "logs/window/DrivingLogViewController.h"
 #include "logs/window/DrivingLogWindow.h"
-#include "card/disks/DeviceAccess.h"
-#include "card/disks/FolderDisks.h"
+#include "map/MapView.h"
 #include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
-#include "capture/CaptureSaveDialog.h"
-#include "map/MapView.h"
 #include "viewer/WindowStage.h"
 
 #include <QAction>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 // Every window as people meet it: in both languages, with larger letters, without a mouse, without sight.
-#include "controls/InterfaceScale.h"
-#include "logs/LogBytes.h"
 #include "accessibility/WindowAudit.h"
 #include "accessibility/WindowGallery.h"
-#include "TemporaryFolder.h"
+#include "controls/InterfaceScale.h"
+#include "logs/LogBytes.h"
 #include "map/MapSurface.h"
+#include "TemporaryFolder.h"
 #include "viewer/WindowStage.h"
 
 #include <QRegularExpression>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 // Captured pictures: the file and what stands in it, and the command as a person gives it.
-#include "TemporaryFolder.h"
 #include "capture/CaptureSaveDialog.h"
 #include "capture/CaptureSnapshots.h"
 #include "support/LogLines.h"
+#include "TemporaryFolder.h"
 #include "viewer/WindowStage.h"
 
 #include <libexif/exif-data.h>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 // Printing, with printers that speak IPP on this machine.
-#include "platform/CupsPrinting.h"
-#include "TemporaryFolder.h"
-#include "capture/CaptureFile.h"
-#include "support/LogLines.h"
 #include "capture/PrintController.h"
+#include "capture/CaptureFile.h"
 #include "capture/PrintRequest.h"
+#include "platform/CupsPrinting.h"
+#include "support/LogLines.h"
+#include "TemporaryFolder.h"
 #include "viewer/WindowStage.h"
 
 #include <QAction>

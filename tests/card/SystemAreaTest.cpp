@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "card/SystemArea.h"
 #include "card/CardContents.h"
 #include "card/CardRestoring.h"
 #include "card/FormatPlan.h"
-#include "card/SystemArea.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>

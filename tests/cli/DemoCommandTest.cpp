@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "demo/CardReader.h"
 #include "cli/RunCli.h"
+#include "demo/CardReader.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>

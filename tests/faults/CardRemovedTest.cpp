@@ -5,17 +5,17 @@
 #include "ActiveWindow.h"
 #include "card/clock/MRVTimeSetupController.h"
 #include "card/ClockFile.h"
+#include "card/disks/FolderDisks.h"
 #include "controls/SegmentedControl.h"
 #include "logs/LogBytes.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
-#include "card/disks/FolderDisks.h"
+#include "map/MapSurface.h"
+#include "playback/VlcSession.h"
 #include "settings/SettingFile.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
 #include "viewer/Appearance.h"
-#include "map/MapSurface.h"
-#include "playback/VlcSession.h"
 #include "viewer/WindowStage.h"
 
 #include <QFileDialog>
@@ -25,7 +25,6 @@
 #include <QStandardPaths>
 
 #include <memory>
-
 
 using namespace marvo;
 using marvo::test::TemporaryFolder;

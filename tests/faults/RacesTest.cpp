@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 // All that runs beside the main thread, in haste and at once, for the thread sanitizer to watch.
+#include "card/disks/FolderDisks.h"
 #include "logs/LogBytes.h"
 #include "logs/LogExport.h"
 #include "media/MRVMediaList.h"
-#include "card/disks/FolderDisks.h"
-#include "workers/ObjectLink.h"
+#include "playback/RecordingExtraction.h"
 #include "recording/MRVBlackBoxData.h"
 #include "recording/RecordingBytes.h"
 #include "settings/SettingFile.h"
@@ -13,7 +13,7 @@
 #include "settings/window/SettingsBackups.h"
 #include "support/AtomicFile.h"
 #include "TemporaryFolder.h"
-#include "playback/RecordingExtraction.h"
+#include "workers/ObjectLink.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

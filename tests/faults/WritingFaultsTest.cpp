@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // Everything that writes a file, with each of its calls to the system failing in turn, and the process ending
 // at it.
+#include "capture/CaptureFile.h"
 #include "card/ClockFile.h"
 #include "cli/RunCli.h"
 #include "demo/OutputFile.h"
@@ -12,7 +13,6 @@
 #include "support/AtomicFile.h"
 #include "support/Termination.h"
 #include "TemporaryFolder.h"
-#include "capture/CaptureFile.h"
 
 #include <gtest/gtest.h>
 

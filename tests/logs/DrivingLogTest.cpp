@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "logs/LogBytes.h"
-#include "logs/CellText.h"
 #include "logs/DrivingLog.h"
+#include "logs/CellText.h"
+#include "logs/LogBytes.h"
 #include "logs/LogExport.h"
 #include "TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "demo/Recording.h"
 #include "media/AviHeader.h"
+#include "demo/Recording.h"
 #include "recording/RecordingBytes.h"
 #include "TemporaryFolder.h"
 

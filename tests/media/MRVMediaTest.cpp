@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "media/MediaScan.h"
 #include "media/MRVMedia.h"
+#include "media/MediaScan.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>

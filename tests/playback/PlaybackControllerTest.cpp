@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "playback/PlaybackController.h"
 #include "demo/DataArea.h"
 #include "demo/Recording.h"
 #include "media/MRVMediaList.h"
-#include "recording/MRVBlackBoxData.h"
 #include "playback/MRVPlayInfo.h"
 #include "playback/PlaybackFakes.h"
-#include "playback/PlaybackController.h"
 #include "playback/VlcPlayer.h"
 #include "playback/WindowStep.h"
+#include "recording/MRVBlackBoxData.h"
 
 #include <QDir>
 #include <QFile>

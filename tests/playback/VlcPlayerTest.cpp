@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "playback/VlcPlayer.h"
 #include "playback/PlayerFilms.h"
 #include "playback/VideoView.h"
-#include "playback/VlcPlayer.h"
 #include "playback/VlcSession.h"
 
 #include <QElapsedTimer>

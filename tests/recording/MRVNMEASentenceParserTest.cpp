@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "recording/MRVMARVONMEASentenceParser.h"
 #include "recording/MRVNMEASentenceParser.h"
+#include "recording/MRVMARVONMEASentenceParser.h"
 #include "recording/NmeaFields.h"
 #include "recording/RecordingBytes.h"
 #include "recording/SentenceStream.h"

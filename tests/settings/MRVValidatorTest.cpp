@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "settings/CarNumber.h"
 #include "settings/MRVValidator.h"
+#include "settings/CarNumber.h"
 
 #include "texts/Localisation.h"
 

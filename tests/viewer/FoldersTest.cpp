@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 // What makes the main window handy: search, the menu of a row, remembered folders and places, dropping,
 // wheel.
-#include "controls/FractionSlider.h"
 #include "card/disks/FolderDisks.h"
+#include "controls/FractionSlider.h"
+#include "map/MapSurface.h"
 #include "TemporaryFolder.h"
 #include "viewer/folders/FolderMemory.h"
-#include "map/MapSurface.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/WindowStage.h"
 

@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: MIT
 // The main window as a person drives it, with real films and the real player.
 #include "card/clock/MRVTimeSetupController.h"
+#include "card/disks/FolderDisks.h"
 #include "controls/FractionSlider.h"
 #include "controls/ImageButton.h"
-#include "card/disks/FolderDisks.h"
+#include "map/MapSurface.h"
+#include "playback/VideoView.h"
 #include "settings/SettingFile.h"
 #include "TemporaryFolder.h"
-#include "viewer/panel/GraphView.h"
 #include "viewer/LanguagePreference.h"
 #include "viewer/MainWindowLayout.h"
-#include "map/MapSurface.h"
 #include "viewer/MediaControlBox.h"
-#include "playback/VideoView.h"
+#include "viewer/panel/GraphView.h"
 #include "viewer/WindowStage.h"
 
 #include <QAction>

@@ -9,11 +9,11 @@
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
+#include "viewer/list/RecordingListView.h"
+#include "viewer/list/RecordingTableModel.h"
 #include "viewer/LoadingIndicator.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
-#include "viewer/list/RecordingListView.h"
-#include "viewer/list/RecordingTableModel.h"
 #include "viewer/WindowEdges.h"
 
 #include <QAction>

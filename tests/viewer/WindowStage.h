@@ -5,16 +5,16 @@
 #include "demo/DataArea.h"
 #include "demo/Recording.h"
 #include "media/MRVMediaList.h"
+#include "playback/PlaybackController.h"
+#include "playback/VlcPlayer.h"
+#include "playback/VlcSession.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
+#include "viewer/list/RecordingListView.h"
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MRVAppDelegate.h"
-#include "playback/PlaybackController.h"
-#include "viewer/list/RecordingListView.h"
-#include "playback/VlcPlayer.h"
-#include "playback/VlcSession.h"
 
 #include <QLabel>
 #include <QStandardPaths>

@@ -4,11 +4,11 @@
 
 #include "card/clock/ClockFace.h"
 #include "card/clock/DateTexts.h"
+#include "card/disks/Disks.h"
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
-#include "card/disks/Disks.h"
-#include "workers/ObjectLink.h"
 #include "texts/Localisation.h"
+#include "workers/ObjectLink.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "card/TKUSBDiskEntity.h"
 #include "card/disks/BlockDevices.h"
+#include "card/TKUSBDiskEntity.h"
 
 #include <QString>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "card/FormatPlan.h"
 #include "card/disks/DeviceAccess.h"
+#include "card/FormatPlan.h"
 
 #include <QString>
 

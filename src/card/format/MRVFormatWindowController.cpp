@@ -3,15 +3,15 @@
 #include "card/format/MRVFormatWindowController.h"
 
 #include "card/CardRestoring.h"
+#include "card/disks/Disks.h"
 #include "card/format/FormatMessages.h"
 #include "card/FormatPlan.h"
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
 #include "controls/PMProgressIndicator.h"
-#include "card/disks/Disks.h"
-#include "workers/ObjectLink.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
+#include "workers/ObjectLink.h"
 
 #include <QCloseEvent>
 #include <QComboBox>

@@ -7,12 +7,12 @@
 #include "logs/LogExport.h"
 #include "logs/window/LogTableModel.h"
 #include "logs/window/LogTableView.h"
-#include "workers/ObjectLink.h"
+#include "map/MapView.h"
+#include "map/MRVMapWindowController.h"
 #include "settings/window/LoadingSheet.h"
 #include "settings/window/MRVSettingController.h"
 #include "texts/Localisation.h"
-#include "map/MapView.h"
-#include "map/MRVMapWindowController.h"
+#include "workers/ObjectLink.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "logs/DrivingLog.h"
-#include "workers/DetachedWorkers.h"
 #include "settings/window/SettingsTabView.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QPointer>
 

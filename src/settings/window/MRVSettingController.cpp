@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "settings/window/MRVSettingController.h"
 
+#include "card/disks/Disks.h"
 #include "card/format/MRVFormatWindowController.h"
 #include "controls/InterfaceScale.h"
 #include "controls/MessageSheet.h"
 #include "controls/SegmentedControl.h"
 #include "platform/DesktopPrograms.h"
-#include "card/disks/Disks.h"
-#include "workers/ObjectLink.h"
 #include "settings/SettingFile.h"
 #include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/LoadingSheet.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
 #include "texts/Localisation.h"
+#include "workers/ObjectLink.h"
 
 #include <QAction>
 #include <QApplication>

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workers/DetachedWorkers.h"
 #include "settings/FileData.h"
 #include "settings/window/CardSettings.h"
 #include "settings/window/SettingsBackups.h"
 #include "settings/window/SettingsTabs.h"
 #include "texts/Localisation.h"
+#include "workers/DetachedWorkers.h"
 
 #include <QHash>
 #include <QPointer>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/folders/CardOffer.h"
 
-#include "card/TKUSBDiskEntity.h"
 #include "card/disks/Disks.h"
+#include "card/TKUSBDiskEntity.h"
 #include "workers/ObjectLink.h"
 
 #include <filesystem>

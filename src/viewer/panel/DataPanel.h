@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "map/MapStatements.h"
 #include "recording/MRVGpsData.h"
 #include "recording/SampleRecords.h"
-#include "map/MapStatements.h"
 
 #include <QList>
 #include <QString>

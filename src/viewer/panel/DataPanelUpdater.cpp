@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/panel/DataPanelUpdater.h"
 
-#include "recording/MRVBlackBoxData.h"
-#include "viewer/panel/GraphView.h"
 #include "map/MapView.h"
 #include "playback/MediaPlayer.h"
 #include "playback/MRVPlayInfo.h"
+#include "recording/MRVBlackBoxData.h"
+#include "viewer/panel/GraphView.h"
 
 #include <QLabel>
 

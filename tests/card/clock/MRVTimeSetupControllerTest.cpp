@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "card/clock/MRVTimeSetupController.h"
 #include "ActiveWindow.h"
 #include "card/clock/ClockFace.h"
 #include "card/clock/DateTexts.h"
-#include "card/clock/MRVTimeSetupController.h"
 #include "card/disks/FolderDisks.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "card/disks/FolderDisks.h"
 #include "card/disks/UDisks2Disks.h"
+#include "card/disks/FolderDisks.h"
 
 #include <QDir>
 #include <QProcess>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "card/format/MRVFormatWindowController.h"
 #include "card/disks/RootShell.h"
 #include "card/disks/UDisks2Disks.h"
+#include "card/format/MRVFormatWindowController.h"
 
 #include <QFile>
 #include <QFileInfo>

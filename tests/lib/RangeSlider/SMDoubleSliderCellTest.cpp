@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "lib/RangeSlider/EcoSliderAxisView.h"
 #include "lib/RangeSlider/SMDoubleSliderCell.h"
+#include "lib/RangeSlider/EcoSliderAxisView.h"
 
 #include <limits>
 #include <QPainter>

@@ -8,15 +8,15 @@
 #include "logs/window/LogTableModel.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
+#include "map/MapEngine.h"
+#include "map/MapSurface.h"
+#include "map/MapView.h"
+#include "map/MRVMapWindowController.h"
 #include "MountedFolder.h"
 #include "settings/FileData.h"
 #include "settings/window/LoadingSheet.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
-#include "map/MapEngine.h"
-#include "map/MapSurface.h"
-#include "map/MapView.h"
-#include "map/MRVMapWindowController.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 // The map page in the real web engine, without a network: the only server is the test's own.
-#include "texts/Localisation.h"
 #include "map/MapEngine.h"
 #include "map/MapSurface.h"
 #include "map/MapView.h"
 #include "map/MRVMapWindowController.h"
+#include "texts/Localisation.h"
 
 #include <QBuffer>
 #include <QImage>

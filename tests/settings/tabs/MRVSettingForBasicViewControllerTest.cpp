@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "settings/tabs/GsensorSensitivityBox.h"
 #include "settings/tabs/MRVSettingForBasicViewController.h"
+#include "settings/tabs/GsensorSensitivityBox.h"
 
 #include "settings/tabs/TabTesting.h"
 

@@ -1,18 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
+#include "settings/window/MRVSettingController.h"
 #include "ActiveWindow.h"
+#include "card/disks/FolderDisks.h"
 #include "controls/SegmentedControl.h"
 #include "logs/LogBytes.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "MountedFolder.h"
-#include "card/disks/FolderDisks.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
-#include "settings/window/MRVSettingController.h"
+#include "settings/tabs/TabTesting.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
-#include "settings/tabs/TabTesting.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/panel/GraphTrace.h"
 #include "viewer/panel/GraphView.h"
+#include "viewer/panel/GraphTrace.h"
 
 #include "texts/Localisation.h"
 
