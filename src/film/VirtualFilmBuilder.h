@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "film/ClipIndex.h"
+#include "film/VirtualFilm.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace marvo {
+
+/// Builds a film clip by clip, in the order of time.
+class VirtualFilmBuilder
+{
+public:
+    /// startMs: where the film begins on the drive's time line.
+    explicit VirtualFilmBuilder(std::int64_t startMs, int speed = 1);
+
+    /// What makes an index fit for a film at all: a video stream with a rate and pictures.
+    static bool isPlayable(const ClipIndex& index);
+    /// The length of such a clip's pictures in whole milliseconds, cut; 0 when it is not playable.
+    static std::int64_t lengthMs(const ClipIndex& index);
+    /// Whether a clip can go on in this film: a player changes neither size nor codec nor sound within one.
+    bool fits(const ClipIndex& index) const;
+    /// startMs on the drive's time line, not before the end of the clip before. The index must be playable
+    /// and fit.
+    void append(std::string path, const ClipIndex& index, std::int64_t startMs);
+    /// Null when nothing was appended. The builder is used up.
+    std::shared_ptr<const VirtualFilm> finish();
+
+private:
+    friend class VirtualFilm;
+    void put(VirtualFilm::Entry entry, std::int64_t filmMs, bool mayBegin);
+    void writeHead();
+
+    std::shared_ptr<VirtualFilm> m_film;
+    std::vector<std::uint8_t> m_soundFormat;
+    std::int64_t m_lastClusterMs = 0;
+};
+
+} // namespace marvo
