@@ -4,6 +4,7 @@
 
 #include "support/AtomicFile.h"
 #include "support/Log.h"
+#include "support/System.h"
 
 #include <array>
 #include <cerrno>
@@ -17,8 +18,6 @@
 namespace marvo {
 
 namespace {
-
-std::error_code systemError() { return {errno, std::generic_category()}; }
 
 std::error_code writeAll(int file, std::string_view bytes)
 {

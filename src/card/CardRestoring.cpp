@@ -5,6 +5,7 @@
 #include "settings/FileData.h"
 #include "support/AtomicFile.h"
 #include "support/FileSource.h"
+#include "support/System.h"
 
 #include <algorithm>
 #include <array>
@@ -36,9 +37,8 @@ std::error_code writeOut(const std::string& root)
 {
     const int folder = ::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
-        return {errno, std::generic_category()};
-    const std::error_code error =
-        ::syncfs(folder) == 0 ? std::error_code() : std::error_code(errno, std::generic_category());
+        return systemError();
+    const std::error_code error = ::syncfs(folder) == 0 ? std::error_code() : systemError();
     ::close(folder);
     const int file = ::open((root + settingsName).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file >= 0) {

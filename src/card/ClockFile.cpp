@@ -3,6 +3,7 @@
 #include "card/ClockFile.h"
 
 #include "support/AtomicFile.h"
+#include "support/System.h"
 
 #include <array>
 #include <cerrno>
@@ -25,7 +26,7 @@ std::error_code writeClockFile(const std::string& path, const ClockMoment& momen
         // A card that is gone may have left the folder behind where it was mounted.
         struct stat status;
         if (::lstat(path.c_str(), &status) != 0)
-            return {errno, std::generic_category()};
+            return systemError();
         // Nobody has been asked about what a link on a card points to.
         if (!S_ISREG(status.st_mode))
             return std::make_error_code(std::errc::operation_not_permitted);

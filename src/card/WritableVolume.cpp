@@ -2,17 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "card/WritableVolume.h"
 
+#include "support/System.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace marvo {
 
-namespace {
-
-std::error_code systemError() { return {errno, std::generic_category()}; }
-
-} // namespace
+namespace {} // namespace
 
 std::size_t DescriptorVolume::readAt(std::uint64_t offset, std::span<std::byte> into)
 {

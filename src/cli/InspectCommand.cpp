@@ -4,7 +4,7 @@
 #include "cli/FileArguments.h"
 #include "cli/GpsStateJson.h"
 #include "cli/Printable.h"
-#include "cli/TextNumbers.h"
+#include "cli/ReadableNumber.h"
 #include "recording/DialectReading.h"
 #include "recording/MRVBlackBoxData.h"
 #include "recording/RecordingSummary.h"
@@ -143,15 +143,15 @@ bool writeDocument(const std::string& file, const Inspected& inspected)
 
 std::string secondsText(std::int64_t timestampMs)
 {
-    return fixedText(static_cast<double>(timestampMs) / 1000, 1) + " s";
+    return readableNumber(static_cast<double>(timestampMs) / 1000, 1) + " s";
 }
 
 std::string fixText(const std::optional<RecordingSummary::Fix>& fix)
 {
     if (!fix)
         return "none";
-    return fixedText(fix->position.latitude, 6) + ", " + fixedText(fix->position.longitude, 6) + " at " +
-           secondsText(fix->timestampMs);
+    return readableNumber(fix->position.latitude, 6) + ", " + readableNumber(fix->position.longitude, 6) +
+           " at " + secondsText(fix->timestampMs);
 }
 
 std::string speedText(const std::optional<RecordingSummary::Speed>& top)
@@ -161,7 +161,7 @@ std::string speedText(const std::optional<RecordingSummary::Speed>& top)
     const bool isCharacter = top->KM >= 0x20 && top->KM < 0x7F;
     const std::string marker =
         isCharacter ? std::string{'\'', static_cast<char>(top->KM), '\''} : std::to_string(unsigned{top->KM});
-    return fixedText(top->speed, 1) + " at " + secondsText(top->timestampMs) +
+    return readableNumber(top->speed, 1) + " at " + secondsText(top->timestampMs) +
            ", in the camera's own unit (marker byte " + marker + ")";
 }
 
@@ -170,9 +170,9 @@ std::string readingText(const std::optional<RecordingSummary::Reading>& stronges
     if (!strongest)
         return "none";
     const auto axis = [](const char* name, float value) {
-        return name + signedText(static_cast<double>(value), 2);
+        return name + readableSignedNumber(static_cast<double>(value), 2);
     };
-    return fixedText(strongest->magnitude, 2) + " g at " + secondsText(strongest->timestampMs) + " (" +
+    return readableNumber(strongest->magnitude, 2) + " g at " + secondsText(strongest->timestampMs) + " (" +
            axis("X=", strongest->axes.x) + " " + axis("Y=", strongest->axes.y) + " " +
            axis("Z=", strongest->axes.z) + ")";
 }
@@ -209,13 +209,13 @@ std::string summaryText(const std::string& file, const Inspected& inspected)
     const auto count = [](const auto& list) { return std::to_string(list.size()); };
     return line("File", printable(file)) + line("Camera data", dataAreaText(inspected.result, recording)) +
            line("Duration of data",
-                summary.durationSeconds ? fixedText(*summary.durationSeconds, 1) + " s" : "none") +
+                summary.durationSeconds ? readableNumber(*summary.durationSeconds, 1) + " s" : "none") +
            line("G-sensor readings", count(recording.m_GSensors())) +
            line("GPS samples", count(recording.m_vGpsData())) +
            line("NMEA sentences", count(recording.m_NMEAs())) +
            (inspected.dialect ? line("Dialect", dialectText(*inspected.dialect)) : std::string()) +
            line("First fix", fixText(summary.firstFix)) + line("Last fix", fixText(summary.lastFix)) +
-           line("Distance", fixedText(summary.distanceMetres / 1000, 3) + " km") +
+           line("Distance", readableNumber(summary.distanceMetres / 1000, 3) + " km") +
            line("Top speed", speedText(summary.topSpeed)) +
            line("Strongest reading", readingText(summary.strongestReading));
 }

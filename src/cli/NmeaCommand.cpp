@@ -4,8 +4,8 @@
 #include "cli/FileArguments.h"
 #include "cli/GpsStateJson.h"
 #include "cli/Printable.h"
+#include "cli/ReadableNumber.h"
 #include "cli/StandardInput.h"
-#include "cli/TextNumbers.h"
 #include "recording/MRVMARVONMEASentenceParser.h"
 #include "recording/MRVNMEASentenceParser.h"
 #include "recording/Positions.h"
@@ -128,19 +128,20 @@ std::string summaryText(ByteSource& source)
         return text + value + "\n";
     };
     const auto speed = [](double knots) {
-        return fixedText(knots, 1) + " knots (" + fixedText(knots * kilometresPerHour, 1) + " km/h)";
+        return readableNumber(knots, 1) + " knots (" + readableNumber(knots * kilometresPerHour, 1) +
+               " km/h)";
     };
     const double latitude = nmeaToDegrees(last.Latitude);
     const double longitude = nmeaToDegrees(last.Longitude);
     return line("Sentences", std::to_string(sentences)) + line("Accepted", std::to_string(acceptedCount)) +
            line("First time", timeText(firstTime)) + line("Last time", timeText(last.Now)) +
-           line("Last position", fixedText(last.NS == 'N' ? latitude : -latitude, 6) + ", " +
-                                     fixedText(last.EW == 'E' ? longitude : -longitude, 6)) +
+           line("Last position", readableNumber(last.NS == 'N' ? latitude : -latitude, 6) + ", " +
+                                     readableNumber(last.EW == 'E' ? longitude : -longitude, 6)) +
            line("Last speed", speed(last.SpeedOverGround)) + line("Top speed", speed(topKnots)) +
-           line("Last course", fixedText(last.CourseOverGround, 1) + " degrees") +
+           line("Last course", readableNumber(last.CourseOverGround, 1) + " degrees") +
            line("Satellites", std::to_string(last.SatelliteUsedCount) + " used, " +
                                   std::to_string(last.SatelliteCount) + " in view") +
-           line("HDOP", fixedText(last.HDOP, 1));
+           line("HDOP", readableNumber(last.HDOP, 1));
 }
 
 template <typename Parser>

@@ -4,11 +4,11 @@
 
 #include "support/ByteReader.h"
 #include "support/FileSource.h"
+#include "support/System.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <fstream>
 #include <limits>
 #include <numbers>
 #include <utility>
@@ -21,19 +21,6 @@ constexpr std::size_t headerSize = 12;
 constexpr std::size_t enoughPoints = 50'000; // a map draws these without a pause
 constexpr double farthestThinning = 640;     // metres; a map takes more than 1,000 for a gap in the way
 constexpr double metresPerDegree = 111'195;
-
-/// What the system could give without taking it from running programs. A program is given more, and is ended
-/// when it uses it.
-std::uint64_t availableMemory()
-{
-    std::ifstream facts("/proc/meminfo");
-    for (std::string name; facts >> name; facts.ignore(std::numeric_limits<std::streamsize>::max(), '\n')) {
-        std::uint64_t kibibytes = 0;
-        if (name == "MemAvailable:" && facts >> kibibytes)
-            return kibibytes * 1024;
-    }
-    return std::numeric_limits<std::uint64_t>::max();
-}
 
 double metresBetween(const DecimalPosition& a, const DecimalPosition& b)
 {
@@ -78,7 +65,7 @@ DrivingLog::Reading DrivingLog::read(const std::string& path, const LogDescripti
     log->m_recordCount = std::min<std::uint64_t>(log->m_promisedCount, bytesThere / description.recordSize);
 
     const std::uint64_t size = log->m_recordCount * description.recordSize;
-    if (size > availableMemory())
+    if (size > availableMemory().value_or(size))
         return {.log = {}, .fault = Fault::NoMemory, .detail = {}};
     log->m_records = makeLargeBuffer(size);
     if (!log->m_records)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/MediaScan.h"
 
+#include "support/System.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -118,7 +120,6 @@ std::error_code FolderWalk::eachDir(const std::string& folder)
 /// Opens the folder at m_path and puts its entries on the way, unless the walk has been there.
 std::error_code FolderWalk::enter()
 {
-    const auto systemError = [] { return std::error_code(errno, std::generic_category()); };
     const int descriptor = ::open(m_path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
         return systemError();
@@ -148,7 +149,7 @@ std::error_code FolderWalk::readEntries(DIR* directory, Level& level) const
         errno = 0;
         const dirent* entry = ::readdir(directory);
         if (entry == nullptr)
-            return {errno, std::generic_category()};
+            return systemError();
         const std::string_view name = entry->d_name;
         if (name == "." || name == "..")
             continue;

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/AtomicFile.h"
 
+#include "support/System.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/mman.h>
 #include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,8 +22,6 @@
 namespace marvo {
 
 namespace {
-
-std::error_code systemError() { return {errno, std::generic_category()}; }
 
 /// A descriptor that is closed at the end of its block.
 class Descriptor
@@ -234,7 +233,7 @@ std::error_code AtomicFile::stage(const std::string& path)
         if (!error || !exists || !isRefusal(error))
             return error;
     }
-    m_staged = ::memfd_create("marvo", MFD_CLOEXEC);
+    m_staged = openMemoryFile("marvo");
     return m_staged < 0 ? systemError() : std::error_code();
 }
 

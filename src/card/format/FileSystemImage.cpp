@@ -4,13 +4,13 @@
 
 #include "card/SystemArea.h"
 #include "card/WritableVolume.h"
+#include "support/System.h"
 
 #include <QProcess>
 #include <QStandardPaths>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -28,7 +28,7 @@ QString formatterProgram()
                : QStandardPaths::findExecutable(name, {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")});
 }
 
-QString systemError() { return QString::fromStdString(std::generic_category().message(errno)); }
+QString systemErrorText() { return QString::fromStdString(systemError().message()); }
 
 /// Runs the formatter on the file; what it complains of, empty when it is content.
 QString runFormatter(const QString& program, const FormatPlan& plan, int file, const std::stop_token& stop)
@@ -69,9 +69,9 @@ FileSystemImage makeFileSystemImage(const FormatPlan& plan, const std::stop_toke
         image.formatterMissing = true;
         return image;
     }
-    DeviceDescriptor file(::memfd_create("marvo-format", MFD_CLOEXEC));
+    DeviceDescriptor file(openMemoryFile("marvo-format"));
     if (!file || ::ftruncate(file.get(), static_cast<off_t>(plan.volumeSize())) != 0) {
-        image.error = systemError();
+        image.error = systemErrorText();
         return image;
     }
     image.error = runFormatter(program, plan, file.get(), stop);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "cli/TextNumbers.h"
+#include "cli/ReadableNumber.h"
 
 #include <array>
 #include <charconv>
@@ -8,7 +8,7 @@
 
 namespace marvo::cli {
 
-std::string fixedText(double number, int decimals)
+std::string readableNumber(double number, int decimals)
 {
     constexpr double longest = 1e12;
     std::array<char, 64> digits;
@@ -17,9 +17,9 @@ std::string fixedText(double number, int decimals)
     return {digits.data(), result.ptr};
 }
 
-std::string signedText(double number, int decimals)
+std::string readableSignedNumber(double number, int decimals)
 {
-    std::string text = fixedText(number, decimals);
+    std::string text = readableNumber(number, decimals);
     if (number > 0)
         text.insert(text.begin(), '+');
     return text;

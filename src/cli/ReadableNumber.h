@@ -8,9 +8,9 @@ namespace marvo::cli {
 
 /// A number for a person: so many decimals, or the short form with an exponent where those would be a row of
 /// digits that no one reads. Never depends on the locale.
-std::string fixedText(double number, int decimals);
+std::string readableNumber(double number, int decimals);
 
 /// The same with "+" before a number above zero.
-std::string signedText(double number, int decimals);
+std::string readableSignedNumber(double number, int decimals);
 
 } // namespace marvo::cli

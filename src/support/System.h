@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <system_error>
+
+namespace marvo {
+
+/// The error of the system call that just failed (errno), in std::generic_category.
+std::error_code systemError();
+
+/// A new empty file that exists in memory only and goes when its descriptor is closed. The name is for a list
+/// of open files. The descriptor is the caller's to close; -1 with errno set when there is none.
+int openMemoryFile(const char* name);
+
+/// Bytes that the system can give without taking them from running programs (MemAvailable of Linux); absent
+/// where it does not tell. A program may use more, but is ended when there is no more.
+std::optional<std::uint64_t> availableMemory();
+
+} // namespace marvo
