@@ -10,8 +10,6 @@
 
 namespace marvo {
 
-namespace {} // namespace
-
 std::size_t DescriptorVolume::readAt(std::uint64_t offset, std::span<std::byte> into)
 {
     std::size_t done = 0;
