@@ -3,6 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/Printable.h"
 #include "media/MediaScan.h"
+#include "media/RecordingKinds.h"
 #include "support/JsonWriter.h"
 
 #include <algorithm>
@@ -75,7 +76,6 @@ void appendPadded(std::string& text, std::string_view cell, std::size_t width)
 /// As the JSON, in pieces.
 bool writeTable(const std::vector<MRVMedia>& medias)
 {
-    static constexpr std::array<std::string_view, 3> kinds = {"always", "motion", "event"};
     static constexpr std::array<std::string_view, 3> channels = {"front", "rear", "-"};
 
     std::string table;
@@ -96,7 +96,7 @@ bool writeTable(const std::vector<MRVMedia>& medias)
             date = digits.substr(0, 8).insert(6, 1, '-').insert(4, 1, '-');
             time = digits.substr(8).insert(4, 1, ':').insert(2, 1, ':');
         }
-        row(date, time, kinds.at(static_cast<std::size_t>(media.mediaDivision())),
+        row(date, time, recordingKinds.at(static_cast<std::size_t>(media.mediaDivision())).name,
             channels.at(static_cast<std::size_t>(mediaDirection(media.path()))));
         table.append(printable(media.path())).push_back('\n');
         if (table.size() > pieceSize) {

@@ -10,6 +10,7 @@
 #include "demo/Recording.h"
 #include "demo/Scene.h"
 #include "demo/Text.h"
+#include "media/RecordingKinds.h"
 #include "settings/FileData.h"
 #include "support/AtomicFile.h"
 
@@ -34,8 +35,7 @@ enum class Channels { Both, Single };
 /// One clip of the card: some seconds of the drive.
 struct Clip
 {
-    const char* folder;
-    const char* kind;
+    const RecordingKind& kind;
     int begin;  ///< second of the drive
     int length; ///< seconds
     Channels channels;
@@ -44,22 +44,25 @@ struct Clip
     DataAreaEnd end;
 };
 
-constexpr auto InFront = DataAreaPlace::BeforeMovie;
-constexpr auto Behind = DataAreaPlace::AfterIndex;
-constexpr auto ToTheEnd = DataAreaEnd::EndOfFile;
-constexpr auto ToZero = DataAreaEnd::BudgetZero;
+constexpr const RecordingKind& always = recordingKinds[0];
+constexpr const RecordingKind& motion = recordingKinds[1];
+constexpr const RecordingKind& event = recordingKinds[2];
+constexpr auto inFront = DataAreaPlace::BeforeMovie;
+constexpr auto behind = DataAreaPlace::AfterIndex;
+constexpr auto toTheEnd = DataAreaEnd::EndOfFile;
+constexpr auto toZero = DataAreaEnd::BudgetZero;
 
 // The drive without a gap, then the parked car. A motion or event name with a channel suffix is too long to
 // be listed, so those clips have one file and no suffix. All that a data area can look like occurs.
 constexpr Clip clips[] = {
-    {"AlwaysMovie", "alwa", 0, 40, Channels::Both, '9', Behind, ToTheEnd},
-    {"AlwaysMovie", "alwa", 40, 46, Channels::Both, 'K', Behind, ToZero}, // Geumhwa tunnel
-    {"EventMovie", "event", 86, 24, Channels::Single, '9', InFront, ToZero},
-    {"AlwaysMovie", "alwa", 110, 40, Channels::Both, '9', InFront, ToTheEnd}, // Sajik tunnel
-    {"AlwaysMovie", "alwa", 150, 40, Channels::Both, 'K', InFront, ToZero},
-    {"AlwaysMovie", "alwa", 190, 40, Channels::Both, '9', Behind, ToZero}, // the traffic light
-    {"AlwaysMovie", "alwa", 230, 41, Channels::Both, 'K', Behind, ToTheEnd},
-    {"MotionMovie", "motion", 665, 20, Channels::Single, '9', InFront, ToZero},
+    {always, 0, 40, Channels::Both, '9', behind, toTheEnd},
+    {always, 40, 46, Channels::Both, 'K', behind, toZero}, // Geumhwa tunnel
+    {event, 86, 24, Channels::Single, '9', inFront, toZero},
+    {always, 110, 40, Channels::Both, '9', inFront, toTheEnd}, // Sajik tunnel
+    {always, 150, 40, Channels::Both, 'K', inFront, toZero},
+    {always, 190, 40, Channels::Both, '9', behind, toZero}, // the traffic light
+    {always, 230, 41, Channels::Both, 'K', behind, toTheEnd},
+    {motion, 665, 20, Channels::Single, '9', inFront, toZero},
 };
 
 constexpr int soundRateHz = 16'000;
@@ -81,8 +84,8 @@ std::vector<Film> films()
     for (const Clip& clip : clips) {
         const CalendarTime t = localTime(clip.begin);
         const std::string base =
-            std::string(clip.folder) + "/" + clip.kind +
-            printed("_%04d%02d%02d_%02d%02d%02d", t.year, t.month, t.day, t.hour, t.minute, t.second);
+            std::string(clip.kind.folder) + "/" + std::string(clip.kind.prefix) +
+            printed("%04d%02d%02d_%02d%02d%02d", t.year, t.month, t.day, t.hour, t.minute, t.second);
         if (clip.channels == Channels::Single) {
             out.push_back({&clip, Look::Ahead, base + ".avi"});
             continue;
@@ -192,8 +195,10 @@ private:
 
     std::optional<std::string> makeFolders() const
     {
-        for (const char* name : {"", "AlwaysMovie", "EventMovie", "MotionMovie", "DrvInfo"}) {
-            const std::string path = *name == '\0' ? m_folder : at(name);
+        std::vector<std::string> paths{m_folder, at("DrvInfo")};
+        for (const RecordingKind& kind : recordingKinds)
+            paths.push_back(at(kind.folder));
+        for (const std::string& path : paths) {
             std::error_code error;
             fs::create_directories(path, error);
             if (error)

@@ -61,11 +61,11 @@ void MRVMedia::parsePath(std::string path)
 
     if (!hasMediaNameLength(mediaName()))
         return;
-    const MediaNamePattern* pattern = patternOfMediaName(mediaName());
-    if (pattern == nullptr)
+    const std::optional<int> kind = kindOfMediaName(mediaName());
+    if (!kind)
         return;
-    m_mediaDivision = pattern->mediaDivision;
-    m_timeDigits = digitsOf(readMediaTime(mediaName(), pattern->timeStart).value_or(MediaTime{}));
+    m_mediaDivision = *kind;
+    m_timeDigits = digitsOf(readMediaTime(mediaName(), timeStart(*kind)).value_or(MediaTime{}));
 }
 
 std::string_view MRVMedia::mediaName() const

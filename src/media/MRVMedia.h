@@ -38,7 +38,7 @@ public:
     /// Base name without the channel suffix, its last two characters. Not to be asked of a shorter name.
     std::string mediaGroupName() const;
 
-    int mediaDivision() const { return m_mediaDivision; } ///< 0 always, 1 motion, 2 event
+    int mediaDivision() const { return m_mediaDivision; } ///< its place in recordingKinds
     bool isAlwaysMedia() const { return m_mediaDivision == 0; }
     bool isMotionMedia() const { return m_mediaDivision == 1; }
     bool isEventMedia() const { return m_mediaDivision == 2; }

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "media/MediaName.h"
 
+#include "media/RecordingKinds.h"
 #include "support/Utf8.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace marvo {
@@ -13,12 +15,6 @@ namespace marvo {
 namespace {
 
 constexpr std::size_t timeLength = 15; // yyyymmdd_hhmiss
-
-constexpr MediaNamePattern patterns[] = {
-    {"alwa_", 0, 5},
-    {"motion_", 1, 7},
-    {"event_", 2, 6},
-};
 
 /// The current directory, however long its name is; empty when there is none.
 std::string currentDirectory()
@@ -101,23 +97,22 @@ SplitFileName splitFileName(std::string_view fileName)
     return {fileName.substr(0, dot), fileName.substr(dot + 1)};
 }
 
-const MediaNamePattern* patternOfMediaName(std::string_view mediaName)
+std::optional<int> kindOfMediaName(std::string_view mediaName)
 {
-    for (const MediaNamePattern& pattern : patterns) {
-        if (mediaName.starts_with(pattern.prefix))
-            return &pattern;
+    for (std::size_t kind = 0; kind < recordingKinds.size(); ++kind) {
+        if (mediaName.starts_with(recordingKinds[kind].prefix))
+            return static_cast<int>(kind);
     }
-    return nullptr;
+    return std::nullopt;
 }
+
+std::size_t timeStart(int kind) { return recordingKinds.at(static_cast<std::size_t>(kind)).prefix.size(); }
 
 bool hasMediaNameLength(std::string_view mediaName)
 {
     const std::size_t length = utf8Length(mediaName);
-    for (const MediaNamePattern& pattern : patterns) {
-        if (length == pattern.prefix.size() + timeLength)
-            return true;
-    }
-    return false;
+    return std::ranges::any_of(
+        recordingKinds, [&](const RecordingKind& kind) { return length == kind.prefix.size() + timeLength; });
 }
 
 bool _checkTimeByName(std::string_view mediaName, std::size_t startPos)
@@ -129,8 +124,8 @@ bool isMediaName(std::string_view mediaName)
 {
     if (!hasMediaNameLength(mediaName))
         return false;
-    const MediaNamePattern* pattern = patternOfMediaName(mediaName);
-    return pattern == nullptr || _checkTimeByName(mediaName, pattern->timeStart);
+    const std::optional<int> kind = kindOfMediaName(mediaName);
+    return !kind || _checkTimeByName(mediaName, timeStart(*kind));
 }
 
 std::optional<MediaTime> readMediaTime(std::string_view mediaName, std::size_t startPos)

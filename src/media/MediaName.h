@@ -22,24 +22,20 @@ struct SplitFileName
 };
 SplitFileName splitFileName(std::string_view fileName);
 
-/// One kind of recording by the way the camera names it: prefix, then "yyyymmdd_hhmiss".
-struct MediaNamePattern
-{
-    std::string_view prefix;
-    int mediaDivision;
-    std::size_t timeStart; ///< character at which the time begins
-};
+/// The code of the kind whose prefix the base name begins with (case matters); none for a foreign name.
+std::optional<int> kindOfMediaName(std::string_view mediaName);
 
-/// The pattern whose prefix the base name begins with (case matters); null for a foreign name.
-const MediaNamePattern* patternOfMediaName(std::string_view mediaName);
+/// The character of the base name at which the time of a kind begins.
+std::size_t timeStart(int kind);
 
-/// True for base names as long as one of the patterns (20, 21 or 22 characters), whichever prefix they have.
+/// True for base names as long as prefix and time of one of the kinds (20, 21 or 22 characters), whichever
+/// prefix they have.
 bool hasMediaNameLength(std::string_view mediaName);
 
 /// True when the name holds the 15 characters of a time from startPos on; the digits are not examined.
 bool _checkTimeByName(std::string_view mediaName, std::size_t startPos);
 
-/// True when a file of this base name belongs into the list of recordings: one of the three lengths, and room
+/// True when a file of this base name belongs into the list of recordings: one of those lengths, and room
 /// for the time behind a known prefix. Foreign names of the right length belong to it too.
 bool isMediaName(std::string_view mediaName);
 

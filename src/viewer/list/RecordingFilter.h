@@ -14,12 +14,10 @@ class RecordingFilter : public QSortFilterProxyModel
 {
     Q_OBJECT
 public:
-    enum Kind : unsigned { Always = 1, Motion = 2, Event = 4 };
-
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
     void setSearch(const QString& text);
-    /// Bits of Kind; 0 stands for every kind, unknown ones included.
+    /// Bit 1 << code of each kind wanted; 0 stands for every kind, unknown ones included.
     void setKinds(unsigned kinds);
     bool isFiltering() const { return !m_words.isEmpty() || m_kinds != 0; }
 

@@ -14,18 +14,13 @@ namespace marvo {
 
 namespace {
 
-struct KindRow
+/// "filterEvent" for the kind "event".
+QString buttonName(const RecordingKind& kind)
 {
-    const char* name;
-    const char* image;
-    const char* kindKey;
-};
-
-constexpr std::array<KindRow, 3> kindRows{{
-    {"filterAlways", "car_alwa", "media.always"},
-    {"filterMotion", "car_motion", "media.motion"},
-    {"filterEvent", "car_event", "media.event"},
-}};
+    QString name = QString::fromLatin1(kind.name.data(), static_cast<qsizetype>(kind.name.size()));
+    name[0] = name[0].toUpper();
+    return QStringLiteral("filter") + name;
+}
 
 } // namespace
 
@@ -46,10 +41,11 @@ RecordingFilterBar::RecordingFilterBar(QWidget* parent) : QWidget(parent), m_sea
     row->setContentsMargins(8, 6, 8, 6);
     row->setSpacing(4);
     row->addWidget(m_search, 1);
-    for (std::size_t i = 0; i < kindRows.size(); ++i) {
-        const QString title = localised("hands.onlyKind").arg(localised(kindRows[i].kindKey));
-        auto* button = new ImageButton(QLatin1StringView(kindRows[i].image), title, this);
-        button->setObjectName(QLatin1StringView(kindRows[i].name));
+    for (std::size_t i = 0; i < recordingKinds.size(); ++i) {
+        const RecordingKind& kind = recordingKinds[i];
+        const QString title = localised("hands.onlyKind").arg(localised(kind.labelKey));
+        auto* button = new ImageButton(QLatin1StringView(kind.icon), title, this);
+        button->setObjectName(buttonName(kind));
         button->setProperty("kindFilter", true);
         button->setToolTip(title);
         button->setCheckable(true);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/RecordingKinds.h"
+
 #include <QWidget>
 
 #include <array>
@@ -26,7 +28,7 @@ public:
 
 Q_SIGNALS:
     void searchChanged(const QString& text);
-    /// Bits of RecordingFilter::Kind.
+    /// A bit for each kind wanted, as RecordingFilter::setKinds() takes them.
     void kindsChanged(unsigned kinds);
     /// The user goes on in the list: by one row up (-1) or down (1), to play the row found, or back to it.
     void rowStepped(int step);
@@ -40,7 +42,7 @@ private:
     unsigned kinds() const;
 
     QLineEdit* m_search;
-    std::array<ImageButton*, 3> m_kinds{};
+    std::array<ImageButton*, recordingKinds.size()> m_kinds{};
 };
 
 } // namespace marvo

@@ -4,6 +4,7 @@
 
 #include "controls/InterfaceScale.h"
 #include "controls/PMProgressIndicator.h"
+#include "media/RecordingKinds.h"
 #include "texts/Localisation.h"
 #include "viewer/list/RecordingFilter.h"
 #include "viewer/list/RecordingRowDelegate.h"
@@ -105,10 +106,10 @@ void RecordingListView::layoutColumns()
             width = std::max(width, cell.horizontalAdvance(text) + extra);
         setColumnWidth(column, width + textMargins + 1);
     };
-    fit(Model::SaveMode,
-        {localised("media.always"), localised("media.motion"), localised("media.event"),
-         localised("media.unknown")},
-        iconWidth + textMargins);
+    QStringList kinds{localised("media.unknown")};
+    for (const RecordingKind& kind : recordingKinds)
+        kinds.append(localised(kind.labelKey));
+    fit(Model::SaveMode, kinds, iconWidth + textMargins);
     fit(Model::Date, {QStringLiteral("2000-00-00")}, 0);
     fit(Model::Time, {QStringLiteral("00:00:00")}, 0);
 }

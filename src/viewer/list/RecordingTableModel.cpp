@@ -13,6 +13,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <algorithm>
+
 namespace marvo {
 
 namespace {
@@ -38,11 +40,10 @@ RecordingTableModel::RecordingTableModel(const MRVMediaList& mediaList, QObject*
 {
     for (std::size_t i = 0; i < columns.size(); ++i)
         m_columnNames[i] = localised(columns[i].titleKey);
-    const auto kind = [](const char* titleKey, const char* suffix) {
-        return Kind{localised(titleKey), iconNamed(QStringLiteral("car_%1").arg(QLatin1StringView(suffix)))};
-    };
-    m_kinds = {kind("media.always", "alwa"), kind("media.motion", "motion"), kind("media.event", "event"),
-               Kind{localised("media.unknown"), QIcon()}};
+    std::ranges::transform(recordingKinds, m_kinds.begin(), [](const RecordingKind& kind) {
+        return Kind{localised(kind.labelKey), iconNamed(QString::fromLatin1(kind.icon))};
+    });
+    m_kinds.back() = {localised("media.unknown"), QIcon()};
     m_font.setPointSizeF(scaledPoints(fontPointSize));
 }
 
@@ -90,13 +91,8 @@ int RecordingTableModel::columnCount(const QModelIndex& parent) const
 
 const RecordingTableModel::Kind& RecordingTableModel::kindOf(const MRVMedia& media) const
 {
-    if (media.isAlwaysMedia())
-        return m_kinds[0];
-    if (media.isMotionMedia())
-        return m_kinds[1];
-    if (media.isEventMedia())
-        return m_kinds[2];
-    return m_kinds[3];
+    const auto kind = static_cast<std::size_t>(media.mediaDivision());
+    return kind < recordingKinds.size() ? m_kinds[kind] : m_kinds.back();
 }
 
 QString RecordingTableModel::text(const MRVMedia& media, int column) const
@@ -161,8 +157,8 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
     case PlayingRole:
         return playing;
     case KindRole: {
-        const auto kind = &kindOf(*media) - m_kinds.data();
-        return kind < 3 ? static_cast<int>(kind) : -1;
+        const Kind& kind = kindOf(*media);
+        return &kind != &m_kinds.back() ? static_cast<int>(&kind - m_kinds.data()) : -1;
     }
     default:
         return {};

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/RecordingKinds.h"
+
 #include <QAbstractTableModel>
 #include <QFont>
 #include <QHash>
@@ -28,7 +30,7 @@ public:
     static constexpr int UnplayableRole = Qt::UserRole + 2;
     /// Whether the recording is the one in the player.
     static constexpr int PlayingRole = Qt::UserRole + 3;
-    /// The kind's code, 0 to 2; -1 for an unknown one.
+    /// The kind's code; -1 for an unknown one.
     static constexpr int KindRole = Qt::UserRole + 4;
 
     /// The list is not owned and must outlive the model.
@@ -61,7 +63,7 @@ private:
 
     const MRVMediaList& m_mediaList;
     std::array<QString, ColumnCount> m_columnNames;
-    std::array<Kind, 4> m_kinds;
+    std::array<Kind, recordingKinds.size() + 1> m_kinds; ///< the unknown one last
     QFont m_font;
     int m_rows = 0;
     std::int64_t m_playingRow = -1;
