@@ -4,11 +4,11 @@
 
 #include "media/MediaScan.h"
 #include "media/MRVMedia.h"
+#include "workers/Latest.h"
 
 #include <QObject>
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -21,16 +21,14 @@ class MRVMediaList : public QObject
 {
     Q_OBJECT
 public:
-    explicit MRVMediaList(QObject* parent = nullptr);
-    /// Returns at once, also while a scan hangs on a medium that does not answer.
-    ~MRVMediaList() override;
+    using QObject::QObject;
 
     /// Starts a scan of the folder (a path as bytes) and returns at once. A scan still running is abandoned
     /// and tells nobody. The list stays as it was until the new one is published. An empty path stands for no
     /// folder: it is only remembered, the list stays.
     void setDirectoryPath(const std::string& path);
     const std::string& directoryPath() const { return m_directoryPath; }
-    bool isScanning() const { return m_scan != nullptr; }
+    bool isScanning() const { return m_scan.isRunning(); }
 
     std::int64_t count() const { return static_cast<std::int64_t>(m_medias.size()); }
     /// Null when the index lies outside the list. Valid until the next mediaListChanged().
@@ -40,22 +38,18 @@ public:
     std::error_code folderError() const { return m_folderError; }
 
 Q_SIGNALS:
-    void scanStarted();
     /// How many recordings the running scan has found so far; some times a second at most.
     void scanProgress(qint64 found);
     /// Once at the end of each scan, after the new list has been published; main thread.
     void mediaListChanged();
 
-private Q_SLOTS:
-    void takeNews();
-
 private:
-    class Scan;
+    void publish(MediaScan scan);
 
     std::vector<MRVMedia> m_medias;
     std::error_code m_folderError;
     std::string m_directoryPath;
-    std::shared_ptr<Scan> m_scan; ///< the one running; its result will be published
+    Latest<MediaScan> m_scan{this};
 };
 
 } // namespace marvo

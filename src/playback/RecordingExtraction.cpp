@@ -2,28 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include "playback/RecordingExtraction.h"
 
-#include "recording/MRVBlackBoxData.h"
-#include "workers/ObjectLink.h"
-
 #include <chrono>
 #include <utility>
 
 namespace marvo {
 
 namespace {
-/// A walk through gigabytes ends well within this; a card that does not answer keeps the film from nobody
-/// longer.
-constexpr int TimeLimitMs = 30'000;
-constexpr std::chrono::milliseconds LongestFarewell{500};
+
+/// A walk through gigabytes ends well within this. A card that does not answer delays the film no longer.
+constexpr std::chrono::seconds timeLimit{30};
+constexpr std::chrono::milliseconds shutdownTimeout{500};
+
 } // namespace
 
 RecordingExtraction::RecordingExtraction(Take take, QObject* parent)
-    : QObject(parent),
-      m_take(std::move(take)),
-      m_link(std::make_shared<ObjectLink<RecordingExtraction>>(this))
+    : QObject(parent), m_take(std::move(take))
 {
     m_timeLimit.setSingleShot(true);
-    m_timeLimit.setInterval(TimeLimitMs);
+    m_timeLimit.setInterval(timeLimit);
     connect(&m_timeLimit, &QTimer::timeout, this, [this] {
         abandon();
         m_take(MRVBlackBoxData());
@@ -32,38 +28,29 @@ RecordingExtraction::RecordingExtraction(Take take, QObject* parent)
 
 RecordingExtraction::~RecordingExtraction()
 {
-    m_link->sever();
     abandon();
-    m_workers.waitForAll(LongestFarewell); // it stops soon, unless it waits for the card
+    m_walk.waitForAll(shutdownTimeout); // it stops soon, unless it waits for the card
 }
 
 void RecordingExtraction::start(const std::string& path)
 {
-    abandon();
-    m_stop = std::stop_source();
     m_timeLimit.start();
-    m_workers.start([link = m_link, generation = m_generation, stop = m_stop.get_token(), path] {
-        auto data = std::make_shared<MRVBlackBoxData>();
-        data->ExtractStreamInformation(path, stop); // what it had read before a fault is shown
-        link->post([generation, data = std::move(data)](RecordingExtraction& extraction) {
-            extraction.deliver(generation, std::move(*data));
+    m_walk.start(
+        [path](const LatestRun& run) {
+            MRVBlackBoxData data;
+            data.ExtractStreamInformation(path, run.stopToken()); // what it had read before a fault is shown
+            return data;
+        },
+        [this](MRVBlackBoxData&& data) {
+            m_timeLimit.stop();
+            m_take(std::move(data));
         });
-    });
 }
 
 void RecordingExtraction::abandon()
 {
-    ++m_generation;
-    m_stop.request_stop();
+    m_walk.abandon();
     m_timeLimit.stop();
-}
-
-void RecordingExtraction::deliver(std::uint64_t generation, MRVBlackBoxData&& data)
-{
-    if (generation != m_generation || !isRunning())
-        return;
-    m_timeLimit.stop();
-    m_take(std::move(data));
 }
 
 } // namespace marvo

@@ -2,21 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workers/DetachedWorkers.h"
+#include "recording/MRVBlackBoxData.h"
+#include "workers/Latest.h"
 
 #include <QTimer>
 
-#include <cstdint>
 #include <functional>
-#include <memory>
-#include <stop_token>
 #include <string>
 
 namespace marvo {
-
-class MRVBlackBoxData;
-template <typename Target>
-class ObjectLink;
 
 /// Walks one recording at a time for its samples, on a worker.
 ///
@@ -35,18 +29,13 @@ public:
     void start(const std::string& path);
     /// What is running is told to stop and not heard any more.
     void abandon();
-    bool isRunning() const { return m_timeLimit.isActive(); }
+    bool isRunning() const { return m_walk.isRunning(); }
 
     void setTimeLimitMs(int milliseconds) { m_timeLimit.setInterval(milliseconds); }
 
 private:
-    void deliver(std::uint64_t generation, MRVBlackBoxData&& data);
-
     Take m_take;
-    DetachedWorkers m_workers;
-    std::shared_ptr<ObjectLink<RecordingExtraction>> m_link;
-    std::stop_source m_stop;
-    std::uint64_t m_generation = 0;
+    Latest<MRVBlackBoxData> m_walk{this};
     QTimer m_timeLimit;
 };
 

@@ -17,7 +17,6 @@
 #include "viewer/MainViews.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/SidePanel.h"
-#include "workers/ObjectLink.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -44,7 +43,6 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
       m_memory(m_preferences),
       m_place(m_memory, player, mediaList, playInfo, playback),
       m_cardOffer(disks),
-      m_link(std::make_shared<ObjectLink<FolderHands>>(this)),
       m_recent(new RecentFoldersMenu(m_memory, commands.menu()))
 {
     commands.insertRecentFolders(*m_recent);
@@ -72,8 +70,6 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
     showCard();
     m_cardOffer.look();
 }
-
-FolderHands::~FolderHands() { m_link->sever(); }
 
 void FolderHands::connectRows()
 {
@@ -113,16 +109,12 @@ void FolderHands::reopenLastFolder()
 /// What was dropped may lie on a medium that does not answer, so a worker asks what it is.
 void FolderHands::dropped(const std::string& path)
 {
-    runInBackground(
-        m_workers, m_link,
-        [path] {
+    m_dropLook.start(
+        [path](const LatestRun&) {
             std::error_code failed;
             return std::filesystem::is_directory(path, failed);
         },
-        [path, generation = ++m_dropGeneration](FolderHands& hands, bool isFolder) {
-            if (generation == hands.m_dropGeneration)
-                hands.openDropped(path, isFolder);
-        });
+        [this, path](bool isFolder) { openDropped(path, isFolder); });
 }
 
 void FolderHands::openDropped(const std::string& path, bool isFolder)
@@ -137,7 +129,7 @@ void FolderHands::openDropped(const std::string& path, bool isFolder)
 
 void FolderHands::folderWillChange()
 {
-    ++m_dropGeneration;
+    m_dropLook.abandon(); // another folder has overtaken it
     m_place.leaveFolder();
     m_onlyTried = false;
     m_playWhenListed.clear();

@@ -5,13 +5,11 @@
 #include "viewer/folders/CardOffer.h"
 #include "viewer/folders/FolderMemory.h"
 #include "viewer/folders/PlaceKeeper.h"
-#include "workers/DetachedWorkers.h"
+#include "workers/Latest.h"
 
 #include <QObject>
 #include <QSettings>
 
-#include <cstdint>
-#include <memory>
 #include <string>
 
 namespace marvo {
@@ -23,8 +21,6 @@ class MRVMediaList;
 class MRVPlayInfo;
 class PlaybackController;
 class RecentFoldersMenu;
-template <typename Target>
-class ObjectLink;
 
 /// The handy ways to folders and recordings: those opened last, what is dropped onto the window, the place
 /// where watching was left, and what the menu of a row offers.
@@ -35,7 +31,6 @@ public:
     /// None of the objects is owned; all must outlive this one. There need not be disks.
     FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
                 const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback, Disks* disks);
-    ~FolderHands() override;
 
     /// Asks for the folder that was open last; without one, or when it is gone, the window stays as at a
     /// first start.
@@ -67,9 +62,7 @@ private:
     FolderMemory m_memory;
     PlaceKeeper m_place;
     CardOffer m_cardOffer;
-    DetachedWorkers m_workers;
-    std::shared_ptr<ObjectLink<FolderHands>> m_link;
-    std::uint64_t m_dropGeneration = 0; ///< of a drop that another folder has overtaken nothing comes
+    Latest<bool> m_dropLook{this};
     RecentFoldersMenu* m_recent;
     std::string m_playWhenListed; ///< a recording that was dropped
     bool m_onlyTried = false;

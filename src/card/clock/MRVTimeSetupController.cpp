@@ -8,7 +8,6 @@
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
 #include "texts/Localisation.h"
-#include "workers/ObjectLink.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -79,7 +78,7 @@ QPushButton* dialogButton(const char* name, const char* key, QWidget* parent)
 } // namespace
 
 MRVTimeSetupController::MRVTimeSetupController(Disks& disks, QWidget* parent)
-    : QDialog(parent), m_disks(disks), m_link(std::make_shared<ObjectLink<MRVTimeSetupController>>(this))
+    : QDialog(parent), m_disks(disks)
 {
     setObjectName(QStringLiteral("MRVTimeSetupController"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -88,16 +87,6 @@ MRVTimeSetupController::MRVTimeSetupController(Disks& disks, QWidget* parent)
     joinControls();
     onInitDIalog();
     connect(&m_disks, &Disks::volumesChanged, this, &MRVTimeSetupController::loadSettingFile);
-}
-
-MRVTimeSetupController::~MRVTimeSetupController() { m_link->sever(); }
-
-template <typename Work, typename Done>
-void MRVTimeSetupController::runInBackground(Work work, Done done)
-{
-    m_workers.start([link = m_link, work = std::move(work), done = std::move(done)]() mutable {
-        link->post([done, result = work()](MRVTimeSetupController&) mutable { done(std::move(result)); });
-    });
 }
 
 void MRVTimeSetupController::buildWindow()
@@ -209,17 +198,12 @@ void MRVTimeSetupController::showEvent(QShowEvent* event)
 
 void MRVTimeSetupController::loadSettingFile()
 {
-    m_lookingUp = true;
-    runInBackground([disks = &m_disks] { return findClockCard(*disks); },
-                    [this, lookUp = ++m_lastLookUp](ClockCard card) {
-                        if (lookUp == m_lastLookUp)
-                            cardFound(std::move(card));
-                    });
+    m_lookUp.start([disks = &m_disks](const LatestRun&) { return findClockCard(*disks); },
+                   [this](ClockCard card) { cardFound(std::move(card)); });
 }
 
 void MRVTimeSetupController::cardFound(ClockCard card)
 {
-    m_lookingUp = false;
     m_card = std::move(card);
     const QString path = m_card.clockFile ? QFile::decodeName(m_card.clockFile->c_str()) : QString();
     m_targetField->setFullText(m_card.clockFile ? localised("clock.saved_on_card").arg(path)
@@ -282,7 +266,7 @@ ClockMoment MRVTimeSetupController::moment() const
 
 void MRVTimeSetupController::onSaveConfigFile()
 {
-    if (m_lookingUp) {
+    if (m_lookUp.isRunning()) {
         m_saveWhenFound = true;
         m_targetField->setFullText(localised("clock.looking"));
         return;
@@ -326,8 +310,9 @@ void MRVTimeSetupController::saveTo(const QString& chosenPath)
 void MRVTimeSetupController::doWriteConfigFile(const std::string& path, ClockFilePlace place)
 {
     setBusy(true);
-    runInBackground([path, place, moment = moment()] { return writeClockFile(path, moment, place); },
-                    [this, path](const std::error_code& error) { written(path, error); });
+    m_write.start(
+        [path, place, moment = moment()](const LatestRun&) { return writeClockFile(path, moment, place); },
+        [this, path](const std::error_code& error) { written(path, error); });
 }
 
 void MRVTimeSetupController::written(const std::string& path, const std::error_code& error)

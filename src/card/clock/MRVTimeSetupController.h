@@ -4,14 +4,12 @@
 
 #include "card/clock/ClockCard.h"
 #include "card/ClockFile.h"
-#include "workers/DetachedWorkers.h"
+#include "workers/Latest.h"
 
 #include <QDate>
 #include <QDialog>
 #include <QTime>
 
-#include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -27,8 +25,6 @@ namespace marvo {
 class ClockFace;
 class Disks;
 class ElidedLabel;
-template <typename Target>
-class ObjectLink;
 
 /// The clock dialog: a day and a time, written into the file that the camera sets its clock from. A card that
 /// holds such a file gets it there, otherwise the user says where.
@@ -38,7 +34,6 @@ class MRVTimeSetupController : public QDialog
 public:
     /// The disks must outlive every window of the application.
     explicit MRVTimeSetupController(Disks& disks, QWidget* parent = nullptr);
-    ~MRVTimeSetupController() override;
 
     /// Path of the clock file on the card; none when no card holds one.
     const std::optional<std::string>& m_SettingFilePath() const { return m_card.clockFile; }
@@ -59,9 +54,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    template <typename Work, typename Done>
-    void runInBackground(Work work, Done done);
-
     void buildWindow();
     void joinControls();
     void onInitDIalog();
@@ -80,13 +72,11 @@ private:
     ClockMoment moment() const;
 
     Disks& m_disks;
-    DetachedWorkers m_workers;
-    std::shared_ptr<ObjectLink<MRVTimeSetupController>> m_link;
+    Latest<ClockCard> m_lookUp{this}; ///< an older one may hang on a card that is gone
+    Latest<std::error_code> m_write{this};
     ClockCard m_card;
     QDate m_selectedDate;
     QTime m_selectedTime;
-    std::uint64_t m_lastLookUp = 0; ///< an older one may hang on a card that is gone; it counts no more
-    bool m_lookingUp = false;       ///< the last one is under way
     bool m_saveWhenFound = false;
     bool m_centred = false;
 

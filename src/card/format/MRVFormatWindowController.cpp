@@ -11,7 +11,6 @@
 #include "controls/PMProgressIndicator.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
-#include "workers/ObjectLink.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -36,15 +35,15 @@ Q_LOGGING_CATEGORY(logFormat, "marvo.format")
 constexpr std::chrono::milliseconds progressTick{300};
 constexpr double progressSeconds = 1000; ///< after which the display, not the work, ends
 
-/// Calls the target on its own thread and returns when it has been called, or has gone.
-template <typename Target, typename Call>
-void callAndWait(ObjectLink<Target>& link, Call call)
+/// Calls on the window's thread and returns when it has been called, or the window has gone.
+template <typename Call>
+void callAndWait(const LatestRun& run, Call call)
 {
     auto called = std::make_shared<std::promise<void>>();
     const std::future<void> returned = called->get_future();
-    // A call that is thrown away with its target breaks the promise, which ends the waiting, too.
-    link.post([called = std::move(called), call = std::move(call)](Target& target) {
-        call(target);
+    // A call that is thrown away with the window breaks the promise, which ends the waiting, too.
+    run.post([called = std::move(called), call = std::move(call)] {
+        call();
         called->set_value();
     });
     returned.wait();
@@ -75,7 +74,7 @@ std::vector<FormattableVolume> doLoadUSBVolumes(DeviceAccess* access,
 } // namespace
 
 MRVFormatWindowController::MRVFormatWindowController(Disks& disks, QWidget* parent)
-    : QDialog(parent), m_disks(disks), m_link(std::make_shared<ObjectLink<MRVFormatWindowController>>(this))
+    : QDialog(parent), m_disks(disks)
 {
     setObjectName(QStringLiteral("MRVFormatWindowController"));
     setWindowTitle(localised("setting.format.title"));
@@ -88,19 +87,7 @@ MRVFormatWindowController::MRVFormatWindowController(Disks& disks, QWidget* pare
     loadUSBVolumes();
 }
 
-MRVFormatWindowController::~MRVFormatWindowController()
-{
-    m_stop.request_stop();
-    m_link->sever();
-}
-
-template <typename Task, typename Done>
-void MRVFormatWindowController::runInBackground(Task task, Done done)
-{
-    m_workers.start([link = m_link, task = std::move(task), done = std::move(done)]() mutable {
-        link->post([done, result = task()](MRVFormatWindowController&) mutable { done(std::move(result)); });
-    });
-}
+MRVFormatWindowController::~MRVFormatWindowController() { m_stop.request_stop(); }
 
 void MRVFormatWindowController::buildWindow()
 {
@@ -199,8 +186,10 @@ void MRVFormatWindowController::loadUSBVolumes(std::function<void()> completion)
         showMessage(message, {});
     m_listing = true;
     m_listAgain = false;
-    runInBackground(
-        [access = m_disks.deviceAccess(), erased = m_erased] { return doLoadUSBVolumes(access, erased); },
+    m_listingWork.start(
+        [access = m_disks.deviceAccess(), erased = m_erased](const LatestRun&) {
+            return doLoadUSBVolumes(access, erased);
+        },
         [this, startedHere, completion = std::move(completion)](std::vector<FormattableVolume> volumes) {
             const FormattableVolume* selected = selectedUSBDisk();
             m_selectedBefore.reset();
@@ -323,8 +312,8 @@ void MRVFormatWindowController::askAndFormat(const FormattableVolume& volume)
     setWork(Work::CanBeAbandoned);
     showProgressBar(QStringLiteral("Disk searching..."));
     showMessage(m_progressMessageField->text(), localised("format.step.look"));
-    runInBackground(
-        [root = volume.entity.mountedURL(), stop = m_stop.get_token()] {
+    m_look.start(
+        [root = volume.entity.mountedURL(), stop = m_stop.get_token()](const LatestRun&) {
             return root.empty() ? CardContents() : readCardContents(root, stop);
         },
         [this, volume](const CardContents& contents) {
@@ -380,16 +369,14 @@ void MRVFormatWindowController::doFormat(const FormattableVolume& volume,
     // A recording that is being played from the card would keep it in use.
     if (!volume.entity.mountedURL().empty())
         Q_EMIT m_disks.aboutToUnmount(volume.entity.mountedURL());
-    runInBackground(
-        [link = m_link, access = m_disks.deviceAccess(), volume, stop = m_stop.get_token(),
-         earlier = earlierSettings(volume), settings] {
+    m_job.start(
+        [this, access = m_disks.deviceAccess(), volume, stop = m_stop.get_token(),
+         earlier = earlierSettings(volume), settings](const LatestRun& run) {
             FormatJob job(*access, volume, earlier, settings);
             return job.run(
-                [&link](FormatStep step) {
+                [this, &run](FormatStep step) {
                     bool goOn = false; // the window, and with it the wish to format, may be gone
-                    callAndWait(*link, [&goOn, step](MRVFormatWindowController& window) {
-                        goOn = window.showStep(step);
-                    });
+                    callAndWait(run, [this, &goOn, step] { goOn = showStep(step); });
                     return goOn;
                 },
                 stop);
@@ -466,15 +453,10 @@ void MRVFormatWindowController::formatDidFinished(const FormattableVolume& volum
         return;
     }
     showMessage(m_progressMessageField->text(), stepDetail(FormatStep::Complete));
-    struct Errors
-    {
-        QString copy;
-        QString check;
-    };
-    runInBackground(
-        [root = formatted->entity.mountedURL(), kept] {
+    m_restore.start(
+        [root = formatted->entity.mountedURL(), kept](const LatestRun&) {
             const auto bytes = kept ? std::optional(kept->bytes) : std::nullopt;
-            Errors errors;
+            RestoreErrors errors;
             if (const std::error_code error = restoreSettings(root, bytes)) {
                 qCWarning(logFormat, "error=%s", error.message().c_str());
                 errors.copy =
@@ -488,7 +470,7 @@ void MRVFormatWindowController::formatDidFinished(const FormattableVolume& volum
             }
             return errors;
         },
-        [this, formatted = *formatted, kept](const Errors& errors) {
+        [this, formatted = *formatted, kept](const RestoreErrors& errors) {
             restored(formatted, errors.copy, errors.check, kept);
         });
 }

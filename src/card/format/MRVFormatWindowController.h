@@ -4,13 +4,12 @@
 
 #include "card/CardContents.h"
 #include "card/format/FormatJob.h"
-#include "workers/DetachedWorkers.h"
+#include "workers/Latest.h"
 
 #include <QDialog>
 #include <QTimer>
 
 #include <functional>
-#include <memory>
 #include <stop_token>
 #include <vector>
 
@@ -23,8 +22,6 @@ namespace marvo {
 class Disks;
 class ElidedLabel;
 class PMProgressIndicator;
-template <typename Target>
-class ObjectLink;
 
 /// The dialog that formats the camera's card: lists the cards in USB readers, asks, shows each step, and puts
 /// the camera's settings and folders back on the new file system. While the card is being written it cannot
@@ -69,9 +66,12 @@ private:
         Abandoning,
         MustEnd
     };
-
-    template <typename Task, typename Done>
-    void runInBackground(Task task, Done done);
+    /// Empty where nothing went wrong.
+    struct RestoreErrors
+    {
+        QString copy;
+        QString check;
+    };
 
     void buildWindow();
     void volumesChanged();
@@ -98,8 +98,10 @@ private:
     void showMessage(const QString& message, const QString& detail);
 
     Disks& m_disks;
-    DetachedWorkers m_workers;
-    std::shared_ptr<ObjectLink<MRVFormatWindowController>> m_link;
+    Latest<std::vector<FormattableVolume>> m_listingWork{this};
+    Latest<CardContents> m_look{this};
+    Latest<FormatOutcome> m_job{this};
+    Latest<RestoreErrors> m_restore{this};
     std::stop_source m_stop;
     Work m_work = Work::None;
     bool m_stopProgressBar = true;

@@ -14,7 +14,6 @@
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
 #include "texts/Localisation.h"
-#include "workers/ObjectLink.h"
 
 #include <QAction>
 #include <QApplication>
@@ -52,11 +51,7 @@ QPushButton* windowButton(const char* name, const char* key, QWidget* parent)
 
 MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
                                            QWidget* parent)
-    : QWidget(parent, Qt::Window),
-      m_disks(disks),
-      m_link(std::make_shared<ObjectLink<MRVSettingController>>(this)),
-      m_delegate(delegate),
-      m_tabs(settingsTabs())
+    : QWidget(parent, Qt::Window), m_disks(disks), m_delegate(delegate), m_tabs(settingsTabs())
 {
     setObjectName(QStringLiteral("MRVSettingController"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -69,17 +64,8 @@ MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSet
 
 MRVSettingController::~MRVSettingController()
 {
-    m_link->sever();
     // The application may end with this window, and what has been saved is to reach the card.
-    m_writers.waitForAll(saveEndsWithin);
-}
-
-template <typename Work, typename Done>
-void MRVSettingController::runInBackground(Work work, Done done)
-{
-    marvo::runInBackground(
-        m_workers, m_link, std::move(work),
-        [done = std::move(done)](MRVSettingController&, auto result) mutable { done(std::move(result)); });
+    m_write.waitForAll(saveEndsWithin);
 }
 
 void MRVSettingController::buildWindow()
@@ -174,8 +160,8 @@ void MRVSettingController::onInitDIalog()
     fillDefaultFileDataForLanguage(m_FileData, m_language);
     setTabEnabled(false);
     showLoading(QStringLiteral("Loading..."));
-    runInBackground(
-        [disks = &m_disks, language = m_language, earlier = m_card] {
+    m_load.start(
+        [disks = &m_disks, language = m_language, earlier = m_card](const LatestRun&) {
             return loadSettingFile(*disks, CardNaming::RenameToCardName, language, earlier);
         },
         [this](LoadedSettings loaded) { settingsRead(std::move(loaded)); });
@@ -204,29 +190,20 @@ void MRVSettingController::lookForCardAgain()
 {
     // One look at a time, or the older could end last; none while a card is formatted, which goes and comes
     // back. What changes meanwhile is looked at afterwards.
-    if (!m_volumesChanged || !m_loaded || m_isLooking || m_lastDialogController)
+    if (!m_volumesChanged || !m_loaded || m_look.isRunning() || m_lastDialogController)
         return;
     m_volumesChanged = false;
-    m_isLooking = true;
-    struct Found
-    {
-        bool changed = false;
-        LoadedSettings loaded;
-    };
-    runInBackground(
-        [disks = &m_disks, language = m_language, card = m_card] {
-            Found found;
-            found.changed = !isStillThere(*disks, card);
-            if (found.changed)
-                found.loaded = loadSettingFile(*disks, CardNaming::RenameToCardName, language, {});
-            return found;
+    m_look.start(
+        [disks = &m_disks, language = m_language, card = m_card](const LatestRun&) {
+            return isStillThere(*disks, card)
+                       ? std::nullopt
+                       : std::optional(loadSettingFile(*disks, CardNaming::RenameToCardName, language, {}));
         },
-        [this](Found found) {
-            m_isLooking = false;
+        [this](std::optional<LoadedSettings> changed) {
             if (!m_loaded)
                 m_volumesChanged = true;
-            else if (found.changed)
-                takeCard(std::move(found.loaded));
+            else if (changed)
+                takeCard(std::move(*changed));
             lookForCardAgain();
         });
 }
@@ -377,14 +354,15 @@ void MRVSettingController::onSave()
     populate();
     sealFileData(m_FileData);
     setTabEnabled(false);
-    runInBackground([disks = &m_disks, card = m_card] { return saveDestination(*disks, card); },
-                    [this, record = m_FileData](const std::optional<std::string>& destination) {
-                        setTabEnabled(true);
-                        if (destination)
-                            writeTo(*destination, record);
-                        else
-                            askWhereToSave(record);
-                    });
+    m_findDestination.start(
+        [disks = &m_disks, card = m_card](const LatestRun&) { return saveDestination(*disks, card); },
+        [this, record = m_FileData](const std::optional<std::string>& destination) {
+            setTabEnabled(true);
+            if (destination)
+                writeTo(*destination, record);
+            else
+                askWhereToSave(record);
+        });
 }
 
 void MRVSettingController::askWhereToSave(const _FILEDATA& record)
@@ -404,13 +382,11 @@ void MRVSettingController::askWhereToSave(const _FILEDATA& record)
 void MRVSettingController::writeTo(const std::string& path, const _FILEDATA& record)
 {
     setTabEnabled(false);
-    marvo::runInBackground(
-        m_writers, m_link,
-        [record, path, backups = m_backups]() mutable { return saveToCard(record, path, backups); },
-        [path, speedUnit = record.speedUnit](MRVSettingController& window,
-                                             const std::optional<QString>& error) {
-            window.saved(path, speedUnit, error);
-        });
+    m_write.start([record, path, backups = m_backups](
+                      const LatestRun&) mutable { return saveToCard(record, path, backups); },
+                  [this, path, speedUnit = record.speedUnit](const std::optional<QString>& error) {
+                      saved(path, speedUnit, error);
+                  });
 }
 
 void MRVSettingController::saved(const std::string& path, std::uint32_t speedUnit,
@@ -452,11 +428,9 @@ void MRVSettingController::onFormat()
 
 void MRVSettingController::reloadAfterFormat()
 {
-    runInBackground(
-        [disks = &m_disks, language = m_language] {
-            return loadSettingFile(*disks, CardNaming::Keep, language, {});
-        },
-        [this](LoadedSettings loaded) { takeCard(std::move(loaded)); });
+    m_load.start([disks = &m_disks, language = m_language](
+                     const LatestRun&) { return loadSettingFile(*disks, CardNaming::Keep, language, {}); },
+                 [this](LoadedSettings loaded) { takeCard(std::move(loaded)); });
 }
 
 void MRVSettingController::onSaveDefaultSetting()

@@ -7,7 +7,7 @@
 #include "settings/window/SettingsBackups.h"
 #include "settings/window/SettingsTabs.h"
 #include "texts/Localisation.h"
-#include "workers/DetachedWorkers.h"
+#include "workers/Latest.h"
 
 #include <QHash>
 #include <QPointer>
@@ -25,8 +25,6 @@ namespace marvo {
 class Disks;
 class LoadingSheet;
 class MRVFormatWindowController;
-template <typename Target>
-class ObjectLink;
 class SegmentedControl;
 class viewControllerForMRVSettingDelegate;
 
@@ -75,11 +73,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// Runs `work`, which owns all it touches, on a worker that nobody waits for, and hands its result to
-    /// `done` here unless the window is gone by then.
-    template <typename Work, typename Done>
-    void runInBackground(Work work, Done done);
-
     void buildWindow();
     void buildToolsMenu(QMenu& menu);
     void onInitDIalog();
@@ -100,9 +93,10 @@ private:
     void useEarlierFile(const std::string& path);
 
     Disks& m_disks;
-    DetachedWorkers m_workers;
-    DetachedWorkers m_writers;
-    std::shared_ptr<ObjectLink<MRVSettingController>> m_link;
+    Latest<LoadedSettings> m_load{this};
+    Latest<std::optional<LoadedSettings>> m_look{this};
+    Latest<std::optional<std::string>> m_findDestination{this};
+    Latest<std::optional<QString>> m_write{this};
     viewControllerForMRVSettingDelegate* m_delegate;
     InterfaceLanguage m_language = builtLanguage(); ///< of the defaults
     _FILEDATA m_FileData{};
@@ -115,7 +109,6 @@ private:
     bool m_touched = false;        ///< a person has done something in a tab, or with the whole record
     bool m_loaded = false;         ///< the record is whole: no read of the card is under way
     bool m_volumesChanged = false; ///< since the card was looked for
-    bool m_isLooking = false;      ///< for the card, after the first read
 
     SegmentedControl* m_functionSegmentedControl = nullptr;
     QAction* m_restoreAction = nullptr;

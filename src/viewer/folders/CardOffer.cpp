@@ -4,10 +4,8 @@
 
 #include "card/disks/Disks.h"
 #include "card/TKUSBDiskEntity.h"
-#include "workers/ObjectLink.h"
 
 #include <filesystem>
-#include <utility>
 
 namespace marvo {
 
@@ -35,30 +33,23 @@ std::optional<OfferedCard> findOfferedCard(const Disks& disks)
     return card ? std::optional(OfferedCard{card->volumeName(), card->mountedURL()}) : std::nullopt;
 }
 
-CardOffer::CardOffer(Disks* disks) : m_disks(disks), m_link(std::make_shared<ObjectLink<CardOffer>>(this))
+CardOffer::CardOffer(Disks* disks) : m_disks(disks)
 {
     if (m_disks)
         connect(m_disks, &Disks::volumesChanged, this, &CardOffer::look);
 }
 
-CardOffer::~CardOffer() { m_link->sever(); }
-
 void CardOffer::look()
 {
     if (!m_disks)
         return;
-    m_workers.start([disks = m_disks, link = m_link, generation = ++m_generation] {
-        link->post([found = findOfferedCard(*disks), generation](CardOffer& offer) {
-            if (generation != offer.m_generation)
-                return; // a newer look is under way
-            const bool same =
-                offer.m_card.has_value() == found.has_value() &&
-                (!found || (offer.m_card->path == found->path && offer.m_card->name == found->name));
-            offer.m_card = found;
-            if (!same)
-                Q_EMIT offer.cardChanged();
-        });
-    });
+    m_look.start([disks = m_disks](const LatestRun&) { return findOfferedCard(*disks); },
+                 [this](const std::optional<OfferedCard>& found) {
+                     if (found == m_card)
+                         return;
+                     m_card = found;
+                     Q_EMIT cardChanged();
+                 });
 }
 
 } // namespace marvo

@@ -2,27 +2,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "workers/DetachedWorkers.h"
+#include "workers/Latest.h"
 
 #include <QObject>
 #include <QString>
 
-#include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 
 namespace marvo {
 
 class Disks;
-template <typename Target>
-class ObjectLink;
 
 /// The camera's card in a reader, as something to be opened.
 struct OfferedCard
 {
     QString name;     ///< the volume's label
     std::string path; ///< where it is mounted, as bytes
+
+    bool operator==(const OfferedCard&) const = default;
 };
 
 /// Of the volumes on USB the one that looks like the camera's card: its name, its settings file or one of its
@@ -36,7 +34,6 @@ class CardOffer : public QObject
 public:
     /// The disks outlive the application; none stands for a machine without a reader.
     explicit CardOffer(Disks* disks);
-    ~CardOffer() override;
 
     /// Looks now; cardChanged follows when the answer is a new one.
     void look();
@@ -47,10 +44,8 @@ Q_SIGNALS:
 
 private:
     Disks* m_disks;
-    DetachedWorkers m_workers;
-    std::shared_ptr<ObjectLink<CardOffer>> m_link;
     std::optional<OfferedCard> m_card;
-    std::uint64_t m_generation = 0;
+    Latest<std::optional<OfferedCard>> m_look{this};
 };
 
 } // namespace marvo

@@ -3,14 +3,12 @@
 #include "viewer/folders/CardSettingsLookup.h"
 
 #include "settings/SettingFile.h"
-#include "workers/ObjectLink.h"
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
-#include <utility>
 
 namespace marvo {
 
@@ -47,24 +45,15 @@ std::optional<_FILEDATA> readCardSettings(const std::string& folder)
     return readRecord(path.parent_path());
 }
 
-CardSettingsLookup::CardSettingsLookup(CardSettingsReader reader)
-    : m_reader(std::move(reader)), m_link(std::make_shared<ObjectLink<CardSettingsLookup>>(this))
-{}
-
-CardSettingsLookup::~CardSettingsLookup() { m_link->sever(); }
-
 void CardSettingsLookup::lookUp(const std::string& folder)
 {
-    m_workers.start([reader = m_reader, link = m_link, folder, generation = ++m_generation] {
-        _FILEDATA record;
-        fillDefaultFileData(record);
-        if (const auto found = reader(folder))
-            record = *found;
-        link->post([record, generation](CardSettingsLookup& lookup) {
-            if (generation == lookup.m_generation)
-                Q_EMIT lookup.settingsKnown(record);
-        });
-    });
+    m_look.start(
+        [reader = m_reader, folder](const LatestRun&) {
+            _FILEDATA record;
+            fillDefaultFileData(record);
+            return reader(folder).value_or(record);
+        },
+        [this](const _FILEDATA& record) { Q_EMIT settingsKnown(record); });
 }
 
 } // namespace marvo

@@ -3,20 +3,16 @@
 #pragma once
 
 #include "settings/FileData.h"
-#include "workers/DetachedWorkers.h"
+#include "workers/Latest.h"
 
 #include <QObject>
 
-#include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace marvo {
-
-template <typename Target>
-class ObjectLink;
 
 /// The settings record of the card that a folder (a path as bytes) lies on; none when there is no such card.
 /// Called on a worker.
@@ -31,9 +27,7 @@ class CardSettingsLookup : public QObject
 {
     Q_OBJECT
 public:
-    explicit CardSettingsLookup(CardSettingsReader reader);
-    /// Returns at once, also while a look-up hangs on a card that does not answer.
-    ~CardSettingsLookup() override;
+    explicit CardSettingsLookup(CardSettingsReader reader) : m_reader(std::move(reader)) {}
 
     /// A look-up still under way is overtaken and tells nobody.
     void lookUp(const std::string& folder);
@@ -44,9 +38,7 @@ Q_SIGNALS:
 
 private:
     CardSettingsReader m_reader;
-    DetachedWorkers m_workers;
-    std::shared_ptr<ObjectLink<CardSettingsLookup>> m_link;
-    std::uint64_t m_generation = 0;
+    Latest<_FILEDATA> m_look{this};
 };
 
 } // namespace marvo

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The MARVO developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "workers/DetachedWorkers.h"
+
+#include <QMetaObject>
+#include <QObject>
+
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <stop_token>
+#include <utility>
+
+namespace marvo {
+
+/// What work on a worker knows of whoever started it. The work keeps it as long as it likes.
+class LatestRun
+{
+public:
+    explicit LatestRun(QObject* owner) : m_shared(std::make_shared<Shared>(owner)) {}
+
+    /// Requested as soon as nobody waits for the result any more.
+    std::stop_token stopToken() const { return m_shared->stop.get_token(); }
+    /// Runs call() later on the owner's thread, unless the work is abandoned by then. Any thread; never waits
+    /// for the owner's.
+    template <typename Call>
+    void post(Call call) const
+    {
+        const std::scoped_lock lock(m_shared->mutex);
+        if (m_shared->owner == nullptr)
+            return;
+        auto run = [shared = m_shared, call = std::move(call)]() mutable {
+            if (!shared->stop.stop_requested())
+                call();
+        };
+        QMetaObject::invokeMethod(m_shared->owner, std::move(run), Qt::QueuedConnection);
+    }
+    /// From now on nothing that was or will be posted runs. Only on the owner's thread.
+    void abandon() const
+    {
+        m_shared->stop.request_stop();
+        const std::scoped_lock lock(m_shared->mutex);
+        m_shared->owner = nullptr;
+    }
+
+private:
+    struct Shared
+    {
+        explicit Shared(QObject* receiver) : owner(receiver) {}
+        std::stop_source stop;
+        std::mutex mutex;
+        QObject* owner; ///< null once abandoned, so that it may die
+    };
+    std::shared_ptr<Shared> m_shared;
+};
+
+/// Work of one kind on a worker, of which only the latest counts.
+///
+/// Starting supersedes what is under way: it is asked to stop, and neither its result nor anything else that
+/// it posts arrives. The owner is never waited for, and never waits, unless waitForAll() is called: work that
+/// hangs on a card that does not answer keeps nothing from starting or ending. The work must own all that it
+/// touches.
+template <typename Result>
+class Latest
+{
+public:
+    /// Results arrive on the thread of the owner, which owns this object, too.
+    explicit Latest(QObject* owner) : m_owner(owner) {}
+    ~Latest() { abandon(); }
+    Latest(const Latest&) = delete;
+    Latest& operator=(const Latest&) = delete;
+
+    /// Runs work(const LatestRun&) on a worker, then done(Result) on the owner's thread, or never.
+    template <typename Work, typename Done>
+    void start(Work work, Done done)
+    {
+        abandon();
+        m_run = std::make_unique<LatestRun>(m_owner);
+        m_workers.start([this, run = *m_run, work = std::move(work), done = std::move(done)]() mutable {
+            auto result = std::make_shared<Result>(work(run));
+            // What is posted runs only while this object lives: its end abandons the run.
+            run.post([this, result = std::move(result), done = std::move(done)]() mutable {
+                m_run.reset();
+                done(std::move(*result));
+            });
+        });
+    }
+    /// What is under way is asked to stop and not heard any more.
+    void abandon()
+    {
+        if (m_run)
+            m_run->abandon();
+        m_run.reset();
+    }
+    /// Until the result has arrived.
+    bool isRunning() const { return m_run != nullptr; }
+    /// False when some work, abandoned or not, was still going on when the time was up.
+    bool waitForAll(std::chrono::milliseconds atMost) const { return m_workers.waitForAll(atMost); }
+
+private:
+    QObject* m_owner;
+    std::unique_ptr<LatestRun> m_run; ///< the one whose result is waited for
+    DetachedWorkers m_workers;
+};
+
+} // namespace marvo
