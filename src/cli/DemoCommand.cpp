@@ -22,16 +22,12 @@ ExitCode run(const Arguments& arguments);
 } // namespace
 
 const Command demoCommand{
-    "demo", "write a card with recordings of a drive, as the camera would",
+    "demo", "write a demo card with recordings of a drive",
     "Usage: marvo-cli demo FOLDER\n\n"
-    "Writes a memory card as the camera would into FOLDER, which is made when it is missing: recordings of "
-    "one\n"
-    "drive, front and rear, in AlwaysMovie, EventMovie and MotionMovie, with picture, sound, G-sensor and "
-    "GPS;\n"
-    "the settings config.bin, the clock file timeset.cfg and the driving log DrvInfo/marvo_000.drv. The "
-    "files\n"
-    "are the same every time.\n\n"
-    "An earlier demo card in FOLDER is written anew; other files there are left alone.\n\n"
+    "Writes the content of a camera's memory card into FOLDER, which is created if missing: recordings of\n"
+    "one drive, front and rear, with picture, sound, G-sensor and GPS; the settings config.bin, the clock\n"
+    "file timeset.cfg and the driving log DrvInfo/marvo_000.drv. The files are the same every time.\n\n"
+    "An earlier demo card in FOLDER is replaced; other files there are left alone.\n\n"
     "Exit code: 0 done, 1 the card could not be written, 2 wrong usage.\n",
     run};
 
@@ -41,7 +37,7 @@ std::atomic<bool> interrupted{false};
 
 void onInterrupt(int) { interrupted = true; }
 
-/// Turns Ctrl-C and a request to end into a stop of the work, so that no half-written file is left behind.
+/// Makes Ctrl-C and a request to end stop the work, so that no half-written file is left.
 class StopOnInterrupt
 {
 public:
@@ -66,7 +62,7 @@ private:
     std::jthread m_watch;
 };
 
-/// One line on stderr that is written over and over, when somebody is there to see it.
+/// One line on stderr that is overwritten again and again, on a terminal only.
 class ProgressLine
 {
 public:

@@ -20,26 +20,25 @@ ExitCode run(const Arguments& arguments);
 constexpr std::string_view usage =
     "Usage: marvo-cli inspect FILE [--json] [--dialect]\n"
     "\n"
-    "Reads the camera's data area of one AVI recording. Without --json it prints a summary: how long the "
-    "data\n"
-    "lasts, its samples, first and last fix (decimal degrees, north and east positive), distance, top speed\n"
-    "and the strongest G-sensor reading.\n"
+    "Reads the camera's data area of one AVI recording. Without --json it prints a summary: duration,\n"
+    "samples, first and last fix (decimal degrees, north and east positive), distance, top speed and the\n"
+    "strongest G-sensor reading.\n"
     "\n"
     "  --json     print everything that was read as one JSON document: file, result, m_GSensors (g),\n"
     "             m_vGSensorData, m_vGpsData and m_NMEAs. result is false when there is no data area or\n"
-    "             when it is damaged; the lists then hold what stands before the damage.\n"
+    "             when it is damaged; the lists then hold the data before the damage.\n"
     "  --dialect  read the sentences as the camera's own, \"$GA\" and \"$GC\", and tell whether all are of\n"
-    "             that kind (in JSON: dialect). Nothing but this option recognises such a recording.\n"
+    "             that kind (in JSON: dialect). Only this option recognises such a recording.\n"
     "\n"
     "Exit code: 0 when the file could be read, damaged or not; 1 when it could not.\n";
 
 } // namespace
 
-const Command inspectCommand{"inspect", "shows the camera's data in one recording", usage, run};
+const Command inspectCommand{"inspect", "show the camera's data in one recording", usage, run};
 
 namespace {
 
-/// Writes a long document out in pieces, so that it never stands in memory as a whole.
+/// Writes a long document in pieces, so that it is never in memory as a whole.
 class DocumentOutput
 {
 public:
@@ -58,7 +57,7 @@ public:
         m_taken = m_taken && writeOut(m_json.take() + "\n");
         return m_taken;
     }
-    /// False once stdout has refused a piece: there is no point in going on.
+    /// False after stdout has refused a piece.
     bool wanted() const { return m_taken; }
 
 private:
@@ -81,7 +80,7 @@ void writeList(JsonWriter& json, DocumentOutput& output, std::string_view name, 
     json.endArray();
 }
 
-/// A recording with, when it was asked for, what its sentences say as those of the dialect.
+/// A recording and, if asked for, its sentences read as the dialect.
 struct Inspected
 {
     bool result = false;
@@ -183,7 +182,7 @@ std::string dataAreaText(bool result, const MRVBlackBoxData& recording)
         return "complete";
     if (recording.m_GSensors().empty() && recording.m_NMEAs().empty())
         return "none found, or damaged at its start";
-    return "damaged; what stands before the damage is shown";
+    return "damaged; the data before the damage is shown";
 }
 
 std::string dialectText(const DialectReading& dialect)

@@ -20,14 +20,14 @@ ExitCode run(const Arguments& arguments);
 } // namespace
 
 const Command listCommand{
-    "list", "the recordings in a folder and below it, oldest first",
+    "list", "list the recordings in a folder and below it, oldest first",
     "Usage: marvo-cli list FOLDER [--json]\n"
     "\n"
     "Lists every recording in FOLDER and all folders below it, oldest first. Recordings are\n"
-    "known by their names: alwa_, motion_ or event_ with date and time, extension avi.\n"
+    "recognised by their names: alwa_, motion_ or event_ with date and time, extension avi.\n"
     "\n"
     "  --json   one array of objects: path, fileName, mediaDivision (0 always, 1 motion,\n"
-    "           2 event), yyyymmddhhmiss (zeros when the name tells no time),\n"
+    "           2 event), yyyymmddhhmiss (zeros when the name has no time),\n"
     "           mediaDirection (0 front, 1 rear, 2 unknown). Bytes of a name that are not\n"
     "           UTF-8 become U+FFFD.\n"
     "  --       ends the options; FOLDER may then begin with a dash\n",
@@ -45,7 +45,7 @@ struct Request
 
 constexpr std::size_t pieceSize = 30000;
 
-/// Written in pieces, so that a list of thousands is not in memory once more as text.
+/// Written in pieces, so that a long list is not in memory again as text.
 bool writeJson(const std::vector<MRVMedia>& medias)
 {
     JsonWriter json;
@@ -117,7 +117,7 @@ ExitCode list(const Request& request)
         return failed(listCommand, reason);
     if (!(request.format == Format::Json ? writeJson(scan.medias) : writeTable(scan.medias)))
         return failed(listCommand, "the list could not be written");
-    // The medium gave up half way: what it told is there, but the list is not whole.
+    // The medium failed halfway: the list is printed, but it is not complete.
     return scan.folderError ? failed(listCommand, reason) : Done;
 }
 
@@ -133,12 +133,12 @@ ExitCode run(const Arguments& arguments)
         else if (!optionsEnded && argument.starts_with('-') && argument != "-")
             return wrongUsage(listCommand, "no option " + printable(argument));
         else if (request.folder)
-            return wrongUsage(listCommand, "one folder, please");
+            return wrongUsage(listCommand, "takes one FOLDER");
         else
             request.folder = argument;
     }
     if (!request.folder)
-        return wrongUsage(listCommand, "which folder?");
+        return wrongUsage(listCommand, "FOLDER is missing");
     return list(request);
 }
 

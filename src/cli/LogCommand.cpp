@@ -23,15 +23,15 @@ const Command logCommand{
     "log", "write a driving log (.drv, .obd) as comma-separated text",
     "Usage: marvo-cli log FILE --csv OUT|-\n"
     "\n"
-    "Writes the driving log in FILE as comma-separated text to the file OUT, which is\n"
-    "replaced whole or stays as it was, or to stdout for \"-\": a line of titles, then a\n"
-    "line a record, just as the application's export has them. FILE is the driving log\n"
-    "of a camera (.drv) or the log of one with an OBD adapter (.obd).\n"
+    "Writes the driving log in FILE as comma-separated text to the file OUT, or to stdout\n"
+    "for \"-\": a line of titles, then a line for each record, as the application exports\n"
+    "it. OUT is replaced whole or not at all. FILE is the driving log of a camera (.drv)\n"
+    "or of one with an OBD adapter (.obd).\n"
     "\n"
     "  --         ends the options; FILE may then begin with a dash\n"
     "\n"
-    "A FILE that is no such log ends it with 1. Of one that ends early the records that\n"
-    "are there are written, with a warning on stderr and exit code 0.\n",
+    "If FILE is no such log, the exit code is 1. If it ends early, its complete records\n"
+    "are written, with a warning on stderr and exit code 0.\n",
     run};
 
 namespace {
@@ -67,9 +67,9 @@ std::optional<std::string> parse(const Arguments& arguments, Request& request)
     if (outputFollows || (request.output && request.output->empty()))
         return "--csv takes a file, or - for stdout";
     if (!request.file)
-        return "which file?";
+        return "FILE is missing";
     if (!request.output)
-        return "where to? --csv OUT, or --csv - for stdout";
+        return "--csv OUT is missing; --csv - writes to stdout";
     return std::nullopt;
 }
 

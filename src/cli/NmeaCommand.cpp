@@ -23,19 +23,19 @@ ExitCode run(const Arguments& arguments);
 constexpr std::string_view usage =
     "Usage: marvo-cli nmea FILE|- [--json] [--dialect]\n"
     "\n"
-    "Reads NMEA 0183 text, of a file or with - of standard input, the way the camera's recordings are read:\n"
-    "every sentence that starts with \"$G\" and is ended by CR, LF or a zero byte goes through the parser.\n"
-    "Without --json it prints how many there are and what they add up to.\n"
+    "Reads NMEA 0183 text from a file, or with - from standard input, with the parser for recordings: it\n"
+    "takes every sentence that starts with \"$G\" and ends with CR, LF or a zero byte. Without --json it\n"
+    "prints a summary.\n"
     "\n"
-    "  --json     print one JSON document: accepted tells of each sentence whether the parser took it,\n"
-    "             snapshots holds the state after each.\n"
+    "  --json     print one JSON document: accepted has true for each sentence that the parser\n"
+    "             accepted, else false; snapshots has the state after each.\n"
     "  --dialect  read the camera's own sentences \"$GA\" and \"$GC\" instead of the standard ones.\n"
     "\n"
     "A sentence of more than 64 KiB is not accepted.\n";
 
 } // namespace
 
-const Command nmeaCommand{"nmea", "shows what NMEA 0183 sentences say", usage, run};
+const Command nmeaCommand{"nmea", "show the content of NMEA 0183 sentences", usage, run};
 
 namespace {
 
@@ -50,8 +50,7 @@ void parseAll(ByteSource& source, Sink&& sink)
     });
 }
 
-/// The two lists are written one after the other without either standing in memory: the text is read once for
-/// each.
+/// Writes two lists, one after the other. Neither is kept in memory: the text is read once for each.
 template <typename Parser>
 bool writeDocument(ByteSource& source)
 {

@@ -7,8 +7,8 @@
 
 namespace marvo::cli {
 
-/// Bytes of foreign origin for a terminal, which takes some characters as commands: U+FFFD in place of
-/// control characters and of what is not UTF-8.
+/// Bytes of foreign origin as text for a terminal, which takes some characters as commands: U+FFFD replaces
+/// control characters and malformed bytes.
 std::string printable(std::string_view bytes);
 
 } // namespace marvo::cli

@@ -22,13 +22,13 @@ ExitCode run(const Arguments& arguments);
 } // namespace
 
 const Command settingsCommand{
-    "settings", "show, change or write anew a camera's settings (config.bin)",
+    "settings", "show, change or reset a camera's settings (config.bin)",
     "Usage: marvo-cli settings FILE [--json]\n"
     "       marvo-cli settings FILE --set NAME=VALUE... [--json]\n"
     "       marvo-cli settings FILE --defaults en|ko|base [--json]\n"
     "\n"
     "Shows the settings record in FILE, a camera's config.bin, or changes it. A file is written whole or\n"
-    "stays as it was. Only the first 272 bytes count; a shorter file is refused.\n"
+    "not at all. Only the first 272 bytes count; a shorter file is refused.\n"
     "\n"
     "  --json              one object with every field under its name, carNumber as text, and\n"
     "                      computedChecksum, which checksum should be; after a change, the new record\n"
@@ -38,8 +38,8 @@ const Command settingsCommand{
     "  --defaults LANGUAGE writes FILE anew: en or ko, sealed, or base, as a formatted card has it\n"
     "  --                  ends the options; FILE may then begin with a dash\n"
     "\n"
-    "Words that make no sense end it with 2; a name that is no field, or a value that its field cannot\n"
-    "hold, with 1 and nothing written.\n",
+    "Exit code: 0 done; 1 failed, with nothing written, also for an unknown field or a value that the\n"
+    "field cannot hold; 2 wrong usage.\n",
     run};
 
 namespace {
@@ -105,7 +105,7 @@ std::optional<std::string> parse(const Arguments& arguments, Request& request)
         } else if (!request.file) {
             request.file = word;
         } else {
-            return "what is '" + printable(word) + "' for?";
+            return "unexpected word '" + printable(word) + "'";
         }
     }
     if (expected == Expected::FirstAssignment)
@@ -113,7 +113,7 @@ std::optional<std::string> parse(const Arguments& arguments, Request& request)
     if (expected == Expected::Language)
         return "--defaults takes en, ko or base";
     if (!request.file)
-        return "which file?";
+        return "FILE is missing";
     if (request.defaults && !request.assignments.empty())
         return "either --set or --defaults";
     return std::nullopt;

@@ -30,7 +30,8 @@ std::string overview()
             .append(command->summary)
             .append("\n");
     }
-    return text + "\n'marvo-cli COMMAND --help' tells more. Exit code: 0 done, 1 failed, 2 wrong usage.\n";
+    return text +
+           "\n'marvo-cli COMMAND --help' shows its arguments. Exit code: 0 done, 1 failed, 2 wrong usage.\n";
 }
 
 ExitCode run(const Arguments& words)
@@ -67,7 +68,7 @@ ExitCode run(const Arguments& words)
 
 ExitCode wrongUsage(const Command& command, std::string_view message)
 {
-    say(command, message, "'marvo-cli " + std::string(command.name) + " --help' tells what it takes\n");
+    say(command, message, "'marvo-cli " + std::string(command.name) + " --help' shows its arguments\n");
     return WrongUsage;
 }
 
@@ -86,7 +87,7 @@ bool writeOut(std::string_view text)
 
 int main(int argc, char** argv)
 {
-    // A reader that has seen enough (head, less) is a failed write, not a sudden death.
+    // A closed reader (head, less) is a failed write and does not end the process.
     std::signal(SIGPIPE, SIG_IGN);
     marvo::cleanUpOnTermination();
     return marvo::cli::run(marvo::cli::Arguments(argv + (argc > 0 ? 1 : 0), argv + argc));

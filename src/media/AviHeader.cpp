@@ -31,9 +31,9 @@ namespace {
 //     LIST size "movi"
 //     idx1
 
-constexpr std::size_t ChunkHeaderSize = 8;
-constexpr std::size_t LargestHeaderList = 1024 * 1024;
-constexpr int MostTopLevelChunks = 4096;
+constexpr std::size_t chunkHeaderSize = 8;
+constexpr std::size_t largestHeaderList = 1024 * 1024;
+constexpr int mostTopLevelChunks = 4096;
 constexpr std::int64_t LongestDurationMs = 7LL * 24 * 3600 * 1000;
 constexpr std::int64_t LengthToleranceMs = 1500;
 
@@ -53,16 +53,15 @@ bool hasId(Bytes bytes, std::size_t offset, std::string_view id)
            std::memcmp(bytes.data() + offset, id.data(), id.size()) == 0;
 }
 
-/// Calls visit(chunk's bytes with its 8-byte header, body) for each chunk in a list's body, as far as it
-/// goes.
+/// Calls visit(whole chunk with its 8-byte header, body) for each complete chunk in a list's body.
 template <typename Visit>
 void forEachChunk(Bytes list, Visit visit)
 {
-    while (list.size() >= ChunkHeaderSize) {
+    while (list.size() >= chunkHeaderSize) {
         const std::uint32_t size = u32(list, 4);
-        const std::size_t bodySize = std::min<std::size_t>(size, list.size() - ChunkHeaderSize);
-        visit(list.first(ChunkHeaderSize + bodySize), list.subspan(ChunkHeaderSize, bodySize));
-        const std::size_t padded = ChunkHeaderSize + bodySize + (bodySize & 1U);
+        const std::size_t bodySize = std::min<std::size_t>(size, list.size() - chunkHeaderSize);
+        visit(list.first(chunkHeaderSize + bodySize), list.subspan(chunkHeaderSize, bodySize));
+        const std::size_t padded = chunkHeaderSize + bodySize + (bodySize & 1U);
         list = list.subspan(std::min(padded, list.size()));
     }
 }
@@ -186,7 +185,7 @@ std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
     FileSource file(path);
     if (!file.isOpen())
         return openingFault(file.errorNumber());
-    // What a medium that fails does not give is no fault of the recording.
+    // A failing medium is no fault of the recording.
     const auto whereReadable = [&file](AviFault fault) {
         return file.errorNumber() == 0 ? fault : AviFault::CannotRead;
     };
@@ -199,21 +198,21 @@ std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
     if (readAt(file, 0, start) != start.size() || !hasId(start, 0, "RIFF") || !hasId(start, 8, "AVI "))
         return whereReadable(AviFault::NotAvi);
     const std::uint64_t riffEnd =
-        std::min<std::uint64_t>(header.fileSizeBytes, ChunkHeaderSize + std::uint64_t{u32(start, 4)});
+        std::min<std::uint64_t>(header.fileSizeBytes, chunkHeaderSize + std::uint64_t{u32(start, 4)});
 
     bool headerSeen = false;
     bool movieSeen = false;
     std::uint64_t offset = start.size();
-    for (int i = 0; i < MostTopLevelChunks && offset + ChunkHeaderSize <= header.fileSizeBytes; ++i) {
+    for (int i = 0; i < mostTopLevelChunks && offset + chunkHeaderSize <= header.fileSizeBytes; ++i) {
         std::array<std::uint8_t, 12> chunk{};
-        if (readAt(file, offset, chunk) < ChunkHeaderSize)
+        if (readAt(file, offset, chunk) < chunkHeaderSize)
             break;
         const std::uint64_t size = u32(chunk, 4);
         const bool isList = hasId(chunk, 0, "LIST") && size >= 4;
         if (isList && hasId(chunk, 8, "hdrl") && !headerSeen) {
             std::vector<std::uint8_t> body(static_cast<std::size_t>(std::min<std::uint64_t>(
                 {size - 4, header.fileSizeBytes - std::min(header.fileSizeBytes, offset + 12),
-                 LargestHeaderList})));
+                 largestHeaderList})));
             body.resize(readAt(file, offset + 12, body));
             if (!parseHeaderList(body, header))
                 return whereReadable(AviFault::NoVideo);
@@ -222,10 +221,10 @@ std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
             movieSeen = true;
         } else if (movieSeen && hasId(chunk, 0, "idx1")) {
             // An index outside the RIFF part, or cut off, is not found by a player.
-            header.hasIndex = header.hasIndex || offset + ChunkHeaderSize + size <= riffEnd;
+            header.hasIndex = header.hasIndex || offset + chunkHeaderSize + size <= riffEnd;
             break;
         }
-        offset += ChunkHeaderSize + size + (size & 1U);
+        offset += chunkHeaderSize + size + (size & 1U);
     }
     if (!headerSeen)
         return whereReadable(AviFault::NoVideo);

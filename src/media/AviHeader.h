@@ -9,7 +9,7 @@
 
 namespace marvo {
 
-/// What the main header and the stream headers of an AVI file tell, as far as playing it needs.
+/// The facts of an AVI file's main and stream headers that playing needs.
 struct AviHeader
 {
     std::array<char, 4> videoCodec{}; ///< biCompression of the first video stream, as in the file
@@ -30,13 +30,13 @@ struct AviHeader
     std::int64_t durationMsBeside(std::int64_t foundLengthMs) const;
 };
 
-/// Why a file cannot be played, as far as its header tells.
+/// Why a file cannot be played, according to its header.
 enum class AviFault {
     Missing,
     NoAccess,
     NotAFile, ///< a folder, a pipe, a device
     Empty,
-    CannotRead, ///< the medium fails at the header; what follows is for the player to meet
+    CannotRead, ///< the medium fails at the header
     NotAvi,
     NoVideo,
 };

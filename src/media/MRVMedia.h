@@ -27,7 +27,7 @@ class MRVMedia
 {
 public:
     explicit MRVMedia(std::string_view path);
-    /// Of a path that absoluteFilePath() would leave as it is.
+    /// For a path that absoluteFilePath() would not change.
     static MRVMedia ofAbsolutePath(std::string path);
 
     const std::string& path() const { return m_path; } ///< absolute
@@ -35,7 +35,7 @@ public:
     std::string_view extension() const;                ///< without the dot, as written
     std::string_view dir() const;                      ///< path without its last component
     std::string fileName() const;                      ///< base name, dot, extension
-    /// Base name without the channel suffix, its last two characters. Not to be asked of a shorter name.
+    /// Base name without the channel suffix, its last two characters. The name must have two or more.
     std::string mediaGroupName() const;
 
     int mediaDivision() const { return m_mediaDivision; } ///< its place in recordingKinds
@@ -52,7 +52,7 @@ public:
     int second() const { return twoDigits(1); }
     std::string yyyymmddhhmiss() const;
 
-    /// What recordings are sorted by: time, and at equal times the higher kind code first.
+    /// The sort key of recordings: time, and at equal times the higher kind code first.
     struct DateOrder
     {
         std::int64_t timeDigits;
@@ -68,8 +68,7 @@ private:
     void parsePath(std::string path);
     int twoDigits(std::int64_t unit) const { return static_cast<int>(m_timeDigits / unit % 100); }
 
-    // A list holds thousands of records: the parts of the path are looked up in it, those of the time in its
-    // digits.
+    // A list holds thousands of records, so the parts of path and time are computed when asked for.
     std::string m_path;
     std::size_t m_nameStart = 0;
     std::size_t m_nameLength = 0;  ///< of mediaName

@@ -23,9 +23,9 @@ class MRVMediaList : public QObject
 public:
     using QObject::QObject;
 
-    /// Starts a scan of the folder (a path as bytes) and returns at once. A scan still running is abandoned
-    /// and tells nobody. The list stays as it was until the new one is published. An empty path stands for no
-    /// folder: it is only remembered, the list stays.
+    /// Starts a scan of the folder (a path as bytes) and returns at once. A running scan is abandoned; it
+    /// emits nothing more. The old list stays until the new one is published. An empty path means no folder:
+    /// it is stored, and the list stays.
     void setDirectoryPath(const std::string& path);
     const std::string& directoryPath() const { return m_directoryPath; }
     bool isScanning() const { return m_scan.isRunning(); }
@@ -34,11 +34,11 @@ public:
     /// Null when the index lies outside the list. Valid until the next mediaListChanged().
     const MRVMedia* mediaAtIndex(std::int64_t index) const;
     const std::vector<MRVMedia>& medias() const { return m_medias; }
-    /// Why the folder of the list could not be listed, or not to its end; no error when it could.
+    /// Why the list's folder could not be read, or not to its end; no error otherwise.
     std::error_code folderError() const { return m_folderError; }
 
 Q_SIGNALS:
-    /// How many recordings the running scan has found so far; some times a second at most.
+    /// Number of recordings that the running scan has found so far; at most a few times a second.
     void scanProgress(qint64 found);
     /// Once at the end of each scan, after the new list has been published; main thread.
     void mediaListChanged();

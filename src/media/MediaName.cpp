@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t timeLength = 15; // yyyymmdd_hhmiss
 
-/// The current directory, however long its name is; empty when there is none.
+/// The current directory, of any length; empty when there is none.
 std::string currentDirectory()
 {
     std::string buffer(256, '\0');
@@ -30,7 +30,7 @@ std::string currentDirectory()
     return buffer.front() == '/' ? buffer : std::string();
 }
 
-/// The part of the text from a character on; empty when the text ends before it.
+/// The text starting at a character; empty when the text is shorter.
 std::string_view fromCharacter(std::string_view text, std::size_t index)
 {
     if (asciiLength(text.substr(0, index)) == index)
@@ -42,7 +42,7 @@ std::string_view fromCharacter(std::string_view text, std::size_t index)
     return text;
 }
 
-/// The number that the text begins with, of so many digits at most; 0 when it begins with none.
+/// The number that the text begins with, of at most `digits` digits; 0 when there is none.
 int leadingNumber(std::string_view text, std::size_t digits)
 {
     int number = 0;

@@ -9,12 +9,12 @@
 
 namespace marvo {
 
-/// The absolute form of a path: a relative one is taken from the current directory, doubled and trailing
-/// slashes and "." components go. ".." stays, since behind a link it does not lead back to where the text
-/// says. Without a current directory (it was removed) a relative path stays relative.
+/// The absolute form of a path. A relative path starts at the current directory; doubled and trailing slashes
+/// and "." components are removed. ".." stays, since after a link it does not lead to the parent that the
+/// text names. If the current directory was removed, a relative path stays relative.
 std::string absoluteFilePath(std::string_view path);
 
-/// A file name at its last dot. A name that begins with its only dot has no extension.
+/// A file name split at its last dot. A name whose only dot is its first character has no extension.
 struct SplitFileName
 {
     std::string_view base;
@@ -50,9 +50,8 @@ struct MediaTime
     int second = 0;
 };
 
-/// Reads "yyyymmdd_hhmiss" from a character of the base name on. Each number is the run of digits that its
-/// place begins with; none when the name is too short or a number lies outside its range (years 1970 to
-/// 2700).
+/// Reads "yyyymmdd_hhmiss" at a character of the base name. Each number is the leading digits of its place.
+/// None when the name is too short or a number is out of range (years 1970 to 2700).
 std::optional<MediaTime> readMediaTime(std::string_view mediaName, std::size_t startPos);
 
 } // namespace marvo

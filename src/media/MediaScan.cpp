@@ -39,8 +39,8 @@ using Directory = std::unique_ptr<DIR, DirectoryCloser>;
 
 enum class EntryKind { Folder, File };
 
-/// Folder or not, following links. The directory mostly tells by itself; only a link, or a file system that
-/// does not tell, costs a question.
+/// Folder or not, following links. The directory entry mostly says so; only a link, or a file system that
+/// does not say, needs a system call.
 EntryKind kindOf(const dirent& entry, int directory)
 {
     if (entry.d_type == DT_DIR)
@@ -52,8 +52,8 @@ EntryKind kindOf(const dirent& entry, int directory)
                                                                                           : EntryKind::File;
 }
 
-/// The walk through a tree. A folder's entries are taken down and the folder is closed again before the walk
-/// goes into the ones below it, so that neither the depth nor the width of a tree costs descriptors or stack.
+/// The walk through a tree. A folder's entries are read and the folder is closed before the walk enters the
+/// folders below it, so that a deep or wide tree costs neither descriptors nor stack.
 class FolderWalk
 {
 public:
@@ -61,19 +61,19 @@ public:
         : m_stop(stop), m_onFound(onFound)
     {}
 
-    /// Walks a folder and all below it; tells why the folder itself could not be listed.
+    /// Walks a folder and all below it; returns why the folder itself could not be read.
     std::error_code eachDir(const std::string& folder);
     std::deque<MRVMedia> takeFound() { return std::move(m_found); }
 
 private:
-    /// Where a name begins in its level's names; it ends with a NUL.
+    /// Where a name begins in its level's `names`; it ends with a NUL.
     struct Entry
     {
         std::size_t name;
         EntryKind kind;
     };
-    /// A folder on the way down, with those of its entries that matter. Their names stand in one piece of
-    /// memory: one of its own for each of thousands took longer than asking the file system for them.
+    /// A folder on the way down, with its recordings and folders. All names share one block of memory: a
+    /// separate one for each took longer than reading the folder.
     struct Level
     {
         std::size_t pathLength;
@@ -117,7 +117,7 @@ std::error_code FolderWalk::eachDir(const std::string& folder)
     return error;
 }
 
-/// Opens the folder at m_path and puts its entries on the way, unless the walk has been there.
+/// Opens the folder at m_path and adds its entries, unless the walk has been there.
 std::error_code FolderWalk::enter()
 {
     const int descriptor = ::open(m_path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
@@ -138,11 +138,11 @@ std::error_code FolderWalk::enter()
     return readEntries(directory.get(), m_levels.back());
 }
 
-/// Takes down the entries that matter; what was read before an error stays.
+/// Reads the folder's recordings and folders; after an error those read before it stay.
 std::error_code FolderWalk::readEntries(DIR* directory, Level& level) const
 {
-    // Behind the file that fills the list nothing of this folder is taken: a folder of millions of files need
-    // not be read to its end.
+    // Nothing of this folder is taken after the file that fills the list, so a folder of millions of files
+    // need not be read to its end.
     std::size_t room = m_found.size() < mediaListLimit ? mediaListLimit - m_found.size() : 1;
 
     while (room > 0 && !m_stop.stop_requested()) {
@@ -173,7 +173,7 @@ void FolderWalk::takeFile(Level& level)
         m_onFound(m_found.size());
 }
 
-/// Sorts what the order hangs on instead of the records themselves, which are large to move and far apart.
+/// Sorts small keys instead of the records themselves, which are large and far apart.
 std::vector<MRVMedia> sortedByDate(std::deque<MRVMedia> medias)
 {
     struct Place

@@ -14,28 +14,28 @@
 
 namespace marvo {
 
-/// So many recordings end a scan: in each folder being walked the file that reaches or passes it is the last
-/// one taken, so that the folders around the one that reached it may still add a file each.
+/// A scan ends at this number of recordings. In each folder the file that reaches or exceeds it is the last
+/// one taken, so that enclosing folders may still add one file each.
 inline constexpr std::size_t mediaListLimit = 15000;
 
-/// The record of a file whose base name can be a recording's; none for any other name. The extension and the
-/// file itself are not looked at.
+/// The record of a file whose base name can be a recording's; none for any other name. The extension is not
+/// checked and the file is not opened.
 std::optional<MRVMedia> createMediaByPath(std::string_view path);
 
-/// What a scan found.
+/// The result of a scan.
 struct MediaScan
 {
     std::vector<MRVMedia> medias; ///< sorted by compareDate; equal ones in the order of the walk
-    std::error_code folderError;  ///< why the folder itself could not be listed, or not to its end
+    std::error_code folderError;  ///< why the folder itself could not be read, or not to its end
 };
 
 /// Lists every recording in a folder and all folders below it, hidden ones included, depth first in the order
-/// of the file system. Links are followed, and each folder is walked once however many ways lead to it. What
-/// cannot be listed below the folder contributes nothing; files are never opened. Names decide: "*.avi" in
-/// any case that createMediaByPath accepts, also when it is a broken link.
+/// of the file system. Links are followed; each folder is walked once, however many links lead to it. Folders
+/// below that cannot be read contribute nothing. Files are never opened, only names count: "*.avi" in any
+/// case that createMediaByPath() accepts, broken links included.
 ///
-/// Runs on any thread. A requested stop ends it at the next entry, with a meaningless result. onFound is told
-/// the number of recordings after each one found, on the thread of the scan.
+/// Runs on any thread. A requested stop ends it at the next entry; the result is then meaningless. onFound is
+/// called with the number of recordings after each one found, on the thread of the scan.
 MediaScan scanFolder(const std::string& folder, const std::stop_token& stop = {},
                      const std::function<void(std::size_t)>& onFound = {});
 

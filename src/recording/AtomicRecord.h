@@ -8,8 +8,8 @@
 
 namespace marvo {
 
-/// One raw record as an entry of a list. The record is only ever copied out and in as a whole, so that a
-/// reader never sees half of what another thread is just putting there. A new one holds zeros.
+/// One raw record as an entry of a list. It is copied in and out as a whole, so that a reader never sees half
+/// of another thread's update. A new record holds zeros.
 template <typename Record>
 class AtomicRecord
 {

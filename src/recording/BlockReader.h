@@ -25,22 +25,21 @@ public:
     /// Once stop is requested, every read that needs the source is a short one.
     BlockReader(ByteSource& source, std::stop_token stop);
 
-    /// The bytes in memory from the position on, after an attempt to have at least `count` (at most
-    /// smallestRead) there; fewer only at the end of the source or where it cannot be read. Valid until the
-    /// next call.
+    /// The bytes in memory at the position: at least `count` (at most smallestRead), fewer only at the end of
+    /// the source or where it cannot be read. Valid until the next call.
     std::span<const std::byte> ahead(std::size_t count)
     {
         if (m_filled - m_cursor < count)
             fill();
         return {m_block->bytes + m_cursor, m_filled - m_cursor};
     }
-    /// Moves on by bytes that ahead() has shown.
+    /// Moves forward by bytes that ahead() returned.
     void advance(std::size_t count) { m_cursor += count; }
-    /// Moves the position by any distance, also beyond the end; back only to where bytes have been.
+    /// Moves the position by any distance, also beyond the end; never to before the start.
     void skip(std::int64_t distance);
 
 private:
-    /// The system copies whole pages fastest to where a page could begin.
+    /// The system copies whole pages fastest to page-aligned memory.
     struct alignas(smallestRead) Block
     {
         std::byte bytes[blockSize];

@@ -12,18 +12,18 @@
 
 namespace marvo {
 
-/// What a recording says when its sentences are read as the camera's own dialect. It listens to the extractor
-/// (MRVBlackBoxData::setSentenceListener), which reads them as standard ones all the while.
+/// Reads a recording's sentences as the camera's own dialect. It listens to the extractor
+/// (MRVBlackBoxData::setSentenceListener), which still reads them as standard sentences.
 class DialectReading
 {
 public:
     void take(std::string_view sentence);
 
-    /// One state for each sentence, whether it was of the dialect or not. Equal neighbours share one object.
+    /// One state for each sentence, of the dialect or not. Equal neighbours share one object.
     const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots() const { return m_snapshots; }
     /// How many of the sentences were of the dialect.
     std::size_t accepted() const { return m_accepted; }
-    /// Whether the recording is one of the dialect: it has sentences, and all of them are.
+    /// True when the recording has sentences and all of them are of the dialect.
     bool isDialect() const { return m_accepted != 0 && m_accepted == m_snapshots.size(); }
 
 private:

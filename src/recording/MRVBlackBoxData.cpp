@@ -49,7 +49,7 @@ std::optional<std::uint32_t> readSize(BlockReader& reader)
     return size;
 }
 
-/// The next record's tag, everything before it passed over; none at the end.
+/// Skips to the next record's tag and reads it; none at the end.
 std::optional<Tag> nextRecordTag(BlockReader& reader)
 {
     for (;;) {
@@ -62,7 +62,7 @@ std::optional<Tag> nextRecordTag(BlockReader& reader)
     }
 }
 
-/// Moves to the data area and gives its budget; none when the file has none.
+/// Moves to the data area and reads its budget; none when the file has no data area.
 std::optional<std::uint32_t> findDataArea(BlockReader& reader)
 {
     if (readTag(reader) != riffTag || !readSize(reader) || readTag(reader) != aviTag)
@@ -202,7 +202,7 @@ bool MRVBlackBoxData::readGpsRecord(BlockReader& reader, std::uint32_t& budget)
         return false;
     reader.advance(gpsHeaderSize);
 
-    // Text that the file no longer holds is not made up; the walk then ends at the next tag.
+    // Only text that the file holds is parsed; the walk then ends at the next tag.
     const auto length = static_cast<std::size_t>(header->dwExtLength);
     const auto ahead = reader.ahead(length);
     const auto text = ahead.first(std::min(length, ahead.size()));

@@ -26,19 +26,20 @@ class ByteSource;
 /// Reads the camera's data out of one AVI recording (RIFF): GPS fixes, NMEA states and G-sensor readings. The
 /// layout of the data area stands in docs/formats.md.
 ///
-/// One walk at a time fills the lists, on any thread; nobody else may touch the lists until it has returned.
+/// One walk at a time fills the lists, on any thread. No other thread may use the lists until it has
+/// returned.
 class MRVBlackBoxData
 {
 public:
-    /// Walks the file and fills the lists anew. True when the camera's data area was reached and read to its
-    /// end or to the end of its budget. False otherwise, with what had been read before the fault kept. A
-    /// walk that is asked to stop ends with false soon after. Only a regular file is opened.
+    /// Walks the file and fills the lists anew. True when the camera's data area was read to its end or to
+    /// the end of its budget. False otherwise; the lists keep what was read before the fault. A walk that is
+    /// asked to stop soon ends with false. Only a regular file is opened.
     bool ExtractStreamInformation(const std::string& path, std::stop_token stop = {});
     bool ExtractStreamInformation(ByteSource& source, std::stop_token stop = {});
     void clear();
 
-    /// Tells somebody else of every sentence that the parser is fed, in the same order and on the same
-    /// thread. clear() keeps the listener.
+    /// Sets a listener for every sentence that goes to the parser, in the same order and on the same thread.
+    /// clear() keeps the listener.
     using SentenceListener = std::function<void(std::string_view sentence)>;
     void setSentenceListener(SentenceListener listener) { m_sentenceListener = std::move(listener); }
 
@@ -57,7 +58,7 @@ public:
 
     /// Readings in g, in file order.
     const std::vector<MRVGSensor>& m_GSensors() const { return m_gSensors; }
-    /// The raw readings, entry by entry those of m_GSensors.
+    /// The raw readings, one for each entry of m_GSensors.
     const std::vector<MRVAviGSensorData>& m_vGSensorData() const { return m_rawReadings; }
     /// Entry i is the GPS header that belongs to reading i; never longer than m_GSensors.
     const std::vector<MRVAviGpsData>& m_vGpsData() const { return m_gpsSamples; }

@@ -20,8 +20,8 @@ struct _PAIR
     bool operator==(const _PAIR&) const = default;
 };
 
-/// The GPS state that NMEA 0183 sentences build up field by field. Positions stand as the sentences write
-/// them (degrees and minutes, unsigned), speed in knots; every number was read at single precision.
+/// The GPS state that NMEA 0183 sentences build up field by field. Positions are kept as the sentences write
+/// them (degrees and minutes, unsigned), speed in knots. Every number was read at single precision.
 struct MRVGpsData
 {
     static constexpr std::size_t channelCount = 12;
@@ -44,8 +44,8 @@ struct MRVGpsData
     bool operator==(const MRVGpsData&) const = default;
 };
 
-/// Appends a state to a recording's list. One that equals its predecessor shares that one's object, so that a
-/// hostile text of many short sentences cannot multiply its own size.
+/// Appends a state to a recording's list. A state equal to the last one shares its object, so that a hostile
+/// text of many short sentences does not multiply in memory.
 void appendSnapshot(std::vector<std::shared_ptr<const MRVGpsData>>& snapshots, const MRVGpsData& state);
 
 } // namespace marvo

@@ -38,7 +38,7 @@ bool MRVMARVONMEASentenceParser::parse(std::string_view sentence)
 
 bool MRVMARVONMEASentenceParser::parseGA(const NmeaFields& fields)
 {
-    m_current.Now = timeOfDay(fields[1]); // this sentence knows no date, and so takes the last one away
+    m_current.Now = timeOfDay(fields[1]); // this sentence has no date and clears the last one
     assignNumber(m_current.Latitude, fields[3]);
     assignNumber(m_current.Longitude, fields[4]);
     assignNumber(m_current.SpeedOverGround, fields[5]);

@@ -10,16 +10,15 @@ namespace marvo {
 
 class NmeaFields;
 
-/// Reads the camera's own two sentences, "$GA" (position) and "$GC" (course and date), into the same state as
-/// MRVNMEASentenceParser reads the standard ones and with the same operations. It knows no lists of
-/// satellites, no PDOP and no VDOP. No recording is known to need it: the extractor keeps the standard
-/// parser.
+/// Reads the camera's own two sentences, "$GA" (position) and "$GC" (course and date). State and operations
+/// are those of MRVNMEASentenceParser. The dialect has no satellite lists, no PDOP and no VDOP. No recording
+/// is known to need it: the extractor uses the standard parser.
 class MRVMARVONMEASentenceParser
 {
 public:
-    /// Takes one sentence from its "$" to its checksum, without line end. False for what is refused: text
-    /// that is not UTF-8, not exactly one "*", any other sentence. The checksum itself is not compared.
-    /// Missing fields count as empty.
+    /// Reads one sentence from its "$" to its checksum, without line end. Refuses (false) text that is not
+    /// UTF-8 or has not exactly one "*", and any other sentence. The checksum itself is not compared. Missing
+    /// fields count as empty.
     bool parse(std::string_view sentence);
     void clear() { m_current = {}; }
 

@@ -11,13 +11,13 @@ namespace marvo {
 
 class NmeaFields;
 
-/// Reads NMEA 0183 sentences of the GPS talker ("$GPRMC", "$GPGGA", "$GPGSV", "$GPGSA") into one state that
-/// each of them updates in part. No general decoder: only the fields that the camera's viewer shows.
+/// Reads NMEA 0183 sentences of the GPS talker ("$GPRMC", "$GPGGA", "$GPGSV", "$GPGSA") into one state; each
+/// sentence updates part of it. This is no general decoder: it reads only the fields that the viewer shows.
 class MRVNMEASentenceParser
 {
 public:
-    /// Where the list of satellites in view stands. A cycle of "$GPGSV" sentences fills the channels one
-    /// after the other; the count belongs to the whole program and outlives clear() and every parser.
+    /// Progress of the list of satellites in view. A cycle of "$GPGSV" sentences fills the channels in turn.
+    /// The state belongs to the whole program and outlives clear() and every parser.
     struct SatelliteListState
     {
         std::int32_t lastMessage = 0; ///< number of the last accepted message of the cycle
@@ -28,8 +28,8 @@ public:
     static SatelliteListState satelliteListState();
     static void setSatelliteListState(SatelliteListState state);
 
-    /// Takes one sentence from its "$" to its checksum, without line end. False for what is refused: text
-    /// that is not UTF-8, not exactly one "*", an unknown sentence, a satellite message out of turn. The
+    /// Reads one sentence from its "$" to its checksum, without line end. Refuses (false) text that is not
+    /// UTF-8 or has not exactly one "*", an unknown sentence, and a satellite message out of turn. The
     /// checksum itself is not compared. Missing fields count as empty.
     bool parse(std::string_view sentence);
     void clear() { m_current = {}; }

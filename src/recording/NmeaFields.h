@@ -10,17 +10,17 @@
 
 namespace marvo {
 
-/// The fields of one NMEA 0183 sentence: what stands before the "*", cut at the commas. Field 0 is the name
-/// with its "$". The fields look into the sentence, which must outlive them.
+/// The fields of one NMEA 0183 sentence: the text before the "*", split at the commas. Field 0 is the name
+/// with its "$". The fields refer to the sentence, which must outlive them.
 class NmeaFields
 {
 public:
     /// None when the sentence is not UTF-8 or does not hold exactly one "*". The checksum is not compared.
     static std::optional<NmeaFields> split(std::string_view sentence);
 
-    /// How many fields the sentence has, those beyond `readable` included.
+    /// Number of fields in the sentence, those beyond `readable` included.
     std::size_t count() const { return m_count; }
-    /// The text of a field; empty for one that the sentence does not have and for those beyond `readable`.
+    /// The text of a field; empty for a missing field and for those beyond `readable`.
     std::string_view operator[](std::size_t index) const
     {
         if (index >= m_count || index >= readable)
@@ -49,7 +49,7 @@ float nmeaNumber(std::string_view field);
 /// that fits.
 std::int32_t nmeaInteger(std::string_view field);
 
-/// Takes the field's number (as nmeaNumber) or first byte; an empty field leaves the target as it was.
+/// Sets the target to the field's number (as nmeaNumber) or first byte; an empty field changes nothing.
 void assignNumber(double& target, std::string_view field);
 void assignCharacter(char& target, std::string_view field);
 

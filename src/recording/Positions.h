@@ -15,8 +15,8 @@ namespace marvo {
 /// 37.552057. Infinite and not-a-number stay what they are.
 double nmeaToDegrees(double value);
 
-/// Which of n entries a play position (0 to 1) stands for: position x n truncated toward zero, and the last
-/// entry for every product that is not an index, not a number included. 0 when there are no entries.
+/// The index among n entries for a play position (0 to 1): position x n, truncated toward zero. Any product
+/// that is no index, NaN included, gives the last entry. 0 when there are no entries.
 std::size_t indexOfPosition(double position, std::size_t n);
 
 /// Which halves of the globe a position lies in; north and east until a sentence says otherwise.

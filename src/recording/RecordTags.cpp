@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-// Twice as wide vectors where the machine has them. The sanitizers' start-up does not bear the choice at load
-// time, and Clang 14 has none.
+// Twice as wide vectors where the machine has them. The sanitizers do not support a choice at load time, and
+// Clang 14 has none.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__) &&     \
     !defined(__SANITIZE_THREAD__)
 #define MARVO_WIDEST_VECTORS __attribute__((target_clones("avx2", "default")))
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t group = 64;
 
-/// What both tags begin with: one comparison a word instead of two.
+/// The common beginning of both tags: one comparison for each word instead of two.
 constexpr Tag beginningMask = std::bit_cast<Tag>(std::array<std::uint8_t, 4>{0xFF, 0xFF, 0, 0});
 static_assert((gpsTag & beginningMask) == (gSensorTag & beginningMask));
 
@@ -46,7 +46,7 @@ std::size_t wordsWithoutTag(std::span<const std::byte> bytes)
     std::size_t i = 0;
     while (i < count) {
         i += group * groupsWithoutBeginning(bytes.data() + i * tagSize, (count - i) / group);
-        // The group that was stopped at, or the words that are no whole one.
+        // The group where the search stopped, or the words of an incomplete group.
         for (const std::size_t end = std::min(i + group, count); i < end; ++i) {
             const Tag tag = tagAt(bytes.data() + i * tagSize);
             if (tag == gpsTag || tag == gSensorTag)

@@ -11,7 +11,7 @@
 
 namespace marvo {
 
-/// Four bytes in the order in which they stand in a file, as one number that compares at once.
+/// Four bytes in file order as one number, which compares in one step.
 using Tag = std::uint32_t;
 
 inline constexpr std::size_t tagSize = 4;
@@ -31,7 +31,7 @@ inline Tag tagAt(const std::byte* bytes)
     return tag;
 }
 
-/// Number of leading words that are no record's tag; bytes behind the last whole word are not looked at.
+/// Number of leading words that are no record's tag; bytes after the last whole word are ignored.
 std::size_t wordsWithoutTag(std::span<const std::byte> bytes);
 
 } // namespace marvo

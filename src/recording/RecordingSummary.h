@@ -10,9 +10,9 @@
 
 namespace marvo {
 
-/// One recording in a few numbers. Samples that cannot be a place on earth (outside its degrees, not a
-/// number, or the 0/0 of a receiver without a fix) are no fixes; readings and speeds that are no finite
-/// number are left out.
+/// One recording in a few numbers. Samples that cannot be a place on earth (out of range, not a number, or
+/// the 0/0 of a receiver without a fix) do not count as fixes. Readings and speeds that are not finite are
+/// left out.
 struct RecordingSummary
 {
     struct Fix
@@ -42,7 +42,7 @@ struct RecordingSummary
 };
 
 RecordingSummary summarise(const MRVBlackBoxData& recording);
-/// The same with the hemispheres of other snapshots than the recording's own.
+/// The same with the hemispheres of other snapshots.
 RecordingSummary summarise(const MRVBlackBoxData& recording,
                            const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots);
 

@@ -10,11 +10,11 @@
 
 namespace marvo {
 
-/// Cuts a text into sentences and hands each that starts with "$G" to the sink, in order.
+/// Splits a text into sentences and passes each that starts with "$G" to the sink, in order.
 ///
-/// A byte 0, LF or CR ends a piece, and every "$" starts the piece afresh, so that noise before a sentence is
-/// left out. What follows the last terminator is not handed out; the offset where it begins is returned.
-/// Sink: void(std::string_view sentence), without the terminator.
+/// A byte 0, LF or CR ends a piece. Every "$" restarts the piece, so that noise before a sentence is skipped.
+/// Text after the last terminator is not passed on; the offset where it begins is returned. Sink:
+/// void(std::string_view sentence), without the terminator.
 template <typename Sink>
 std::size_t splitSentences(std::string_view text, Sink&& sink)
 {
@@ -25,8 +25,8 @@ std::size_t splitSentences(std::string_view text, Sink&& sink)
         return found ? static_cast<const char*>(found) : end;
     };
 
-    // Where each kind of terminator stands next. Each is sought anew only once it has been passed, so that a
-    // text without one of them is gone through once, not once a piece.
+    // The next position of each kind of terminator. It is searched again only after it was passed, so that a
+    // text without one of them is scanned once, not once for each piece.
     static constexpr std::array<char, 3> terminators = {'\n', '\r', '\0'};
     std::array<const char*, 3> next;
     const char* piece = text.data();

@@ -14,7 +14,7 @@
 
 namespace marvo {
 
-/// Longest sentence that is handed out of a stream; those of real receivers end at 82 bytes.
+/// Longest sentence that is passed on; real receivers write up to 82 bytes.
 inline constexpr std::size_t longestSentence = 64 * 1024;
 
 enum class SentenceFit {
@@ -22,9 +22,9 @@ enum class SentenceFit {
     TooLong, ///< longer than longestSentence; its text is not kept
 };
 
-/// Splits a whole source as splitSentences() does a text, in the memory of two blocks however long the source
-/// and the sentences in it are. Sink: void(std::string_view sentence, SentenceFit fit); the text of a
-/// sentence that is too long is empty.
+/// Splits a whole source as splitSentences() splits a text, in two blocks of memory whatever the length of
+/// the source and its sentences. Sink: void(std::string_view sentence, SentenceFit fit); a sentence that is
+/// too long has an empty text.
 template <typename Sink>
 void splitSource(ByteSource& source, Sink&& sink)
 {
@@ -41,7 +41,7 @@ void splitSource(ByteSource& source, Sink&& sink)
 
     std::uint64_t offset = 0;
     std::size_t kept = 0;    // bytes at the buffer's start that belong to a sentence without end so far
-    bool discarding = false; // that sentence is too long already: only its end matters
+    bool discarding = false; // that sentence is already too long: only its end matters
     for (;;) {
         const std::size_t count = source.readAt(offset, {buffer.get() + kept, readSize});
         if (count == 0)

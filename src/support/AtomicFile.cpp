@@ -130,11 +130,11 @@ bool isNameOfTemporary(std::string_view name)
            name.find_first_not_of(hexDigits, temporaryPrefix.size()) == std::string_view::npos;
 }
 
-/// True when nobody else writes to a file, and from now on to all others while it stays open. Where the file
-/// system knows no locks it cannot be told.
+/// Locks a file for as long as it stays open; false when another process holds the lock or the file system
+/// has no locks.
 bool lockAlone(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
 
-/// Removes what processes left that died while they wrote a file into the folder.
+/// Removes temporaries of processes that died while they wrote into the folder.
 void removeAbandonedTemporaries(int folder)
 {
     const int listed = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -156,8 +156,8 @@ void removeAbandonedTemporaries(int folder)
     ::closedir(entries);
 }
 
-/// What a link finally points to, be there a file or not. Only the last component is looked at; where that
-/// is no link the path comes back as it is.
+/// The final target of a link, whether it exists or not. Only the last component is resolved; a path that is
+/// no link is returned unchanged.
 std::error_code followLinks(std::string& path)
 {
     for (int links = 0; links < 40; ++links) {
@@ -174,8 +174,8 @@ std::error_code followLinks(std::string& path)
     return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }
 
-/// True for errors with which a folder refuses a new file, or to have one replaced, that do not speak against
-/// writing into a file that is there.
+/// True for errors by which a folder refuses a new or a replaced file although an existing file in it may be
+/// writable.
 bool isRefusal(const std::error_code& error)
 {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
@@ -263,7 +263,7 @@ bool AtomicFile::stageAs(const std::string& name, unsigned int permissions)
         return false;
     }
     m_temporaryName = name;
-    // Whoever clears the folder up in this moment takes it for abandoned.
+    // Another process that tidies the folder at this moment takes it for abandoned.
     if ((lockAlone(m_staged) || errno != EWOULDBLOCK) &&
         ::faccessat(m_folder, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0)
         return true;
@@ -335,14 +335,14 @@ std::error_code AtomicFile::writeIntoTarget()
 
     const int kept = O_CLOEXEC | O_NOCTTY | O_NONBLOCK | (m_targetIsRegular ? O_NOFOLLOW : 0);
     if (!m_targetIsRegular) {
-        // The opening must not wait for a pipe's reader, the writing may.
+        // Opening must not wait for a pipe's reader; writing may.
         const Descriptor device(::openat(m_folder, m_name.c_str(), O_WRONLY | kept));
         if (!device || ::fcntl(*device, F_SETFL, 0) != 0)
             return systemError();
         return writeAll(*device, content);
     }
 
-    // A file that may be written but not read gets no second chance.
+    // A file that is writable but not readable cannot be put back.
     std::optional<std::string> old;
     Descriptor readable(::openat(m_folder, m_name.c_str(), O_RDONLY | kept));
     if (readable) {

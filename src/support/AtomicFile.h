@@ -13,18 +13,17 @@ struct stat;
 
 namespace marvo {
 
-/// A file that is written whole or not at all: until commit() has succeeded whoever opens the path sees the
-/// old file, and after it the new one, also when the machine loses power or the card is pulled out in
-/// between.
+/// A file that is written whole or not at all. Until commit() has succeeded, the path leads to the old file;
+/// after it, to the new one. A power cut or a card that is pulled out does not change that.
 ///
-/// The pieces go to a temporary file beside the target, which commit() syncs and renames over it. Where the
-/// folder takes no new file, or will not have this one replaced, but the target itself can be written,
-/// commit() writes into the target; if that fails midway the old content is put back as well as can be. A
-/// link stays, what it points to is replaced. A target that exists keeps its permissions, one that is
-/// write-protected is refused. A device or pipe is written to as it is, at commit().
+/// The content goes to a temporary file beside the target; commit() syncs it and renames it over the target.
+/// If the folder takes no new file or refuses the rename, but the target itself is writable, commit() writes
+/// into the target. If that fails midway, the old content is put back as far as possible. A link stays; the
+/// file it points to is replaced. An existing target keeps its permissions; a write-protected one is refused.
+/// A device or pipe is written to directly, at commit().
 ///
-/// A process that is asked to end takes its temporary with it (see cleanUpOnTermination()). One that is ended
-/// otherwise, by a power cut say, leaves it behind; the next file that is written into the folder removes it.
+/// A process that is asked to end removes its temporary (see cleanUpOnTermination()). After any other end,
+/// such as a power cut, the temporary stays until the next file is written into the folder.
 ///
 /// Any thread, one at a time. Errors are the system's own (std::generic_category).
 class AtomicFile
@@ -35,19 +34,19 @@ public:
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
 
-    /// What becomes of a file, or anything else, that is at the path already. Keep fails with file_exists,
-    /// also when it appears only while the pieces are being added; a link counts as a file, whatever it
-    /// points to.
+    /// What happens to a file, or anything else, that is already at the path. Keep fails with file_exists,
+    /// also when the file appears while content is being added. A link counts as a file, whatever it points
+    /// to.
     enum class Existing { Replace, Keep };
 
-    /// Begins a new content for the file at the path; what was begun before is discarded.
+    /// Begins new content for the file at the path; unfinished content is discarded.
     std::error_code open(const std::string& path, Existing existing = Existing::Replace);
     /// Adds a piece. After an error nothing more is added, and commit() gives the same error.
     std::error_code write(std::string_view bytes);
     /// Replaces bytes that were added before, such as a size that is known only at the end; errors as
     /// write().
     std::error_code overwrite(std::int64_t offset, std::string_view bytes);
-    /// Puts the new content in place. With an error the old file stands and the new content is gone.
+    /// Puts the new content in place. After an error the old file is unchanged and the new content is gone.
     std::error_code commit();
     /// Leaves the file as it is and removes the temporary.
     void discard();

@@ -10,14 +10,14 @@
 
 namespace marvo {
 
-/// Where a parser gets its bytes: a file, a piece of memory, or in a test a device that fails half way.
+/// The input of a parser: a file, a block of memory, or in tests a device that fails halfway.
 class ByteSource
 {
 public:
     virtual ~ByteSource() = default;
 
-    /// Fills `into` with the bytes that stand at the offset and returns how many were read. Fewer than asked
-    /// for means that the source ends or cannot be read there; an offset beyond the end gives 0.
+    /// Reads bytes at an offset into `into` and returns their number. Fewer than asked for means that the
+    /// source ends or cannot be read there; an offset beyond the end gives 0.
     virtual std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) = 0;
 };
 

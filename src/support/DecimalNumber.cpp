@@ -10,7 +10,7 @@ namespace marvo {
 
 namespace {
 
-constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view digits = "0123456789";
 
 /// True when a number outside the range of a double is too large, false when it is too small. The number is
 /// well-formed, without sign, and has a digit other than zero.
@@ -19,7 +19,7 @@ bool isTooLarge(std::string_view number)
     const std::size_t exponentMark = number.find_first_of("eE");
     const std::string_view mantissa = number.substr(0, exponentMark);
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    const std::size_t first = mantissa.find_first_of(kDigits.substr(1));
+    const std::size_t first = mantissa.find_first_of(digits.substr(1));
     const long long lead = static_cast<long long>(point) - static_cast<long long>(first);
     if (exponentMark == std::string_view::npos)
         return lead > 0;
@@ -45,7 +45,7 @@ std::optional<double> readDecimalNumber(std::string_view text)
         text.remove_prefix(1);
     // What from_chars takes beside these is another sign or the name of a value that is no number.
     const std::size_t firstDigit = text.starts_with('.') ? 1 : 0;
-    if (text.size() <= firstDigit || kDigits.find(text[firstDigit]) == std::string_view::npos)
+    if (text.size() <= firstDigit || digits.find(text[firstDigit]) == std::string_view::npos)
         return std::nullopt;
 
     double value = 0;

@@ -6,9 +6,9 @@
 
 namespace marvo {
 
-/// A number with a fixed count of decimals (0 to 20), exactly as printf's "%.*f" writes it in the C locale,
-/// whatever the locale of the process: ties go to the even digit, and a negative number that rounds to zero
-/// keeps its sign. Qt's own number formatting differs in both.
+/// A number with a fixed count of decimals (0 to 20), exactly as printf's "%.*f" writes it in the C locale:
+/// ties go to the even digit, and a negative number that rounds to zero keeps its sign. Qt's own formatting
+/// differs in both. The locale of the process does not matter.
 std::string fixedText(double value, int decimals);
 
 } // namespace marvo

@@ -11,13 +11,12 @@
 
 namespace marvo {
 
-/// Writes one JSON document (RFC 8259) piece by piece into a text, so that lists of any length need no tree
-/// in memory.
+/// Writes one JSON document (RFC 8259) step by step, so that long lists need no tree in memory.
 ///
 /// Numbers are written in the shortest form that reads back to the same value; a number that JSON cannot hold
 /// (infinite, not a number) becomes null. Text that is not valid UTF-8 gets U+FFFD in place of each bad byte.
-/// The caller keeps the nesting right: every begin has its end, and inside an object every value follows a
-/// key.
+/// The caller is responsible for the nesting: every begin needs its end, and inside an object every value
+/// follows a key.
 class JsonWriter
 {
 public:
@@ -39,7 +38,7 @@ public:
         token(std::string_view(digits, static_cast<std::size_t>(end - digits)));
     }
     void null() { token("null"); }
-    /// A value that is JSON text already.
+    /// A value that already is JSON text.
     void rendered(std::string_view json) { token(json); }
 
     /// A key and its value in one call.
@@ -50,11 +49,11 @@ public:
         value(v);
     }
 
-    /// What has been written so far. take() hands it out and starts the text afresh without ending the
-    /// document, so that a long document can be written out in pieces.
+    /// The text written so far. take() returns and empties it without ending the document, so that a long
+    /// document can be written in pieces.
     const std::string& text() const { return m_text; }
     std::string take();
-    /// As take(), for one who has read the text: its memory is kept for what comes next.
+    /// Empties the text as take() does, but keeps its memory.
     void drop() { m_text.clear(); }
 
 private:

@@ -13,11 +13,11 @@ struct FreeLargeBuffer
     void operator()(std::byte* memory) const { std::free(memory); }
 };
 
-/// Memory for a file that is read as a whole.
+/// Memory for a whole file.
 using LargeBuffer = std::unique_ptr<std::byte[], FreeLargeBuffer>;
 
-/// So many bytes, not written yet; null when there is no memory for them. A large piece is asked for in pages
-/// of 2 MiB where the system has them: to be given ten thousand of 4 KiB takes longer than to read them full.
+/// Uninitialised memory of a size in bytes; null when there is not enough. Large blocks use pages of 2 MiB
+/// where the system has them: mapping ten thousand pages of 4 KiB takes longer than filling them.
 LargeBuffer makeLargeBuffer(std::size_t size);
 
 } // namespace marvo

@@ -6,11 +6,11 @@
 
 namespace marvo {
 
-/// Takes one line of diagnostics, without a line end. Called on whatever thread has something to tell.
+/// Receives one diagnostic line, without a line end. Called on any thread.
 using LogSink = void (*)(std::string_view line);
 
-/// Where diagnostics go from now on; nullptr, as at the start, drops them. The application hands in the
-/// desktop's log; the command line tool keeps quiet.
+/// Sets the receiver of diagnostics; nullptr, the initial value, drops them. The application sets the
+/// desktop's log; the command line tool logs nothing.
 void setLogSink(LogSink sink);
 void logLine(std::string_view line);
 

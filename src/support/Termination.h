@@ -6,16 +6,15 @@
 
 namespace marvo {
 
-/// From now on a process that is asked to end (SIGTERM, SIGINT, SIGHUP) removes its temporary files first,
-/// and ends by that signal as before; what was ignored at the start stays so. A file that grows beyond the
-/// process' limit becomes a failed write (SIGXFSZ). Once, when the program starts, before any thread.
+/// Makes SIGTERM, SIGINT and SIGHUP remove the temporary files before they end the process; a signal that was
+/// ignored stays ignored. A write beyond the process's file size limit (SIGXFSZ) becomes a failed write. Call
+/// once when the program starts, before any thread.
 void cleanUpOnTermination();
 
-/// A file that is removed when the process is asked to end while this object lives. It may be noted before it
-/// exists: its name must be one that nothing else will ever have.
+/// Registers a file for removal if the process is asked to end while this object lives. It can be registered
+/// before it exists; no other file may ever have its name.
 ///
-/// There is room for some dozens at a time, far more than are ever being written; what finds none is left
-/// behind by such an end.
+/// There is room for 64 files, far more than are ever written at once. A file beyond that is not removed.
 class TemporaryNote
 {
 public:
@@ -32,8 +31,7 @@ private:
     int m_slot = -1;
 };
 
-/// While one lives an end that is asked for waits: for the moments in which a file is half one thing and half
-/// another. Any thread.
+/// Delays a requested end while it lives. For short moments in which a file is half written. Any thread.
 class TerminationPause
 {
 public:

@@ -8,7 +8,8 @@
 
 namespace marvo {
 
-/// Bytes of a card, such as a path, for showing: UTF-8, with a replacement character for what cannot be read.
+/// Bytes from a card, such as a path, as text to show: UTF-8, with a replacement character for malformed
+/// bytes.
 inline QString displayText(std::string_view bytes)
 {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));

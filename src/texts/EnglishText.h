@@ -17,8 +17,8 @@ struct EnglishEntry
 /// The English string table, sorted by key; made from resources/strings by the build.
 std::span<const EnglishEntry> englishTable();
 
-/// The English text of a key in the string tables, for what prints without a window; the key itself where the
-/// tables have none. The view stays valid for good when the table has the key, else as long as the key does.
+/// The English text of a key in the string tables, for output without a window; the key itself if the tables
+/// have none. The view is always valid if the table has the key, otherwise as long as the key.
 std::string_view englishText(std::string_view key);
 
 } // namespace marvo

@@ -30,7 +30,7 @@ bool installLanguage(InterfaceLanguage language)
     auto table = std::make_unique<QTranslator>(QCoreApplication::instance());
     if (!table->load(QStringLiteral(":/strings/marvo_%1.qm").arg(code)))
         return false;
-    // Where these are not installed Qt's dialogs are English, which is no reason not to start.
+    // Without these Qt's dialogs are English; the program starts all the same.
     auto qtTable = std::make_unique<QTranslator>(QCoreApplication::instance());
     static_cast<void>(qtTable->load(QStringLiteral("qtbase_%1").arg(code),
                                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)));

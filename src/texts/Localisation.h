@@ -15,9 +15,9 @@ QString supportLanguage();
 /// English, "auto" follows the desktop's own language.
 InterfaceLanguage builtLanguage();
 
-/// Loads the string table of a language and Qt's own, for its file and print dialogs; later texts come from
-/// them. Call again to change the language. Needs a QCoreApplication. False when the string table is missing
-/// from the program, and then nothing has changed.
+/// Loads the string table of a language, and Qt's own for its file and print dialogs. Call again to change
+/// the language. Needs a QCoreApplication. False, with nothing changed, when the program lacks the string
+/// table.
 bool installLanguage(InterfaceLanguage language);
 
 /// The text of a key in the string table, such as "media.event"; the key itself where the table has none.
