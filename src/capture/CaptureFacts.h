@@ -4,7 +4,7 @@
 
 #include "recording/Positions.h"
 #include "recording/SampleRecords.h"
-#include "viewer/panel/DataPanel.h"
+#include "recording/Speed.h"
 
 #include <cstdint>
 #include <optional>

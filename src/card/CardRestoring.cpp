@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "card/CardRestoring.h"
 
-#include "settings/FileData.h"
 #include "support/AtomicFile.h"
 #include "support/FileSource.h"
 #include "support/System.h"
@@ -23,14 +22,6 @@ namespace {
 constexpr const char* settingsName = "/config.bin";
 constexpr std::size_t mostSettingsBytes = std::size_t{64} << 10;
 constexpr std::array recordingFolders{"AlwaysMovie", "EventMovie", "MotionMovie"};
-
-std::string newCameraSettings()
-{
-    _FILEDATA record{};
-    fillDefaultFileData(record);
-    const FileDataBytes bytes = encodeFileData(record);
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
 
 /// What the system holds of a folder's file system is written out, and what it remembers of a file forgotten.
 std::error_code writeOut(const std::string& root)
@@ -77,9 +68,9 @@ std::optional<std::string> keepSettings(const std::string& bytes)
     return folder + settingsName;
 }
 
-std::error_code restoreSettings(const std::string& root, const std::optional<std::string>& bytes)
+std::error_code restoreSettings(const std::string& root, const std::string& bytes)
 {
-    return writeFileAtomically(root + settingsName, bytes ? *bytes : newCameraSettings());
+    return writeFileAtomically(root + settingsName, bytes);
 }
 
 void makeRecordingFolders(const std::string& root)
@@ -88,11 +79,11 @@ void makeRecordingFolders(const std::string& root)
         ::mkdir((root + '/' + name).c_str(), 0777);
 }
 
-std::optional<std::string> checkCard(const std::string& root, const std::optional<std::string>& bytes)
+std::optional<std::string> checkCard(const std::string& root, const std::string& bytes)
 {
     if (const std::error_code error = writeOut(root))
         return error.message();
-    if (readCardSettingsFile(root) != (bytes ? *bytes : newCameraSettings()))
+    if (readCardSettingsFile(root) != bytes)
         return "config.bin reads back differently";
     for (const char* name : recordingFolders) {
         struct stat status = {};

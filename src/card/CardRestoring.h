@@ -16,14 +16,14 @@ std::optional<std::string> readCardSettingsFile(const std::string& root);
 /// only, and returns its path; none when that fails.
 std::optional<std::string> keepSettings(const std::string& bytes);
 
-/// Writes "config.bin" at the root of a card: those bytes, or without any the settings of a new camera.
-std::error_code restoreSettings(const std::string& root, const std::optional<std::string>& bytes);
+/// Writes "config.bin" at the root of a card.
+std::error_code restoreSettings(const std::string& root, const std::string& bytes);
 
 /// Makes the folders that the camera records into. What fails shows in checkCard().
 void makeRecordingFolders(const std::string& root);
 
-/// Has the system write out all of the card, then checks that the settings on it are those bytes (or those of
-/// a new camera) and that the folders are there. None when it is so, else what is not, one line in English.
-std::optional<std::string> checkCard(const std::string& root, const std::optional<std::string>& bytes);
+/// Has the system write out all of the card, then checks that the settings on it are those bytes and that the
+/// folders are there. None when it is so, else what is not, one line in English.
+std::optional<std::string> checkCard(const std::string& root, const std::string& bytes);
 
 } // namespace marvo

@@ -26,12 +26,26 @@ SettingFileRead readSettingFile(const std::string& path, _FILEDATA& record)
             .error = "Only " + std::to_string(count) + " of " + std::to_string(fileDataSize) + " bytes"};
 }
 
-std::error_code saveSettingFile(const _FILEDATA& record, const std::string& path)
+namespace {
+
+std::string textOf(const _FILEDATA& record)
 {
     const FileDataBytes bytes = encodeFileData(record);
-    std::string content(bytes.size(), '\0');
-    std::ranges::transform(bytes, content.begin(), [](std::byte byte) { return static_cast<char>(byte); });
-    return writeFileAtomically(path, content);
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+} // namespace
+
+std::error_code saveSettingFile(const _FILEDATA& record, const std::string& path)
+{
+    return writeFileAtomically(path, textOf(record));
+}
+
+std::string newCameraSettings()
+{
+    _FILEDATA record{};
+    fillDefaultFileData(record);
+    return textOf(record);
 }
 
 } // namespace marvo

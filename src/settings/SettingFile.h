@@ -31,4 +31,7 @@ SettingFileRead readSettingFile(const std::string& path, _FILEDATA& record);
 /// Writes the record as it is; the file is replaced whole or stays as it was.
 std::error_code saveSettingFile(const _FILEDATA& record, const std::string& path);
 
+/// The bytes of the settings file of a new camera.
+std::string newCameraSettings();
+
 } // namespace marvo

@@ -5,6 +5,7 @@
 #include "controls/FractionSlider.h"
 #include "controls/ImageButton.h"
 #include "texts/Localisation.h"
+#include "texts/PlayTimeText.h"
 #include "viewer/MainWindowCommands.h"
 #include "viewer/MediaControlBox.h"
 

@@ -15,7 +15,9 @@
 #include "playback/PlaybackController.h"
 #include "playback/VideoView.h"
 #include "playback/VlcPlayer.h"
+#include "settings/tabs/SettingsTabs.h"
 #include "settings/window/MRVSettingController.h"
+#include "texts/PlayTimeText.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/FolderHands.h"
 #include "viewer/folders/RecentFoldersMenu.h"
@@ -368,7 +370,10 @@ void MRVAppDelegate::showPanel(QPointer<QWidget>& panel, Arguments&&... argument
     panel->activateWindow();
 }
 
-void MRVAppDelegate::showSettingPanel() { showPanel<MRVSettingController>(m_settingPanel, this); }
+void MRVAppDelegate::showSettingPanel()
+{
+    showPanel<MRVSettingController>(m_settingPanel, settingsTabs(), this);
+}
 
 void MRVAppDelegate::showTimeSetupPanel() { showPanel<MRVTimeSetupController>(m_timeSetupPanel); }
 

@@ -6,6 +6,7 @@
 #include "controls/ImageButton.h"
 #include "controls/ImageNamed.h"
 #include "texts/Localisation.h"
+#include "texts/PlayTimeText.h"
 #include "viewer/MainWindowCommands.h"
 
 #include <QAction>
@@ -57,17 +58,6 @@ QLabel* valueText(const char* name, const char* widestText, const char* tipKey, 
 }
 
 } // namespace
-
-QString playTimeText(std::int64_t timeMs)
-{
-    const auto seconds = std::max<std::int64_t>(0, timeMs) / 1000;
-    const QLatin1Char zero('0');
-    const auto minutePart = QString::number(seconds / 60 % 60);
-    const auto secondPart = QStringLiteral("%1").arg(seconds % 60, 2, 10, zero);
-    if (seconds < 3600)
-        return QStringLiteral("%1:%2").arg(minutePart, secondPart);
-    return QStringLiteral("%1:%2:%3").arg(seconds / 3600).arg(minutePart, 2, zero).arg(secondPart);
-}
 
 MediaControlBox::MediaControlBox(const MainWindowCommands& commands, QWidget* parent)
     : QWidget(parent),

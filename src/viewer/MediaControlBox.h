@@ -14,9 +14,6 @@ class FractionSlider;
 class ImageButton;
 class MainWindowCommands;
 
-/// A time within a recording as people read it: "0:07", "12:30", "1:02:03".
-QString playTimeText(std::int64_t timeMs);
-
 /// The strip of playback controls below the G-sensor graph.
 class MediaControlBox : public QWidget
 {

@@ -12,6 +12,7 @@
 #include "map/MapSurface.h"
 #include "playback/VlcSession.h"
 #include "settings/SettingFile.h"
+#include "settings/tabs/SettingsTabs.h"
 #include "settings/window/MRVSettingController.h"
 #include "settings/window/ObdPreference.h"
 #include "TemporaryFolder.h"
@@ -126,7 +127,7 @@ private Q_SLOTS:
 
     void underTheSettings()
     {
-        QPointer<MRVSettingController> window = new MRVSettingController(*m_disks, nullptr);
+        QPointer<MRVSettingController> window = new MRVSettingController(*m_disks, settingsTabs(), nullptr);
         QSignalSpy loaded(window, &MRVSettingController::settingsLoaded);
         QVERIFY(marvo::testing::showActive(*window));
         QVERIFY(!loaded.empty() || loaded.wait());

@@ -7,6 +7,7 @@
 #include "media/MRVMediaList.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
+#include "texts/PlayTimeText.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/list/RecordingListView.h"

@@ -73,8 +73,9 @@ std::vector<FormattableVolume> doLoadUSBVolumes(DeviceAccess* access,
 
 } // namespace
 
-MRVFormatWindowController::MRVFormatWindowController(Disks& disks, QWidget* parent)
-    : QDialog(parent), m_disks(disks)
+MRVFormatWindowController::MRVFormatWindowController(Disks& disks, std::string newCameraSettings,
+                                                     QWidget* parent)
+    : QDialog(parent), m_disks(disks), m_newCameraSettings(std::move(newCameraSettings))
 {
     setObjectName(QStringLiteral("MRVFormatWindowController"));
     setWindowTitle(localised("setting.format.title"));
@@ -454,13 +455,13 @@ void MRVFormatWindowController::formatDidFinished(const FormattableVolume& volum
     }
     showMessage(m_progressMessageField->text(), stepDetail(FormatStep::Complete));
     m_restore.start(
-        [root = formatted->entity.mountedURL(), kept](const LatestRun&) {
-            const auto bytes = kept ? std::optional(kept->bytes) : std::nullopt;
+        [root = formatted->entity.mountedURL(), isKept = kept.has_value(),
+         bytes = kept ? kept->bytes : m_newCameraSettings](const LatestRun&) {
             RestoreErrors errors;
             if (const std::error_code error = restoreSettings(root, bytes)) {
                 qCWarning(logFormat, "error=%s", error.message().c_str());
                 errors.copy =
-                    kept ? QString::fromStdString(error.message()) : localised("msg.file_open_fail");
+                    isKept ? QString::fromStdString(error.message()) : localised("msg.file_open_fail");
                 return errors;
             }
             makeRecordingFolders(root);

@@ -31,7 +31,8 @@ class MRVFormatWindowController : public QDialog
     Q_OBJECT
 public:
     /// The disks must outlive every window of the application.
-    explicit MRVFormatWindowController(Disks& disks, QWidget* parent = nullptr);
+    /// A card that never had settings gets those of a new camera, the bytes of its "config.bin".
+    MRVFormatWindowController(Disks& disks, std::string newCameraSettings, QWidget* parent = nullptr);
     ~MRVFormatWindowController() override;
 
     /// Lists the cards anew on a worker; then the completion, if any, is called.
@@ -98,6 +99,7 @@ private:
     void showMessage(const QString& message, const QString& detail);
 
     Disks& m_disks;
+    std::string m_newCameraSettings;
     Latest<std::vector<FormattableVolume>> m_listingWork{this};
     Latest<CardContents> m_look{this};
     Latest<FormatOutcome> m_job{this};

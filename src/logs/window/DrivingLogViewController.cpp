@@ -3,14 +3,13 @@
 #include "logs/window/DrivingLogViewController.h"
 
 #include "controls/ElidedLabel.h"
+#include "controls/LoadingSheet.h"
 #include "controls/MessageSheet.h"
 #include "logs/LogExport.h"
 #include "logs/window/LogTableModel.h"
 #include "logs/window/LogTableView.h"
 #include "map/MapView.h"
 #include "map/MRVMapWindowController.h"
-#include "settings/window/LoadingSheet.h"
-#include "settings/window/MRVSettingController.h"
 #include "texts/Localisation.h"
 #include "workers/ObjectLink.h"
 
@@ -77,7 +76,7 @@ QString exportFault(const std::error_code& error)
 } // namespace
 
 DrivingLogViewController::DrivingLogViewController(const LogDescription& description, QWidget* parent)
-    : SettingsTabView(parent),
+    : QWidget(parent),
       m_description(description),
       m_link(std::make_shared<ObjectLink<DrivingLogViewController>>(this)),
       m_model(new LogTableModel(description, this))
@@ -146,21 +145,7 @@ QString DrivingLogViewController::stringForColumnIndex(std::int64_t column, std:
     return m_model->stringForColumnIndex(column, row);
 }
 
-void DrivingLogViewController::setMainController(MRVSettingController* controller)
-{
-    SettingsTabView::setMainController(controller);
-    setLoadingSheet(controller ? &controller->loadingSheet() : nullptr);
-}
-
 void DrivingLogViewController::setLoadingSheet(LoadingSheet* sheet) { m_loadingSheet = sheet; }
-
-void DrivingLogViewController::onHide() { dropMapWindow(); }
-
-void DrivingLogViewController::displayFileData(const _FILEDATA&)
-{
-    if (std::exchange(m_firstLoad, false))
-        loadFlashDataFile(Occasion::FirstDisplay);
-}
 
 void DrivingLogViewController::loadFlashDataFile(Occasion occasion)
 {
@@ -380,7 +365,7 @@ bool DrivingLogViewController::eventFilter(QObject* watched, QEvent* event)
         QCoreApplication::sendEvent(m_tableView, event);
         return true;
     }
-    return SettingsTabView::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void DrivingLogViewController::placeMapWindow()

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "logs/DrivingLog.h"
-#include "settings/window/SettingsTabView.h"
 #include "workers/DetachedWorkers.h"
 
 #include <QPointer>
+#include <QWidget>
 
 #include <atomic>
 #include <cstdint>
@@ -29,12 +29,11 @@ class MRVMapWindowController;
 template <typename Target>
 class ObjectLink;
 
-/// A driving log as a table that can be read only, with the map beside it and an export. A tab of the
-/// settings window that edits nothing of the settings, or the content of a window of its own.
+/// A driving log as a table that can be read only, with the map beside it and an export.
 ///
 /// Reading and exporting run on workers. Each works on data of its own: a log that has been read replaces the
 /// shown one on the main thread, and an export keeps the log that it began with.
-class DrivingLogViewController : public SettingsTabView
+class DrivingLogViewController : public QWidget
 {
     Q_OBJECT
 public:
@@ -54,8 +53,6 @@ public:
     /// Null while there is none.
     MRVMapWindowController* mapWindowController() const { return m_mapWindowController.get(); }
 
-    void setMainController(MRVSettingController* controller) override;
-    void onHide() override;
     /// What covers the window while a log is read or written; none is needed.
     void setLoadingSheet(LoadingSheet* sheet);
 
@@ -70,6 +67,8 @@ public:
     void doWriteCSVFile(const std::string& path);
     /// Shows a row's position in the map window; nothing for a row that does not exist.
     void doubleClickTableRow(std::int64_t row);
+    /// Closes the map window and lets go of its map.
+    void dropMapWindow();
 
 Q_SIGNALS:
     /// The table shows what was read, or what it showed before if that failed.
@@ -77,10 +76,6 @@ Q_SIGNALS:
     void exportEnded(bool written);
     /// A file that has been chosen cannot be opened at all; the view itself only logs that.
     void couldNotOpen(const QString& name);
-
-protected:
-    void displayFileData(const _FILEDATA& record) override;
-    void storeControls(_FILEDATA&) override {}
 
 private:
     void buildView();
@@ -94,7 +89,6 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showMapWindow();
     void placeMapWindow();
-    void dropMapWindow();
     /// False, and the map as it was, for a row without a position.
     bool showPosition(std::int64_t row);
     void showWay(bool shown);
@@ -103,7 +97,6 @@ private:
     std::shared_ptr<ObjectLink<DrivingLogViewController>> m_link;
     DetachedWorkers m_readers;
     DetachedWorkers m_writers;
-    bool m_firstLoad = true;
     std::string m_FlashDataFilePath;
     std::string m_logFolder;
     std::uint64_t m_lastRead = 0;                       ///< number of the reading that was begun last

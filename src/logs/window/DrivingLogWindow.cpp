@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "logs/window/DrivingLogWindow.h"
 
+#include "controls/LoadingSheet.h"
 #include "controls/MessageSheet.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
 #include "platform/FolderProbe.h"
-#include "settings/window/LoadingSheet.h"
 #include "texts/Localisation.h"
 
 #include <QDir>

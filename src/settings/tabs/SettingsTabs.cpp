@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "settings/window/SettingsTabs.h"
+#include "settings/tabs/SettingsTabs.h"
 
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
+#include "settings/tabs/DrivingLogTab.h"
 #include "settings/tabs/MRVSettingForAudioViewController.h"
 #include "settings/tabs/MRVSettingForAuxViewController.h"
 #include "settings/tabs/MRVSettingForBasicViewController.h"
@@ -24,44 +25,37 @@ SettingsTabView* create(QWidget* parent, const SelectedCard&)
 
 /// A log's view begins to look where the card keeps its logs.
 template <typename LogView>
-LogView* createLogView(QWidget* parent, const SelectedCard& card)
+DrivingLogTab* createLogTab(QWidget* parent, const SelectedCard& card)
 {
-    auto* view = new LogView(parent);
+    auto* tab = new DrivingLogTab(new LogView, parent);
     if (card.selectedUSBDisk)
-        view->setLogFolder(card.selectedUSBDisk->rootFile(logFolderName));
-    return view;
+        tab->logView().setLogFolder(card.selectedUSBDisk->rootFile(logFolderName));
+    return tab;
 }
 
-SettingsTabView* createDriveInfoController(QWidget* parent, const SelectedCard& card)
+SettingsTabView* createDriveInfoTab(QWidget* parent, const SelectedCard& card)
 {
-    auto* view = createLogView<MRVSettingForFlashDataViewController>(parent, card);
+    DrivingLogTab* tab = createLogTab<MRVSettingForFlashDataViewController>(parent, card);
     if (card.drivingLogPath)
-        view->setFlashDataFilePath(*card.drivingLogPath);
-    return view;
+        tab->logView().setFlashDataFilePath(*card.drivingLogPath);
+    return tab;
 }
 
 } // namespace
 
-const std::vector<SettingsTab>& settingsTabs()
+const SettingsTabTable& settingsTabs()
 {
-    static const std::vector<SettingsTab> tabs = {
-        {"setting.video", "setting.video", create<MRVSettingForVideoViewController>},
-        {"setting.basic", "setting.basic", create<MRVSettingForBasicViewController>},
-        {"setting.gps", "setting.gps", create<MRVSettingForGpsViewController>},
-        {"setting.aux", "setting.aux", create<MRVSettingForAuxViewController>},
-        {"setting.audio", "setting.audio", create<MRVSettingForAudioViewController>},
-        {"setting.driveinfoview", "setting.information", createDriveInfoController,
-         SettingsTab::Lifetime::Window},
-    };
-    return tabs;
-}
-
-const std::vector<SettingsTab>& obdTabs()
-{
-    static const std::vector<SettingsTab> tabs = {
-        {"setting.obd", "setting.obd", create<MRVSettingForObdViewController>},
-        {"setting.obdinfoview", "setting.obdinfoview", createLogView<MRVSettingForObdDriveInfoViewController>,
-         SettingsTab::Lifetime::Window},
+    static const SettingsTabTable tabs = {
+        .always = {{"setting.video", "setting.video", create<MRVSettingForVideoViewController>},
+                   {"setting.basic", "setting.basic", create<MRVSettingForBasicViewController>},
+                   {"setting.gps", "setting.gps", create<MRVSettingForGpsViewController>},
+                   {"setting.aux", "setting.aux", create<MRVSettingForAuxViewController>},
+                   {"setting.audio", "setting.audio", create<MRVSettingForAudioViewController>},
+                   {"setting.driveinfoview", "setting.information", createDriveInfoTab,
+                    SettingsTab::Lifetime::Window}},
+        .withObd = {{"setting.obd", "setting.obd", create<MRVSettingForObdViewController>},
+                    {"setting.obdinfoview", "setting.obdinfoview",
+                     createLogTab<MRVSettingForObdDriveInfoViewController>, SettingsTab::Lifetime::Window}},
     };
     return tabs;
 }

@@ -5,12 +5,12 @@
 #include "card/disks/Disks.h"
 #include "card/format/MRVFormatWindowController.h"
 #include "controls/InterfaceScale.h"
+#include "controls/LoadingSheet.h"
 #include "controls/MessageSheet.h"
 #include "controls/SegmentedControl.h"
 #include "platform/DesktopPrograms.h"
 #include "settings/SettingFile.h"
 #include "settings/window/EarlierSettingsDialog.h"
-#include "settings/window/LoadingSheet.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
 #include "texts/Localisation.h"
@@ -49,9 +49,9 @@ QPushButton* windowButton(const char* name, const char* key, QWidget* parent)
 
 } // namespace
 
-MRVSettingController::MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
-                                           QWidget* parent)
-    : QWidget(parent, Qt::Window), m_disks(disks), m_delegate(delegate), m_tabs(settingsTabs())
+MRVSettingController::MRVSettingController(Disks& disks, const SettingsTabTable& tabs,
+                                           viewControllerForMRVSettingDelegate* delegate, QWidget* parent)
+    : QWidget(parent, Qt::Window), m_disks(disks), m_tabTable(tabs), m_delegate(delegate), m_tabs(tabs.always)
 {
     setObjectName(QStringLiteral("MRVSettingController"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -258,9 +258,9 @@ void MRVSettingController::updateWindowTitle()
 
 void MRVSettingController::updateTabBar()
 {
-    m_tabs = settingsTabs();
+    m_tabs = m_tabTable.always;
     if (ObdPreference::isOn() || m_card.holdsObdLog)
-        m_tabs.insert(m_tabs.end(), obdTabs().begin(), obdTabs().end());
+        m_tabs.insert(m_tabs.end(), m_tabTable.withObd.begin(), m_tabTable.withObd.end());
     QStringList labels;
     for (const SettingsTab& tab : m_tabs)
         labels.append(localised(tab.labelKey));
@@ -416,7 +416,7 @@ void MRVSettingController::onFormat()
 {
     if (m_lastDialogController)
         return;
-    m_lastDialogController = new MRVFormatWindowController(m_disks, this);
+    m_lastDialogController = new MRVFormatWindowController(m_disks, newCameraSettings(), this);
     m_lastDialogController->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_lastDialogController, &MRVFormatWindowController::cardChanged, this,
             &MRVSettingController::reloadAfterFormat);

@@ -5,7 +5,7 @@
 #include "settings/FileData.h"
 #include "settings/window/CardSettings.h"
 #include "settings/window/SettingsBackups.h"
-#include "settings/window/SettingsTabs.h"
+#include "settings/window/SettingsTab.h"
 #include "texts/Localisation.h"
 #include "workers/Latest.h"
 
@@ -34,9 +34,10 @@ class MRVSettingController : public QWidget
 {
     Q_OBJECT
 public:
-    /// The disks must outlive every window of the application; the delegate, which may be null, this one.
-    MRVSettingController(Disks& disks, viewControllerForMRVSettingDelegate* delegate,
-                         QWidget* parent = nullptr);
+    /// The disks must outlive every window of the application; the table of tabs and the delegate, which may
+    /// be null, this one.
+    MRVSettingController(Disks& disks, const SettingsTabTable& tabs,
+                         viewControllerForMRVSettingDelegate* delegate, QWidget* parent = nullptr);
     /// A save that still goes on is waited for, some seconds at most.
     ~MRVSettingController() override;
 
@@ -97,6 +98,7 @@ private:
     Latest<std::optional<LoadedSettings>> m_look{this};
     Latest<std::optional<std::string>> m_findDestination{this};
     Latest<std::optional<QString>> m_write{this};
+    const SettingsTabTable& m_tabTable;
     viewControllerForMRVSettingDelegate* m_delegate;
     InterfaceLanguage m_language = builtLanguage(); ///< of the defaults
     _FILEDATA m_FileData{};

@@ -8,7 +8,7 @@
 #include "media/MRVMedia.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
-#include "viewer/MediaControlBox.h"
+#include "texts/PlayTimeText.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

@@ -16,9 +16,6 @@ namespace {
 
 using Int32Limits = std::numeric_limits<std::int32_t>;
 
-constexpr double kilometresPerMile = 1.609344;
-constexpr double milesPerKilometre = 0.621371192;
-
 /// Stands for a number that cannot be shown.
 QString unknown() { return QStringLiteral("-"); }
 
@@ -70,13 +67,6 @@ void showPlace(GpsPanel& panel, std::span<const _AVI_GPS_DATA_T> gpsData,
 } // namespace
 
 // What the marker byte of a sample makes of its speed. The bytes are characters in the file.
-double shownSpeed(const _AVI_GPS_DATA_T& sample, SpeedUnit unit)
-{
-    if (unit == SpeedUnit::Miles)
-        return sample.KM == '9' ? sample.fSpeed * kilometresPerMile : sample.fSpeed;
-    return sample.KM == '1' ? sample.fSpeed * milesPerKilometre : sample.fSpeed;
-}
-
 GsensorPanel initialGsensorPanel()
 {
     return {.gsensorXField = QStringLiteral("X=+0.00"),

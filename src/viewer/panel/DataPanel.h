@@ -5,6 +5,7 @@
 #include "map/MapStatements.h"
 #include "recording/MRVGpsData.h"
 #include "recording/SampleRecords.h"
+#include "recording/Speed.h"
 
 #include <QList>
 #include <QString>
@@ -19,9 +20,6 @@ namespace marvo {
 /// What the data panels show of a recording at a play position, as plain values: the window copies the texts
 /// into the fields of the same names. A member without a value leaves its field as it is. All texts are the
 /// same in every locale. A number that cannot be shown appears as "-".
-
-/// The unit that the user has chosen for speeds.
-enum class SpeedUnit { Kilometres, Miles };
 
 struct GsensorPanel
 {
@@ -53,9 +51,6 @@ GsensorPanel gsensorPanelAt(double position, std::span<const MRVGSensor> gsensor
 /// whose coordinates are not degrees at all, as damaged data may hold, shows dashes and leaves the map alone.
 GpsPanel gpsPanelAt(double position, std::span<const _AVI_GPS_DATA_T> gpsData,
                     const std::vector<std::shared_ptr<const MRVGpsData>>& nmeas, SpeedUnit unit);
-
-/// The speed that the panel shows for a fix, with its fraction, in the unit shown.
-double shownSpeed(const _AVI_GPS_DATA_T& sample, SpeedUnit unit);
 
 /// The way of the whole recording, in driving order: the fixes that are places on earth, without those that
 /// repeat the one before. 0/0 is what a camera without reception writes, not a place.

@@ -5,6 +5,7 @@
 #include "card/disks/RootShell.h"
 #include "card/disks/UDisks2Disks.h"
 #include "card/format/MRVFormatWindowController.h"
+#include "settings/SettingFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -147,7 +148,7 @@ public:
     /// Opens the dialog with one card selected.
     MRVFormatWindowController* open(const StageCard& card)
     {
-        m_dialog = new MRVFormatWindowController(*m_disks);
+        m_dialog = new MRVFormatWindowController(*m_disks, newCameraSettings());
         QSignalSpy loaded(m_dialog, &MRVFormatWindowController::volumesLoaded);
         m_dialog->show();
         m_dialog->activateWindow();

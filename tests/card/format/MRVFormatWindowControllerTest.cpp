@@ -24,14 +24,6 @@ QByteArray oddSettings()
     return bytes;
 }
 
-QByteArray newCameraSettings()
-{
-    _FILEDATA record{};
-    fillDefaultFileData(record);
-    const FileDataBytes bytes = encodeFileData(record);
-    return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
-}
-
 } // namespace
 
 /// Formatting as a person does it: real disk service, real question for the password, real images, which
@@ -310,7 +302,7 @@ private Q_SLOTS:
                                 "Format completed!|Disk searching..."));
         QCOMPARE(QString::fromStdString(dialog->selectedUSBDisk()->entity.deviceFilePath()), card.device);
         judge(card, clusterSize, hiddenSectors);
-        judgeFolders(card, settings.isEmpty() ? newCameraSettings() : settings);
+        judgeFolders(card, settings.isEmpty() ? QByteArray::fromStdString(newCameraSettings()) : settings);
         QCOMPARE(m_stage->digest(other), otherDigest);
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // The views of the driving logs as a person drives them, with the real map.
 #include "ActiveWindow.h"
+#include "controls/LoadingSheet.h"
 #include "controls/PMProgressIndicator.h"
 #include "logs/LogBytes.h"
 #include "logs/window/DrivingLogWindow.h"
@@ -14,7 +15,7 @@
 #include "map/MRVMapWindowController.h"
 #include "MountedFolder.h"
 #include "settings/FileData.h"
-#include "settings/window/LoadingSheet.h"
+#include "settings/tabs/DrivingLogTab.h"
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
 
@@ -125,14 +126,15 @@ private Q_SLOTS:
     void firstDisplayReadsOnceAndQuietly()
     {
         _FILEDATA record{};
-        m_view->setFlashDataFilePath(m_folder.path("none.drv"));
-        QSignalSpy ended(m_view.get(), &DrivingLogViewController::readingEnded);
-        m_view->setFileData(&record);
+        DrivingLogTab tab(new MRVSettingForFlashDataViewController);
+        tab.logView().setFlashDataFilePath(m_folder.path("none.drv"));
+        QSignalSpy ended(&tab.logView(), &DrivingLogViewController::readingEnded);
+        tab.setFileData(&record);
         QVERIFY(ended.wait());
         QVERIFY(!message());
         QCOMPARE(logLines, QStringList(QStringLiteral("fopen fail:") +
                                        QFile::decodeName(m_folder.path("none.drv").c_str())));
-        m_view->setFileData(&record);
+        tab.setFileData(&record);
         QVERIFY2(!ended.wait(200), "later displays do not read");
     }
 
@@ -280,7 +282,7 @@ private Q_SLOTS:
         QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, QPoint(20, table().height() - 60));
         QTest::mouseDClick(table().horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(20, 8));
         QCOMPARE(logLines, QStringList({QStringLiteral("rowNum=-1"), QStringLiteral("rowNum=-1")}));
-        m_view->onHide();
+        m_view->dropMapWindow();
         QVERIFY(!m_view->mapWindowController());
     }
 

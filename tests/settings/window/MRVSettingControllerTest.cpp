@@ -9,6 +9,7 @@
 #include "MountedFolder.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
+#include "settings/tabs/SettingsTabs.h"
 #include "settings/tabs/TabTesting.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "settings/window/ObdPreference.h"
@@ -87,7 +88,7 @@ private:
 
     void openWindow()
     {
-        m_window = new MRVSettingController(*m_disks, m_viewer.get());
+        m_window = new MRVSettingController(*m_disks, settingsTabs(), m_viewer.get());
         QSignalSpy loaded(m_window, &MRVSettingController::settingsLoaded);
         m_window->show();
         QVERIFY2(!m_window->findChild<QWidget*>(QStringLiteral("targetView"))->isEnabled(),
@@ -349,7 +350,7 @@ private Q_SLOTS:
     void cardPutInWhileTheCardIsLookedForIsSeen()
     {
         const auto slow = std::make_shared<SlowDisks>(m_card->path("reader"));
-        m_window = new MRVSettingController(*slow, m_viewer.get());
+        m_window = new MRVSettingController(*slow, settingsTabs(), m_viewer.get());
         m_window->show();
         slow->asked.acquire(); // by the first read, which has seen no card
         m_card->makeFolder("reader");

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "settings/window/LoadingSheet.h"
+#include "controls/LoadingSheet.h"
 
 #include "controls/PMProgressIndicator.h"
 #include "texts/Localisation.h"

@@ -26,10 +26,12 @@ struct SettingsTab
     Lifetime lifetime = Lifetime::Visit;
 };
 
-/// The tabs that every camera has, in the order of their segments: those over the settings record, and the
-/// driving log.
-const std::vector<SettingsTab>& settingsTabs();
-/// Those that cameras with an OBD adapter have beyond: its settings and its log.
-const std::vector<SettingsTab>& obdTabs();
+/// The tabs of a settings window, in the order of their segments.
+struct SettingsTabTable
+{
+    std::vector<SettingsTab> always; ///< of every camera: those over the settings record, and the driving log
+    std::vector<SettingsTab>
+        withObd; ///< beyond these of cameras with an OBD adapter: its settings and its log
+};
 
 } // namespace marvo
