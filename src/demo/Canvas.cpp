@@ -2,18 +2,36 @@
 // SPDX-License-Identifier: MIT
 #include "demo/Canvas.h"
 
-#include "demo/DotFont.h"
-
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace marvo::demo {
 
 namespace {
 
-std::uint8_t toByte(double value) { return static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0) + 0.5); }
+constexpr int glyphWidth = 5;
+constexpr int glyphHeight = 7;
+
+struct Glyph
+{
+    char character;
+    std::uint8_t rows[glyphHeight]; ///< the leftmost dot in the highest of five bits
+};
+
+constexpr Glyph glyphs[] = {
+    {'0', {0x0E, 0x11, 0x13, 0x15, 0x19, 0x11, 0x0E}}, {'1', {0x04, 0x0C, 0x04, 0x04, 0x04, 0x04, 0x0E}},
+    {'2', {0x0E, 0x11, 0x01, 0x02, 0x04, 0x08, 0x1F}}, {'3', {0x1F, 0x02, 0x04, 0x02, 0x01, 0x11, 0x0E}},
+    {'4', {0x02, 0x06, 0x0A, 0x12, 0x1F, 0x02, 0x02}}, {'5', {0x1F, 0x10, 0x1E, 0x01, 0x01, 0x11, 0x0E}},
+    {'6', {0x06, 0x08, 0x10, 0x1E, 0x11, 0x11, 0x0E}}, {'7', {0x1F, 0x01, 0x02, 0x04, 0x08, 0x08, 0x08}},
+    {'8', {0x0E, 0x11, 0x11, 0x0E, 0x11, 0x11, 0x0E}}, {'9', {0x0E, 0x11, 0x11, 0x0F, 0x01, 0x02, 0x0C}},
+    {'N', {0x11, 0x11, 0x19, 0x15, 0x13, 0x11, 0x11}}, {'E', {0x1F, 0x10, 0x10, 0x1E, 0x10, 0x10, 0x1F}},
+    {'k', {0x10, 0x10, 0x12, 0x14, 0x18, 0x14, 0x12}}, {'m', {0x00, 0x00, 0x1A, 0x15, 0x15, 0x15, 0x15}},
+    {'h', {0x10, 0x10, 0x16, 0x19, 0x11, 0x11, 0x11}}, {'/', {0x00, 0x01, 0x02, 0x04, 0x08, 0x10, 0x00}},
+    {':', {0x00, 0x04, 0x04, 0x00, 0x04, 0x04, 0x00}}, {'.', {0x00, 0x00, 0x00, 0x00, 0x00, 0x0C, 0x0C}},
+    {'-', {0x00, 0x00, 0x00, 0x1F, 0x00, 0x00, 0x00}},
+};
 
 std::uint8_t blended(std::uint8_t below, std::uint8_t above, int opacity256)
 {
@@ -24,17 +42,17 @@ int roundedUp(int value, int step) { return (value + step - 1) / step * step; }
 
 } // namespace
 
-Colour rgb(double red, double green, double blue)
-{
-    return {toByte(0.299 * red + 0.587 * green + 0.114 * blue),
-            toByte(128 - 0.168736 * red - 0.331264 * green + 0.5 * blue),
-            toByte(128 + 0.5 * red - 0.418688 * green - 0.081312 * blue)};
-}
-
 Colour mixed(Colour a, Colour b, double share)
 {
     const int opacity = static_cast<int>(std::clamp(share, 0.0, 1.0) * 256);
     return {blended(a.y, b.y, opacity), blended(a.u, b.u, opacity), blended(a.v, b.v, opacity)};
+}
+
+Colour brightened(Colour colour, double brightness)
+{
+    if (brightness >= 1)
+        return mixed(colour, {250, 128, 128}, std::min(0.85, brightness - 1));
+    return mixed({12, 128, 128}, colour, brightness);
 }
 
 Canvas::Canvas(int width, int height)
@@ -64,54 +82,45 @@ void Canvas::fillSpan(int row, double x0, double x1, Colour colour)
     x1 = std::min(x1, static_cast<double>(m_width));
     if (!(x1 > x0))
         return;
-
     std::uint8_t* const line = luma(row);
+    const auto blendPixel = [&](int x, double share) {
+        line[x] = blended(line[x], colour.y, static_cast<int>(share * 256));
+    };
     int first = static_cast<int>(x0);
     const int last = static_cast<int>(x1); // the pixel that x1 lies in
-    if (first == last) {
-        line[first] = blended(line[first], colour.y, static_cast<int>((x1 - x0) * 256));
-        return;
-    }
+    if (first == last)
+        return blendPixel(first, x1 - x0);
     if (x0 > first) {
-        line[first] = blended(line[first], colour.y, static_cast<int>((first + 1 - x0) * 256));
+        blendPixel(first, first + 1 - x0);
         ++first;
     }
     std::memset(line + first, colour.y, static_cast<std::size_t>(last - first));
     if (last < m_width)
-        line[last] = blended(line[last], colour.y, static_cast<int>((x1 - last) * 256));
-    if (row % 2 == 0) {
-        const int chromaFirst = static_cast<int>(x0 + 1) / 2;
-        const int chromaEnd = static_cast<int>(x1 + 1) / 2;
-        if (chromaEnd > chromaFirst) {
-            const auto count = static_cast<std::size_t>(chromaEnd - chromaFirst);
-            std::memset(chromaU(row / 2) + chromaFirst, colour.u, count);
-            std::memset(chromaV(row / 2) + chromaFirst, colour.v, count);
-        }
+        blendPixel(last, x1 - last);
+    const int chromaFirst = static_cast<int>(x0 + 1) / 2;
+    const int chromaEnd = static_cast<int>(x1 + 1) / 2;
+    if (row % 2 == 0 && chromaEnd > chromaFirst) {
+        const auto count = static_cast<std::size_t>(chromaEnd - chromaFirst);
+        std::memset(chromaU(row / 2) + chromaFirst, colour.u, count);
+        std::memset(chromaV(row / 2) + chromaFirst, colour.v, count);
     }
 }
 
-void Canvas::fillRect(double x, double y, double width, double height, Colour colour)
+void Canvas::fillPolygon(std::span<const Point> corners, Colour colour)
 {
-    const Point corners[] = {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}};
-    fillPolygon(corners, colour);
-}
-
-Canvas::RowRange Canvas::scan(std::span<const Point> corners)
-{
-    double top = std::numeric_limits<double>::max();
-    double bottom = std::numeric_limits<double>::lowest();
-    for (const Point& corner : corners) {
-        if (!std::isfinite(corner.x) || !std::isfinite(corner.y))
-            return {};
-        top = std::min(top, corner.y);
-        bottom = std::max(bottom, corner.y);
-    }
     // A row belongs to the polygon when its middle does.
     const auto rowFrom = [this](double y) {
         return static_cast<int>(std::clamp(std::ceil(y - 0.5), 0.0, static_cast<double>(m_height)));
     };
-    const RowRange rows{rowFrom(top), rowFrom(bottom)};
-    for (int row = rows.first; row < rows.end; ++row) {
+    int top = m_height;
+    int bottom = 0;
+    for (const Point& corner : corners) {
+        if (!std::isfinite(corner.x) || !std::isfinite(corner.y))
+            return;
+        top = std::min(top, rowFrom(corner.y));
+        bottom = std::max(bottom, rowFrom(corner.y));
+    }
+    for (int row = top; row < bottom; ++row) {
         m_left[row] = std::numeric_limits<double>::max();
         m_right[row] = std::numeric_limits<double>::lowest();
     }
@@ -120,75 +129,39 @@ Canvas::RowRange Canvas::scan(std::span<const Point> corners)
         Point b = corners[(i + 1) % corners.size()];
         if (a.y > b.y)
             std::swap(a, b);
-        const int first = rowFrom(a.y);
-        const int end = rowFrom(b.y);
-        if (first >= end)
-            continue;
-        const double slope = (b.x - a.x) / (b.y - a.y);
-        double x = a.x + (first + 0.5 - a.y) * slope;
-        for (int row = first; row < end; ++row, x += slope) {
+        const double slope = a.y < b.y ? (b.x - a.x) / (b.y - a.y) : 0;
+        for (int row = rowFrom(a.y); row < rowFrom(b.y); ++row) {
+            const double x = a.x + (row + 0.5 - a.y) * slope;
             m_left[row] = std::min(m_left[row], x);
             m_right[row] = std::max(m_right[row], x);
         }
     }
-    return rows;
-}
-
-void Canvas::fillPolygon(std::span<const Point> corners, Colour colour)
-{
-    const RowRange rows = scan(corners);
-    for (int row = rows.first; row < rows.end; ++row)
+    for (int row = top; row < bottom; ++row)
         fillSpan(row, m_left[row], m_right[row], colour);
 }
 
-void Canvas::blendPolygon(std::span<const Point> corners, Colour colour, double opacity)
-{
-    const int opacity256 = static_cast<int>(std::clamp(opacity, 0.0, 1.0) * 256);
-    const RowRange rows = scan(corners);
-    for (int row = rows.first; row < rows.end; ++row)
-        blendSpan(row, m_left[row], m_right[row], colour, opacity256);
-}
-
-void Canvas::blendSpan(int row, double x0, double x1, Colour colour, int opacity256)
-{
-    const int first = static_cast<int>(std::clamp(x0 + 0.5, 0.0, static_cast<double>(m_width)));
-    const int end = static_cast<int>(std::clamp(x1 + 0.5, 0.0, static_cast<double>(m_width)));
-    std::uint8_t* const line = luma(row);
-    for (int x = first; x < end; ++x)
-        line[x] = blended(line[x], colour.y, opacity256);
-    if (row % 2 != 0)
-        return;
-    std::uint8_t* const u = chromaU(row / 2);
-    std::uint8_t* const v = chromaV(row / 2);
-    for (int x = (first + 1) / 2; x < (end + 1) / 2; ++x) {
-        u[x] = blended(u[x], colour.u, opacity256);
-        v[x] = blended(v[x], colour.v, opacity256);
-    }
-}
-
-void Canvas::drawGlyph(int x, int y, int scale, char character, Colour colour)
-{
-    const auto& rows = dotGlyph(character);
-    for (int row = 0; row < dotGlyphHeight; ++row) {
-        for (int column = 0; column < dotGlyphWidth; ++column) {
-            if ((rows[row] >> (dotGlyphWidth - 1 - column)) & 1)
-                fillRect(x + column * scale, y + row * scale, scale, scale, colour);
-        }
-    }
-}
-
-int Canvas::drawText(int x, int y, int scale, std::string_view text, Colour colour)
+void Canvas::drawText(int x, int y, int scale, std::string_view text, Colour colour)
 {
     const int rim = std::max(1, scale / 2);
-    const int advance = (dotGlyphWidth + 1) * scale;
+    const auto drawGlyph = [&](const Glyph& glyph, int left, int top, Colour ink) {
+        for (int dot = 0; dot < glyphWidth * glyphHeight; ++dot) {
+            if (((glyph.rows[dot / glyphWidth] >> (glyphWidth - 1 - dot % glyphWidth)) & 1) == 0)
+                continue;
+            const int dotLeft = left + dot % glyphWidth * scale;
+            for (int row = 0; row < scale; ++row)
+                fillSpan(top + dot / glyphWidth * scale + row, dotLeft, dotLeft + scale, ink);
+        }
+    };
     for (const char character : text) {
-        for (const auto& [dx, dy] :
-             {std::pair(-rim, 0), std::pair(rim, 0), std::pair(0, -rim), std::pair(0, rim)})
-            drawGlyph(x + dx, y + dy, scale, character, {16, 128, 128});
-        drawGlyph(x, y, scale, character, colour);
-        x += advance;
+        const auto* glyph = std::ranges::find(glyphs, character, &Glyph::character);
+        if (glyph != std::end(glyphs)) {
+            for (const auto& [dx, dy] :
+                 {std::pair(-rim, 0), std::pair(rim, 0), std::pair(0, -rim), std::pair(0, rim)})
+                drawGlyph(*glyph, x + dx, y + dy, {16, 128, 128});
+            drawGlyph(*glyph, x, y, colour);
+        }
+        x += (glyphWidth + 1) * scale;
     }
-    return x;
 }
 
 } // namespace marvo::demo

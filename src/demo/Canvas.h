@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -15,14 +16,22 @@ struct Colour
     std::uint8_t y = 0;
     std::uint8_t u = 128;
     std::uint8_t v = 128;
-
-    bool operator==(const Colour&) const = default;
 };
 
 /// From red, green and blue, 0 to 255 each; values outside are clamped.
-Colour rgb(double red, double green, double blue);
+constexpr Colour rgb(double red, double green, double blue)
+{
+    const auto byte = [](double value) {
+        return static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0) + 0.5);
+    };
+    return {byte(0.299 * red + 0.587 * green + 0.114 * blue),
+            byte(128 - 0.168736 * red - 0.331264 * green + 0.5 * blue),
+            byte(128 + 0.5 * red - 0.418688 * green - 0.081312 * blue)};
+}
 /// From a (share 0) to b (share 1).
 Colour mixed(Colour a, Colour b, double share);
+/// The colour at a share of its brightness; above 1 it goes towards white.
+Colour brightened(Colour colour, double brightness);
 
 struct Point
 {
@@ -30,10 +39,9 @@ struct Point
     double y = 0;
 };
 
-/// A picture in planes of luma and half-resolution colour, which is what a motion-JPEG frame is made of: a
-/// drawn picture goes to the encoder without a conversion, and a flat area costs three memory fills.
-///
-/// Co-ordinates are pixels from the upper left corner; what lies outside is cut off.
+/// A picture in planes of luma and half-resolution colour, the form of a motion-JPEG frame: the encoder takes
+/// it without a conversion, and a flat area costs three memory fills. Co-ordinates are pixels from the upper
+/// left corner; everything outside is cut off.
 class Canvas
 {
 public:
@@ -44,19 +52,15 @@ public:
     int height() const { return m_height; }
 
     void fill(Colour colour);
-    /// One row from x0 to x1, both in pixels with a fraction; the ends are blended by what they cover.
+    /// Pixels x0 to x1 of a row, both with a fraction: the ends are blended by their share.
     void fillSpan(int row, double x0, double x1, Colour colour);
-    void fillRect(double x, double y, double width, double height, Colour colour);
-    /// A convex polygon of at least three corners, in either direction.
-    void fillPolygon(std::span<const Point> corners, Colour colour);
-    /// The same, mixed into what is there: opacity 0 (nothing) to 1 (covers).
-    void blendPolygon(std::span<const Point> corners, Colour colour, double opacity);
-    /// Capital letters, digits and punctuation of the built-in 5 x 7 dot font, with a dark rim; scale is the
-    /// size of one dot in pixels. Returns the x where the text ends.
-    int drawText(int x, int y, int scale, std::string_view text, Colour colour);
+    void fillPolygon(std::span<const Point> corners, Colour colour); ///< convex, at least three corners
+    /// Text in the built-in 5 x 7 dot font with a dark rim; scale is the size of a dot in pixels. The font
+    /// has what the camera's display needs: digits, "N", "E", "/", ":", ".", "-" and "km/h".
+    void drawText(int x, int y, int scale, std::string_view text, Colour colour);
 
     /// Rows of the planes; the luma plane has lumaStride() bytes a row, the colour planes half of it. The
-    /// planes reach to the next multiple of 16 in both directions.
+    /// planes extend to the next multiple of 16 in both directions.
     std::uint8_t* luma(int row) { return m_luma.data() + static_cast<std::ptrdiff_t>(row) * m_stride; }
     std::uint8_t* chromaU(int row) { return m_u.data() + static_cast<std::ptrdiff_t>(row) * (m_stride / 2); }
     std::uint8_t* chromaV(int row) { return m_v.data() + static_cast<std::ptrdiff_t>(row) * (m_stride / 2); }
@@ -67,15 +71,6 @@ public:
     int paddedHeight() const { return m_paddedHeight; }
 
 private:
-    struct RowRange
-    {
-        int first = 0;
-        int end = 0;
-    };
-    RowRange scan(std::span<const Point> corners);
-    void blendSpan(int row, double x0, double x1, Colour colour, int opacity256);
-    void drawGlyph(int x, int y, int scale, char character, Colour colour);
-
     int m_width;
     int m_height;
     int m_stride;

@@ -6,8 +6,8 @@
 
 namespace marvo::demo {
 
-/// What stands still around the city: sky, clouds and the hills on the horizon, drawn once for all directions
-/// and then only copied.
+/// The surroundings of the city: sky, clouds and the hills on the horizon, drawn once for all directions and
+/// then only copied.
 class Panorama
 {
 public:
@@ -18,13 +18,10 @@ public:
     /// Rows above what the panorama holds repeat its topmost one.
     void drawInto(Canvas& picture, double bearingRad, int horizon) const;
 
-    static Colour haze(); ///< the colour that distance gives
+    static constexpr Colour haze() { return rgb(206, 214, 220); } ///< the colour that distance gives
 
 private:
-    void drawSky(double focalLength);
-    void drawHills(double focalLength);
-
-    Canvas m_strip; ///< twice the colour resolution is not needed: the same planes as a picture
+    Canvas m_strip;
 };
 
 } // namespace marvo::demo

@@ -13,10 +13,11 @@ inline constexpr double medianAside = -1.5 * laneWidth; ///< the yellow line bet
 inline constexpr double leftKerb = medianAside - 2.6 * laneWidth;
 inline constexpr double rightKerb = 1.5 * laneWidth + 0.4;
 inline constexpr double pavementWidth = 4;
+inline constexpr Colour shadow = rgb(58, 59, 62);
 
 // Each draws what stands on a piece of the way, `from` nearer to the camera than `to`; both in metres along
 // the route. Called from the farthest piece to the nearest.
-void drawRoad(RoadView& view, const Drive& drive, double from, double to);
+void drawRoad(RoadView& view, const Route& route, double from, double to);
 void drawTunnel(RoadView& view, const Stretch& tunnel, double from, double to);
 void drawPortal(RoadView& view, double mouth);
 void drawBuildings(RoadView& view, const Route& route, double from, double to);

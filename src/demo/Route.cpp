@@ -155,7 +155,6 @@ Route::Route()
     }
 
     m_tunnels = {{along[GeumhwaWest], along[GeumhwaEast]}, {along[SajikWest], along[SajikEast]}};
-    m_palaceWall = {along[GyeongbokgungStation] + 40, length()};
     m_trafficLight = along[GyeongbokgungStation] - 25;
     m_brakingPoint = along[Ramp] + 90;
 }

@@ -49,7 +49,6 @@ public:
 
     std::span<const Stretch> tunnels() const { return m_tunnels; }
     const Stretch* tunnelAt(double distance) const;
-    Stretch palaceWall() const { return m_palaceWall; }    ///< on the left
     double trafficLight() const { return m_trafficLight; } ///< where one stops
     double brakingPoint() const { return m_brakingPoint; } ///< where a car cuts in
 
@@ -57,7 +56,6 @@ private:
     std::vector<Place> m_places; ///< one a metre
     std::vector<double> m_curvature;
     std::vector<Stretch> m_tunnels;
-    Stretch m_palaceWall;
     double m_trafficLight = 0;
     double m_brakingPoint = 0;
 };

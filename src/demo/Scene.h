@@ -19,14 +19,13 @@ public:
     /// For pictures of one size. The drive must outlive the scene.
     Scene(const Drive& drive, Look look, int width, int height);
 
-    /// The whole picture at a moment, in seconds since the drive began; after the drive's end it shows the
-    /// parked car. The stamp is what the camera burns into the lower left corner.
+    /// The whole picture at a moment, in seconds since the drive began; after the drive's end it is that of
+    /// the parked car. The stamp is the camera's text in the lower left corner.
     void draw(Canvas& picture, double seconds, std::string_view stamp) const;
 
 private:
     void drawWorld(RoadView& view, double seconds) const;
-    void drawParkedLife(RoadView& view, double seconds, double from, double to) const;
-    void drawCar(Canvas& picture) const;
+    void drawOwnCar(Canvas& picture) const;
 
     const Drive& m_drive;
     Look m_look;

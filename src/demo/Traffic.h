@@ -12,6 +12,19 @@ namespace marvo::demo {
 enum class VehicleKind { Car, Van, Bus };
 enum class Travel { OurWay, Towards };
 
+/// Sizes in metres, and where the roof begins and ends as shares of the length from the rear.
+struct VehicleBody
+{
+    double length;
+    double width;
+    double belt; ///< height at which the windows begin
+    double height;
+    double roofInset; ///< how much narrower the roof is on each side, as a share
+    double roofBegin;
+    double roofEnd;
+};
+const VehicleBody& bodyOf(VehicleKind kind);
+
 /// Another vehicle on the road.
 struct Vehicle
 {
@@ -23,11 +36,7 @@ struct Vehicle
     bool braking = false;
 };
 
-inline constexpr double laneWidth = 3.2;    ///< metres
-inline constexpr double ownLength = 4.4;    ///< metres, of our car
-inline constexpr double cameraToNose = 1.9; ///< metres from the camera to our front bumper
-
-double vehicleLength(VehicleKind kind); ///< metres
+inline constexpr double laneWidth = 3.2; ///< metres
 
 /// The vehicles around us at a moment of the drive: one ahead, one behind, some in the other lanes, and the
 /// car that cuts in and makes us brake.
