@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/StartOptions.h"
 
+#include "texts/DisplayText.h"
+
 #include <QCommandLineParser>
 #include <QFile>
 
@@ -53,7 +55,7 @@ StartOptions readStartOptions(int argc, char** argv)
         arguments << QFile::decodeName(argv[i]);
     StartOptions options;
     if (!parser.parse(arguments)) {
-        options.message = QStringLiteral("marvo: %1\n").arg(parser.errorText());
+        options.message = QStringLiteral("marvo: %1\n").arg(displayText(parser.errorText()));
         options.messageExit = 2;
     } else if (parser.isSet(help)) {
         // Before there is an application the parser knows no name for it.

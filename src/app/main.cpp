@@ -12,6 +12,7 @@
 #include "settings/window/CardSettings.h"
 #include "support/Log.h"
 #include "support/Termination.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
@@ -32,6 +33,17 @@
 namespace {
 
 Q_LOGGING_CATEGORY(lcCore, "marvo.core")
+
+QtMessageHandler usualMessages = nullptr;
+
+/// Names in log lines come from cards: on a terminal they must neither give commands nor begin new lines.
+void logPrintableText()
+{
+    usualMessages = qInstallMessageHandler(nullptr); // known before another thread may need it
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+        usualMessages(type, context, marvo::displayText(message));
+    });
+}
 
 int printMessage(const marvo::StartOptions& options)
 {
@@ -55,9 +67,9 @@ void openAtStart(marvo::MRVAppDelegate& delegate, const std::string& folder, boo
             &delegate, &marvo::MRVAppDelegate::recordingsListed, &delegate,
             [&delegate, folder] {
                 if (delegate.mediaList().folderError() && delegate.mediaList().directoryPath() == folder)
-                    marvo::showMessageSheet(&delegate.window(), QStringLiteral("MARVO"),
-                                            marvo::localised("viewer.folder.cannotOpen")
-                                                .arg(QFile::decodeName(QByteArray::fromStdString(folder))));
+                    marvo::showMessageSheet(
+                        &delegate.window(), QStringLiteral("MARVO"),
+                        marvo::localised("viewer.folder.cannotOpen").arg(marvo::displayText(folder)));
             },
             Qt::SingleShotConnection);
     delegate.openDirectory(folder);
@@ -105,6 +117,7 @@ int main(int argc, char** argv)
     if (options.messageExit >= 0)
         return printMessage(options);
 
+    logPrintableText();
     marvo::setLogSink(
         [](std::string_view line) { qCInfo(lcCore, "%.*s", static_cast<int>(line.size()), line.data()); });
     marvo::installLanguage(marvo::builtLanguage());

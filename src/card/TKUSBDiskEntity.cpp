@@ -3,6 +3,7 @@
 #include "card/TKUSBDiskEntity.h"
 
 #include "card/ByteSize.h"
+#include "texts/DisplayText.h"
 
 #include <algorithm>
 #include <array>
@@ -27,8 +28,8 @@ TKUSBDiskEntity::TKUSBDiskEntity(QString volumeName, std::string mountedURL, std
 QString TKUSBDiskEntity::displayString() const
 {
     const QString model = m_deviceModel ? QLatin1Char('<') + *m_deviceModel + QLatin1Char('>') : QString();
-    return QStringLiteral("[%1] %2 %3")
-        .arg(QString::fromStdString(byteSizeString(m_volumeSize)), m_volumeName, model);
+    return displayText(QStringLiteral("[%1] %2 %3")
+                           .arg(QString::fromStdString(byteSizeString(m_volumeSize)), m_volumeName, model));
 }
 
 std::string TKUSBDiskEntity::rootFile(std::string_view name) const

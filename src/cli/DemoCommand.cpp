@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
-#include "cli/Printable.h"
 #include "demo/DemoCard.h"
+#include "support/PrintableText.h"
 
 #include <atomic>
 #include <chrono>
@@ -104,7 +104,7 @@ ExitCode run(const Arguments& arguments)
         if (!optionsEnded && argument == "--")
             optionsEnded = true;
         else if (!optionsEnded && argument.starts_with('-'))
-            return wrongUsage(demoCommand, "no option '" + printable(argument) + "'");
+            return wrongUsage(demoCommand, "no option '" + printableText(argument) + "'");
         else
             folders.push_back(argument);
     }
@@ -118,7 +118,7 @@ ExitCode run(const Arguments& arguments)
         folder, {}, [&](double fraction) { line.show(fraction); }, interrupt.token());
     line.clear();
     if (result.error)
-        return failed(demoCommand, printable(*result.error));
+        return failed(demoCommand, printableText(*result.error));
 
     std::string text;
     std::uintmax_t total = 0;
@@ -132,7 +132,7 @@ ExitCode run(const Arguments& arguments)
     for (const std::string& name : result.kept)
         text.append("      kept    ").append(name).append(" (was there already)\n");
     text += sizeText(total) + "  in " + std::to_string(result.written.size()) + " files in " +
-            printable(folder) + "\n";
+            printableText(folder) + "\n";
     return writeOut(text) ? Done : Failed;
 }
 

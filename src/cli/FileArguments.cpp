@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "cli/FileArguments.h"
 
-#include "cli/Printable.h"
+#include "support/PrintableText.h"
 
 namespace marvo::cli {
 
 std::optional<FileArguments> FileArguments::parse(const Command& command, const Arguments& arguments)
 {
     const auto refused = [&](std::string_view message, std::string_view word = {}) {
-        const std::string quoted = word.empty() ? std::string() : " '" + printable(word) + "'";
+        const std::string quoted = word.empty() ? std::string() : " '" + printableText(word) + "'";
         wrongUsage(command, std::string(message) + quoted);
         return std::nullopt;
     };

@@ -3,13 +3,13 @@
 #include "cli/Commands.h"
 #include "cli/FileArguments.h"
 #include "cli/GpsStateJson.h"
-#include "cli/Printable.h"
 #include "cli/ReadableNumber.h"
 #include "recording/DialectReading.h"
 #include "recording/MRVBlackBoxData.h"
 #include "recording/RecordingSummary.h"
 #include "support/FileSource.h"
 #include "support/JsonWriter.h"
+#include "support/PrintableText.h"
 
 namespace marvo::cli {
 
@@ -206,7 +206,8 @@ std::string summaryText(const std::string& file, const Inspected& inspected)
         return text + value + "\n";
     };
     const auto count = [](const auto& list) { return std::to_string(list.size()); };
-    return line("File", printable(file)) + line("Camera data", dataAreaText(inspected.result, recording)) +
+    return line("File", printableText(file)) +
+           line("Camera data", dataAreaText(inspected.result, recording)) +
            line("Duration of data",
                 summary.durationSeconds ? readableNumber(*summary.durationSeconds, 1) + " s" : "none") +
            line("G-sensor readings", count(recording.m_GSensors())) +
@@ -226,7 +227,8 @@ ExitCode run(const Arguments& words)
         return WrongUsage;
     FileSource source(arguments->file);
     if (!source.isOpen())
-        return failed(inspectCommand, "cannot open " + printable(arguments->file) + ": " + source.error());
+        return failed(inspectCommand,
+                      "cannot open " + printableText(arguments->file) + ": " + source.error());
 
     Inspected inspected;
     if (arguments->sentences == Sentences::Dialect) {
@@ -242,7 +244,7 @@ ExitCode run(const Arguments& words)
         return failed(inspectCommand, "the result could not be written");
     if (!source.error().empty())
         return failed(inspectCommand,
-                      "cannot read all of " + printable(arguments->file) + ": " + source.error());
+                      "cannot read all of " + printableText(arguments->file) + ": " + source.error());
     return Done;
 }
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
-#include "cli/Printable.h"
 #include "media/MediaScan.h"
 #include "media/RecordingKinds.h"
 #include "support/JsonWriter.h"
+#include "support/PrintableText.h"
 
 #include <algorithm>
 #include <array>
@@ -98,7 +98,7 @@ bool writeTable(const std::vector<MRVMedia>& medias)
         }
         row(date, time, recordingKinds.at(static_cast<std::size_t>(media.mediaDivision())).name,
             channels.at(static_cast<std::size_t>(mediaDirection(media.path()))));
-        table.append(printable(media.path())).push_back('\n');
+        table.append(printableText(media.path())).push_back('\n');
         if (table.size() > pieceSize) {
             if (!writeOut(table))
                 return false;
@@ -112,7 +112,7 @@ ExitCode list(const Request& request)
 {
     const std::string folder(*request.folder);
     const MediaScan scan = scanFolder(folder);
-    const std::string reason = printable(folder) + ": " + scan.folderError.message();
+    const std::string reason = printableText(folder) + ": " + scan.folderError.message();
     if (scan.folderError && scan.medias.empty())
         return failed(listCommand, reason);
     if (!(request.format == Format::Json ? writeJson(scan.medias) : writeTable(scan.medias)))
@@ -131,7 +131,7 @@ ExitCode run(const Arguments& arguments)
         else if (!optionsEnded && argument == "--json")
             request.format = Format::Json;
         else if (!optionsEnded && argument.starts_with('-') && argument != "-")
-            return wrongUsage(listCommand, "no option " + printable(argument));
+            return wrongUsage(listCommand, "no option " + printableText(argument));
         else if (request.folder)
             return wrongUsage(listCommand, "takes one FOLDER");
         else

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
-#include "cli/Printable.h"
 #include "logs/DrivingLog.h"
 #include "logs/LogExport.h"
+#include "support/PrintableText.h"
 #include "texts/EnglishText.h"
 
 #include <cstdio>
@@ -57,9 +57,9 @@ std::optional<std::string> parse(const Arguments& arguments, Request& request)
         } else if (isOption && word == "--csv" && !request.output) {
             outputFollows = true;
         } else if (isOption) {
-            return (word == "--csv" ? "only one " : "no option ") + printable(word);
+            return (word == "--csv" ? "only one " : "no option ") + printableText(word);
         } else if (request.file) {
-            return "one FILE only, not also '" + printable(word) + "'";
+            return "one FILE only, not also '" + printableText(word) + "'";
         } else {
             request.file = word;
         }
@@ -104,14 +104,14 @@ ExitCode run(const Arguments& arguments)
     const LogDescription* description = logOfFile(path);
     if (!description)
         return failed(logCommand,
-                      printable(path) + ": no driving log: its name ends neither in .drv nor .obd");
+                      printableText(path) + ": no driving log: its name ends neither in .drv nor .obd");
     const DrivingLog::Reading reading = DrivingLog::read(path, *description);
     if (!reading.log)
-        return failed(logCommand, printable(path) + ": " + faultText(reading));
+        return failed(logCommand, printableText(path) + ": " + faultText(reading));
 
     const DrivingLog& log = *reading.log;
     if (log.endsEarly()) {
-        const std::string warning = "marvo-cli log: " + printable(path) + ": " +
+        const std::string warning = "marvo-cli log: " + printableText(path) + ": " +
                                     std::to_string(log.recordCount()) + " of " +
                                     std::to_string(log.promisedCount()) + " records; the file ends early\n";
         std::fwrite(warning.data(), 1, warning.size(), stderr);
@@ -126,7 +126,8 @@ ExitCode run(const Arguments& arguments)
     }
     if (const std::error_code error = exportLog(log, titles, output)) {
         const bool isItself = error == std::errc::file_exists;
-        return failed(logCommand, printable(output) + ": " + (isItself ? "the log itself" : error.message()));
+        return failed(logCommand,
+                      printableText(output) + ": " + (isItself ? "the log itself" : error.message()));
     }
     return Done;
 }

@@ -3,13 +3,13 @@
 #include "cli/Commands.h"
 #include "cli/FileArguments.h"
 #include "cli/GpsStateJson.h"
-#include "cli/Printable.h"
 #include "cli/ReadableNumber.h"
 #include "cli/StandardInput.h"
 #include "recording/MRVMARVONMEASentenceParser.h"
 #include "recording/MRVNMEASentenceParser.h"
 #include "recording/Positions.h"
 #include "recording/SentenceStream.h"
+#include "support/PrintableText.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -156,7 +156,7 @@ ExitCode run(const Arguments& words)
     if (!arguments)
         return WrongUsage;
     const bool fromInput = arguments->file == "-";
-    const std::string name = fromInput ? "standard input" : printable(arguments->file);
+    const std::string name = fromInput ? "standard input" : printableText(arguments->file);
     StandardInput input =
         fromInput ? StandardInput::open()
                   : StandardInput{.source = std::make_unique<FileSource>(arguments->file), .error = {}};

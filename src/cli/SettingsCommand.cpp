@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
-#include "cli/Printable.h"
 #include "settings/FileDataFields.h"
 #include "settings/SettingFile.h"
 #include "support/JsonWriter.h"
+#include "support/PrintableText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -97,7 +97,7 @@ std::optional<std::string> parse(const Arguments& arguments, Request& request)
             else if (word == "--defaults" && !request.defaults)
                 expected = Expected::Language;
             else
-                return (word == "--defaults" ? "only one " : "no option ") + printable(word);
+                return (word == "--defaults" ? "only one " : "no option ") + printableText(word);
         } else if ((expected == Expected::FirstAssignment || expected == Expected::Assignments) &&
                    equals != std::string_view::npos) {
             request.assignments.push_back({word.substr(0, equals), word.substr(equals + 1)});
@@ -105,7 +105,7 @@ std::optional<std::string> parse(const Arguments& arguments, Request& request)
         } else if (!request.file) {
             request.file = word;
         } else {
-            return "unexpected word '" + printable(word) + "'";
+            return "unexpected word '" + printableText(word) + "'";
         }
     }
     if (expected == Expected::FirstAssignment)
@@ -124,7 +124,7 @@ std::optional<std::string> assign(_FILEDATA& record, const Assignment& assignmen
 {
     const FileDataField* field = findFileDataField(assignment.name);
     if (field == nullptr)
-        return "no field '" + printable(assignment.name) + "'";
+        return "no field '" + printableText(assignment.name) + "'";
     const std::string refusal = std::string(field->name) + ": ";
     if (field->isText()) {
         if (field->setText(record, assignment.value))
@@ -136,7 +136,7 @@ std::optional<std::string> assign(_FILEDATA& record, const Assignment& assignmen
     const char* end = assignment.value.data() + assignment.value.size();
     const auto [rest, error] = std::from_chars(assignment.value.data(), end, number);
     if (error == std::errc::invalid_argument || rest != end)
-        return refusal + "'" + printable(assignment.value) + "' is not a number";
+        return refusal + "'" + printableText(assignment.value) + "' is not a number";
     if (error != std::errc() || !field->setNumber(record, number)) {
         return refusal + "from " + std::to_string(field->lowest()) + " to " +
                std::to_string(field->highest());
@@ -170,7 +170,7 @@ std::string asTable(const _FILEDATA& record)
     row("Field", "Value");
     for (const FileDataField& field : fileDataFields())
         row(field.name,
-            field.isText() ? printable(field.text(record)) : std::to_string(field.number(record)));
+            field.isText() ? printableText(field.text(record)) : std::to_string(field.number(record)));
     row("computedChecksum", std::to_string(fileDataChecksum(record)));
     return table;
 }
@@ -196,7 +196,7 @@ ExitCode run(const Arguments& arguments)
     if (request.defaults) {
         fillDefaults(record, *request.defaults);
     } else if (const SettingFileRead read = readSettingFile(path, record); !read) {
-        return failed(settingsCommand, printable(path) + ": " + read.error);
+        return failed(settingsCommand, printableText(path) + ": " + read.error);
     }
     for (const Assignment& assignment : request.assignments) {
         if (const auto refusal = assign(record, assignment))
@@ -206,7 +206,7 @@ ExitCode run(const Arguments& arguments)
         sealFileData(record);
     if (changes) {
         if (const std::error_code error = saveSettingFile(record, path))
-            return failed(settingsCommand, printable(path) + ": " + error.message());
+            return failed(settingsCommand, printableText(path) + ": " + error.message());
     }
     if (changes && request.format == Format::Table)
         return Done;

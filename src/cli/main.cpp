@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "support/PrintableText.h"
 #include "support/Termination.h"
 
 #include <csignal>
@@ -59,7 +60,7 @@ ExitCode run(const Arguments& words)
         return command->run(arguments);
     }
     const std::string message =
-        "marvo-cli: no command '" + std::string(words[0]) + "'; try 'marvo-cli --help'\n";
+        "marvo-cli: no command '" + printableText(words[0]) + "'; try 'marvo-cli --help'\n";
     std::fwrite(message.data(), 1, message.size(), stderr);
     return WrongUsage;
 }

@@ -2,17 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "support/PrintableText.h"
 
-#include <string_view>
+#include <QString>
 
 namespace marvo {
 
-/// Bytes from a card, such as a path, as text to show: UTF-8, with a replacement character for malformed
-/// bytes.
-inline QString displayText(std::string_view bytes)
+/// Bytes from outside, such as a path, as text to show, log or copy; see printableText().
+inline QString displayText(std::string_view bytes) { return QString::fromStdString(printableText(bytes)); }
+
+/// The same for text from outside, such as a volume's label.
+inline QString displayText(const QString& text)
 {
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    const QByteArray bytes = text.toUtf8();
+    return displayText(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
 } // namespace marvo

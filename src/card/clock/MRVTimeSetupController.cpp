@@ -7,6 +7,7 @@
 #include "card/disks/Disks.h"
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 
 #include <QCalendarWidget>
@@ -205,7 +206,7 @@ void MRVTimeSetupController::loadSettingFile()
 void MRVTimeSetupController::cardFound(ClockCard card)
 {
     m_card = std::move(card);
-    const QString path = m_card.clockFile ? QFile::decodeName(m_card.clockFile->c_str()) : QString();
+    const QString path = m_card.clockFile ? displayText(*m_card.clockFile) : QString();
     m_targetField->setFullText(m_card.clockFile ? localised("clock.saved_on_card").arg(path)
                                                 : localised("clock.asks_where"));
     Q_EMIT cardLookedUp();

@@ -10,6 +10,7 @@
 #include "logs/window/LogTableView.h"
 #include "map/MapView.h"
 #include "map/MRVMapWindowController.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 #include "workers/ObjectLink.h"
 
@@ -43,10 +44,7 @@ constexpr auto messageDelay = 500ms; // the loading sheet takes up to a tick to 
 constexpr auto progressInterval = 50ms;
 constexpr auto exportClearsUpWithin = 2s;
 
-QString shownPath(const std::string& path)
-{
-    return QDir::toNativeSeparators(QFile::decodeName(QByteArray::fromStdString(path)));
-}
+QString shownPath(const std::string& path) { return displayText(path); }
 
 QString shownName(const std::string& path) { return shownPath(path.substr(path.rfind('/') + 1)); }
 
@@ -245,8 +243,8 @@ void DrivingLogViewController::openFileDialog()
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilter(QStringLiteral("%1 (*.%2)").arg(localised("log.file"), type));
     const auto& log = m_model->log();
-    const QString folder =
-        log ? QFileInfo(QFile::decodeName(log->path().c_str())).path() : shownPath(m_logFolder);
+    const QString folder = log ? QFileInfo(QFile::decodeName(log->path().c_str())).path()
+                               : QFile::decodeName(m_logFolder.c_str());
     dialog->setDirectory(folder.isEmpty() ? QDir::homePath() : folder);
     dialog->resize(760, 460);
     connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList& files) {

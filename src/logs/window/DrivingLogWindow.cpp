@@ -7,6 +7,7 @@
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
 #include "platform/FolderProbe.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 
 #include <QDir>
@@ -26,10 +27,7 @@ namespace {
 constexpr QSize usualSize(1300, 660);
 constexpr int roomForTheMap = 490; // to the right of the window, where the screen has it
 
-QString nameOf(const std::string& path)
-{
-    return QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).fileName();
-}
+QString nameOf(const std::string& path) { return displayText(path.substr(path.rfind('/') + 1)); }
 
 } // namespace
 

@@ -13,6 +13,7 @@
 #include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 
 #include <QAction>
@@ -249,8 +250,8 @@ void MRVSettingController::updateWindowTitle()
     const QString title = localised("setting.window_title");
     const QString version = QStringLiteral(MARVO_VERSION);
     if (m_card.m_SettingFilePath) {
-        setWindowTitle(QStringLiteral("%1[Ver %2] : %3")
-                           .arg(title, version, QFile::decodeName(m_card.m_SettingFilePath->c_str())));
+        setWindowTitle(
+            QStringLiteral("%1[Ver %2] : %3").arg(title, version, displayText(*m_card.m_SettingFilePath)));
     } else {
         setWindowTitle(QStringLiteral("%1[Ver %2]").arg(title, version));
     }

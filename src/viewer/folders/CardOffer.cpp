@@ -4,6 +4,7 @@
 
 #include "card/disks/Disks.h"
 #include "card/TKUSBDiskEntity.h"
+#include "texts/DisplayText.h"
 
 #include <filesystem>
 
@@ -30,7 +31,8 @@ std::optional<OfferedCard> findOfferedCard(const Disks& disks)
     std::vector<TKUSBDiskEntity> volumes = disks.usbDiskEntities();
     std::erase_if(volumes, [](const TKUSBDiskEntity& volume) { return !looksLikeTheCard(volume); });
     const auto card = findCardDiskEntity(volumes);
-    return card ? std::optional(OfferedCard{card->volumeName(), card->mountedURL()}) : std::nullopt;
+    return card ? std::optional(OfferedCard{displayText(card->volumeName()), card->mountedURL()})
+                : std::nullopt;
 }
 
 CardOffer::CardOffer(Disks* disks) : m_disks(disks)

@@ -3,6 +3,7 @@
 #include "viewer/folders/RecentFoldersMenu.h"
 
 #include "controls/PlainToolTip.h"
+#include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 #include "viewer/folders/FolderMemory.h"
 
@@ -19,7 +20,7 @@ constexpr int widestEntry = 380;
 
 QString folderPathText(const std::string& path)
 {
-    return QDir::toNativeSeparators(QDir::cleanPath(QFile::decodeName(QByteArray::fromStdString(path))));
+    return displayText(QDir::cleanPath(QFile::decodeName(QByteArray::fromStdString(path))));
 }
 
 QString folderTitle(const std::string& path)
