@@ -90,6 +90,18 @@ Bytes soundFormat(std::uint32_t rateHz)
 
 } // namespace
 
+Bytes softwareList(std::string_view name)
+{
+    Bytes text;
+    putText(text, name);
+    text.resize(text.size() / 2 * 2 + 2); // ends with a zero byte, at an even length
+    Bytes entry;
+    putChunk(entry, "ISFT", text);
+    Bytes out;
+    putList(out, "INFO", entry);
+    return out;
+}
+
 AviWriter::AviWriter(OutputFile& file, const AviFormat& format) : m_file(file), m_format(format)
 {
     m_file.write(header());

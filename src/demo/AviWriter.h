@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace marvo::demo {
 
@@ -17,6 +18,9 @@ struct AviFormat
     int framesPerSecond = 0;
     int soundRateHz = 0; ///< samples a second of 16-bit mono PCM; 0 for a film without sound
 };
+
+/// An INFO list with the name of the program that made the film, a chunk for before the movie.
+Bytes softwareList(std::string_view name);
 
 /// Writes an AVI 1.0 film (RIFF form "AVI ") of motion-JPEG frames and PCM sound piece by piece into a file.
 ///

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "demo/DemoCard.h"
 
+#include "demo/AviWriter.h"
 #include "demo/DemoClock.h"
 #include "demo/DriveData.h"
 #include "demo/DriveSound.h"
@@ -13,6 +14,7 @@
 #include "media/RecordingKinds.h"
 #include "settings/FileData.h"
 #include "support/AtomicFile.h"
+#include "support/FileSource.h"
 
 #include <algorithm>
 #include <atomic>
@@ -65,6 +67,7 @@ constexpr Clip clips[] = {
     {motion, 665, 20, Channels::Single, '9', inFront, toZero},
 };
 
+constexpr std::string_view demoSoftware = "MARVO demo card";
 constexpr int soundRateHz = 16'000;
 constexpr const char* settingsName = "config.bin";
 constexpr const char* clockName = "timeset.cfg";
@@ -147,6 +150,23 @@ std::optional<std::string> contentsOf(const std::string& path)
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
+bool isLink(const std::string& path)
+{
+    std::error_code ignored;
+    return fs::is_symlink(path, ignored);
+}
+
+/// True for a film that a demo wrote: its software list follows the header at once.
+bool isDemoFilm(const std::string& path)
+{
+    constexpr std::size_t enoughBytes = 1024;
+    FileSource file(path);
+    std::string beginning(enoughBytes, '\0');
+    beginning.resize(file.readAt(0, std::as_writable_bytes(std::span(beginning))));
+    const Bytes mark = softwareList(demoSoftware);
+    return beginning.find({reinterpret_cast<const char*>(mark.data()), mark.size()}) != std::string::npos;
+}
+
 /// A thread more, if the system has one to give; the work gets done without it as well.
 template <typename Work>
 void addHelper(std::vector<std::jthread>& helpers, Work& work)
@@ -175,9 +195,23 @@ public:
     DemoCardResult write(const std::stop_token& stop)
     {
         const std::stop_callback forward(stop, [this] { m_stop.request_stop(); });
-        const std::vector<Film> all = films();
         if (auto error = makeFolders())
             return {std::move(error), {}, {}};
+        const std::vector<SmallFile> small = smallFiles(m_drive);
+        std::vector<Film> all = films();
+        for (const Film& film : all)
+            refuseLink(film.name);
+        for (const SmallFile& file : small)
+            refuseLink(file.name);
+        if (m_result.error)
+            return std::move(m_result);
+        std::erase_if(all, [this](const Film& film) {
+            std::error_code ignored;
+            const bool isForeign = fs::exists(at(film.name), ignored) && !isDemoFilm(at(film.name));
+            if (isForeign)
+                m_result.kept.push_back(film.name);
+            return isForeign;
+        });
         writeFilms(all);
         if (!m_result.error && stop.stop_requested())
             m_result.error = "stopped";
@@ -186,7 +220,7 @@ public:
         for (const Film& film : all)
             m_result.written.push_back(film.name);
 
-        writeSmallFiles();
+        writeSmallFiles(small);
         return std::move(m_result);
     }
 
@@ -203,8 +237,19 @@ private:
             fs::create_directories(path, error);
             if (error)
                 return "cannot make the folder '" + path + "': " + error.message();
+            if (path != m_folder && isLink(path))
+                return linkError(path);
         }
         return std::nullopt;
+    }
+
+    /// A link on a card could lead to a file of the user's.
+    static std::string linkError(const std::string& path) { return "'" + path + "' is a link"; }
+
+    void refuseLink(const std::string& name)
+    {
+        if (isLink(at(name)))
+            m_result.error = linkError(at(name));
     }
 
     void writeFilms(const std::vector<Film>& all)
@@ -251,6 +296,7 @@ private:
         recording.frameCount = clip.length * m_fps;
         recording.soundRateHz = soundRateHz;
         recording.quality = m_options.quality;
+        recording.software = demoSoftware;
         recording.dataChunks =
             dataAreaChunks(driveRecords(m_drive, clip.begin, clip.length, clip.marker), clip.end);
         recording.dataPlace = clip.place;
@@ -287,16 +333,16 @@ private:
 
     /// Settings, clock and log go together: on a card that is somebody's own none of them is written. A card
     /// with a demo's log is ours.
-    void writeSmallFiles()
+    void writeSmallFiles(const std::vector<SmallFile>& files)
     {
-        const std::vector<SmallFile> files = smallFiles(m_drive);
+        const std::size_t keptFilms = m_result.kept.size();
         const bool ours = contentsOf(at(logName)).value_or("").substr(0, 12).ends_with(demoLogMark);
         for (const SmallFile& file : files) {
             const std::optional<std::string> present = contentsOf(at(file.name));
             if (!ours && present && *present != file.bytes)
                 m_result.kept.push_back(file.name);
         }
-        if (!m_result.kept.empty())
+        if (m_result.kept.size() > keptFilms)
             return;
         for (const SmallFile& file : files) {
             if (const std::error_code error = writeFileAtomically(at(file.name), file.bytes)) {

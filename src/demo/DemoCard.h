@@ -22,8 +22,8 @@ struct DemoCardResult
 {
     std::optional<std::string> error; ///< "stopped" after a stop that was asked for
     std::vector<std::string> written; ///< relative to the card, in the order of the card
-    /// Settings, clock file or log that were there already and are not this writer's. They are left alone,
-    /// and none of the three is written then.
+    /// Files that were there already and are not a demo's. If one of settings, clock file and log is among
+    /// them, none of the three is written.
     std::vector<std::string> kept;
 };
 
@@ -34,8 +34,9 @@ using DemoCardProgress = std::function<void(double fraction)>;
 /// in "AlwaysMovie", "EventMovie" and "MotionMovie", front and rear, "config.bin", "timeset.cfg" and the
 /// driving log "DrvInfo/marvo_000.drv". The same bytes every time.
 ///
-/// Each file appears when it is whole; an older one of the same name is replaced. Nothing else in the folder
-/// is touched, and a card that is somebody's own keeps its settings, clock file and log.
+/// Each file appears when it is whole and replaces an older one only if that is a demo's: recordings and log
+/// carry a mark. Every other file is kept. A link where a file or folder belongs is an error, and then
+/// nothing is written.
 DemoCardResult writeDemoCard(const std::string& folder, const DemoCardOptions& options = {},
                              const DemoCardProgress& progress = {}, const std::stop_token& stop = {});
 

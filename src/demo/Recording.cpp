@@ -42,6 +42,8 @@ std::optional<std::string> writeRecording(const std::string& path, const Recordi
     Canvas picture(options.width, options.height);
     JpegEncoder encoder(options.quality);
     AviWriter film(file, {picture.width(), picture.height(), fps, rateHz});
+    if (!options.software.empty())
+        film.putBeforeMovie(softwareList(options.software));
     if (options.dataPlace == DataAreaPlace::BeforeMovie)
         film.putBeforeMovie(options.dataChunks);
 

@@ -27,6 +27,7 @@ struct RecordingOptions
     int soundRateHz = 16000; ///< 0 for a film without sound
     int quality = 75;        ///< of the frames, 1 to 100
 
+    std::string software; ///< the name of the program that made the film, in an INFO list; empty for none
     /// Whole chunks such as dataAreaChunks() makes; none leaves the recording without a data area.
     Bytes dataChunks;
     DataAreaPlace dataPlace = DataAreaPlace::BeforeMovie;

@@ -83,7 +83,7 @@ TEST_F(DemoCard, dataAreasAreReadInStepByBothReaders)
         const PlainWalk walk(film);
         EXPECT_TRUE(walk.result);
         EXPECT_EQ(walk.readings.size(), walk.fixes.size() * 10);
-        shapes.insert({top[1].id == "JUNK", walk.budgetUsedUp});
+        shapes.insert({top[2].id == "JUNK", walk.budgetUsedUp});
 
         MRVBlackBoxData data;
         EXPECT_TRUE(data.ExtractStreamInformation(media.path()));
@@ -245,16 +245,33 @@ TEST(DemoCardWriting, leavesAloneWhatIsSomebodysOwn)
     const TemporaryFolder card;
     card.write("AlwaysMovie/alwa_20200101_000000_F.avi", "mine");
     card.write("EventMovie/notes.txt", "mine");
+    const std::string same = "EventMovie/event_20240517_142126.avi";
+    card.write(same, "mine");
     card.write("config.bin", "my settings");
     for (int round = 0; round < 2; ++round) {
         const DemoCardResult result = writeDemoCard(card.path(), coarse);
         ASSERT_EQ(result.error, std::nullopt);
-        EXPECT_EQ(result.kept, std::vector<std::string>{"config.bin"});
+        EXPECT_EQ(result.kept, (std::vector<std::string>{same, "config.bin"}));
         EXPECT_EQ(card.read("config.bin"), "my settings");
         EXPECT_FALSE(fs::exists(card.path("timeset.cfg")));
     }
     EXPECT_EQ(card.read("AlwaysMovie/alwa_20200101_000000_F.avi"), "mine");
     EXPECT_EQ(card.read("EventMovie/notes.txt"), "mine");
+    EXPECT_EQ(card.read(same), "mine");
+}
+
+TEST(DemoCardWriting, followsNoLinkOutOfTheFolder)
+{
+    for (const std::string name : {"AlwaysMovie", "EventMovie/event_20240517_142126.avi", "config.bin"}) {
+        const TemporaryFolder outside;
+        outside.write("mine", "mine");
+        const TemporaryFolder card;
+        fs::create_directories(fs::path(card.path(name)).parent_path());
+        fs::create_symlink(outside.path(name == "AlwaysMovie" ? "" : "mine"), card.path(name));
+        EXPECT_EQ(writeDemoCard(card.path(), coarse).error, "'" + card.path(name) + "' is a link");
+        EXPECT_EQ(outside.read("mine"), "mine");
+        EXPECT_EQ(filesBelow(outside.path()), std::vector<std::string>{"mine"});
+    }
 }
 
 TEST_F(DemoCard, anOldOneIsWrittenAnew)
@@ -262,7 +279,7 @@ TEST_F(DemoCard, anOldOneIsWrittenAnew)
     const TemporaryFolder card;
     fs::copy(s_folder->path(), card.path(), fs::copy_options::recursive);
     const std::string& first = s_result.written.front();
-    card.write(first, "cut off");
+    fs::resize_file(card.path(first), 2000);
     card.write("config.bin", "changed");
     card.write("timeset.cfg", "2030/01/01 00:00:00");
     const DemoCardResult again = writeDemoCard(card.path(), coarse);
