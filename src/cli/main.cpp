@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <new>
 #include <string>
 
 namespace marvo::cli {
@@ -91,5 +92,10 @@ int main(int argc, char** argv)
     // A closed reader (head, less) is a failed write and does not end the process.
     std::signal(SIGPIPE, SIG_IGN);
     marvo::cleanUpOnTermination();
-    return marvo::cli::run(marvo::cli::Arguments(argv + (argc > 0 ? 1 : 0), argv + argc));
+    try {
+        return marvo::cli::run(marvo::cli::Arguments(argv + (argc > 0 ? 1 : 0), argv + argc));
+    } catch (const std::bad_alloc&) {
+        std::fputs("marvo-cli: there is not enough memory\n", stderr);
+        return marvo::cli::Failed;
+    }
 }

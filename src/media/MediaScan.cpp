@@ -14,6 +14,7 @@
 #include <compare>
 #include <deque>
 #include <memory>
+#include <new>
 #include <set>
 #include <utility>
 
@@ -209,10 +210,14 @@ MediaScan scanFolder(const std::string& folder, const std::stop_token& stop,
 {
     FolderWalk walk(stop, onFound);
     MediaScan scan;
-    // An empty path is no folder, least of all the current one.
-    scan.folderError = walk.eachDir(folder.empty() ? folder : absoluteFilePath(folder));
-    if (!stop.stop_requested())
-        scan.medias = sortedByDate(walk.takeFound());
+    try {
+        // An empty path is no folder, least of all the current one.
+        scan.folderError = walk.eachDir(folder.empty() ? folder : absoluteFilePath(folder));
+        if (!stop.stop_requested())
+            scan.medias = sortedByDate(walk.takeFound());
+    } catch (const std::bad_alloc&) {
+        scan.folderError = std::make_error_code(std::errc::not_enough_memory);
+    }
     return scan;
 }
 

@@ -8,9 +8,12 @@
 #include "support/ByteReader.h"
 #include "support/FileSource.h"
 #include "support/Log.h"
+#include "support/System.h"
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -158,8 +161,29 @@ bool MRVBlackBoxData::ExtractStreamInformation(ByteSource& source, std::stop_tok
 {
     clear();
     logLine("#############################   START");
-    BlockReader reader(source, stop);
-    return walk(reader) && !stop.stop_requested();
+    try {
+        BlockReader reader(source, stop);
+        const std::uint64_t memory = availableMemory().value_or(std::numeric_limits<std::uint64_t>::max());
+        return walk(reader, memory / 4) && !stop.stop_requested();
+    } catch (const std::bad_alloc&) {
+        dropUnpaired();
+        return false;
+    }
+}
+
+/// At most: equal neighbours share a snapshot.
+std::uint64_t MRVBlackBoxData::bytesKept() const
+{
+    constexpr std::size_t blockOverhead = 32; // of a shared object: its counts, and the allocation's own
+    return m_gSensors.size() * (sizeof(MRVGSensor) + sizeof(MRVAviGSensorData) + sizeof(MRVAviGpsData)) +
+           m_snapshots.size() * (sizeof(MRVGpsData) + blockOverhead + sizeof(m_snapshots[0]));
+}
+
+/// After memory ran out in the middle of a reading.
+void MRVBlackBoxData::dropUnpaired()
+{
+    const std::size_t readings = std::min(m_rawReadings.size(), m_gSensors.size());
+    m_rawReadings.erase(m_rawReadings.begin() + static_cast<std::ptrdiff_t>(readings), m_rawReadings.end());
 }
 
 void MRVBlackBoxData::clear()
@@ -177,7 +201,7 @@ void MRVBlackBoxData::clear()
     m_lastTimeEventType = 0;
 }
 
-bool MRVBlackBoxData::walk(BlockReader& reader)
+bool MRVBlackBoxData::walk(BlockReader& reader, std::uint64_t memory)
 {
     const auto size = findDataArea(reader);
     if (!size)
@@ -189,7 +213,7 @@ bool MRVBlackBoxData::walk(BlockReader& reader)
         if (!tag)
             return true;
         const bool whole = tag == gpsTag ? readGpsRecord(reader, budget) : readGSensorRecord(reader, budget);
-        if (!whole)
+        if (!whole || std::max(m_gSensors.size(), m_snapshots.size()) > mostEntries || bytesKept() > memory)
             return false;
     }
     return true;

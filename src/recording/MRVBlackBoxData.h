@@ -31,9 +31,12 @@ class ByteSource;
 class MRVBlackBoxData
 {
 public:
+    static constexpr std::size_t mostEntries = 2'000'000; ///< 100 readings a second for 5.5 hours
+
     /// Walks the file and fills the lists anew. True when the camera's data area was read to its end or to
-    /// the end of its budget. False otherwise; the lists keep what was read before the fault. A walk that is
-    /// asked to stop soon ends with false. Only a regular file is opened.
+    /// the end of its budget. False otherwise; the lists keep what was read before the fault. More than
+    /// mostEntries in a list, or more than a quarter of the memory available, is a fault: no recording has as
+    /// much. A walk that is asked to stop soon ends with false. Only a regular file is opened.
     bool ExtractStreamInformation(const std::string& path, std::stop_token stop = {});
     bool ExtractStreamInformation(ByteSource& source, std::stop_token stop = {});
     void clear();
@@ -78,7 +81,9 @@ public:
     const MRVNMEASentenceParser& m_NMEAParser() const { return m_parser; }
 
 private:
-    bool walk(BlockReader& reader);
+    bool walk(BlockReader& reader, std::uint64_t memory);
+    std::uint64_t bytesKept() const;
+    void dropUnpaired();
     bool readGpsRecord(BlockReader& reader, std::uint32_t& budget);
     bool readGSensorRecord(BlockReader& reader, std::uint32_t& budget);
     void pair(const _AVI_GPS_DATA_T& header);

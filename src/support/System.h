@@ -15,8 +15,9 @@ std::error_code systemError();
 /// of open files. The descriptor is the caller's to close; -1 with errno set when there is none.
 int openMemoryFile(const char* name);
 
-/// Bytes that the system can give without taking them from running programs (MemAvailable of Linux); absent
-/// where it does not tell. A program may use more, but is ended when there is no more.
+/// Bytes that the system can give without taking them from running programs (MemAvailable of Linux), or that
+/// are left of the process's own limit (RLIMIT_AS) if those are fewer; absent where the system does not tell.
+/// A process may use more than the former, but is ended when there is no more.
 std::optional<std::uint64_t> availableMemory();
 
 } // namespace marvo

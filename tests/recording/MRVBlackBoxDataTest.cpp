@@ -6,8 +6,10 @@
 #include "support/ByteSource.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/resource.h>
 #include <thread>
 
 namespace marvo {
@@ -205,24 +207,48 @@ TEST(WalkOfALargeFile, NeedsOffsetsBeyond32Bits)
     EXPECT_LT(source.bytesRead, 100'000U) << "what is skipped is not read";
 }
 
-TEST(WalkThatIsStopped, EndsThoughTheSourceDoesNot)
+TEST(WalkWithoutEnd, EndsWhenStoppedAndWhenThereIsTooMuch)
 {
     struct Endless : ByteSource
     {
-        std::stop_source stop;
+        Endless(std::string piece, std::uint64_t end) : repeated(std::move(piece)), stopAt(end) {}
         std::string head = avi(readings({7}));
+        std::string repeated;
+        std::stop_source stop;
+        std::uint64_t stopAt;
         std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override
         {
-            for (std::size_t i = 0; i < into.size(); ++i)
-                into[i] = static_cast<std::byte>(offset + i < head.size() ? head[offset + i] : '\0');
-            if (offset > 1'000'000)
+            for (std::byte& byte : into) {
+                const std::uint64_t at = offset++;
+                byte =
+                    std::byte(at < head.size() ? head[at] : repeated[(at - head.size()) % repeated.size()]);
+            }
+            if (offset > stopAt)
                 stop.request_stop();
             return into.size();
         }
-    } source;
+    };
+    Endless nothing(std::string(1, '\0'), 1'000'000);
     MRVBlackBoxData recording;
-    EXPECT_FALSE(recording.ExtractStreamInformation(source, source.stop.get_token()));
+    EXPECT_FALSE(recording.ExtractStreamInformation(nothing, nothing.stop.get_token()));
     EXPECT_EQ(recording.m_GSensors().size(), 1U);
+
+    Endless tooMuch(Bytes().reading(8).data, UINT64_MAX);
+    EXPECT_FALSE(recording.ExtractStreamInformation(tooMuch));
+    EXPECT_EQ(recording.m_vGSensorData().size(), MRVBlackBoxData::mostEntries + 1);
+    recording = {};
+    rlimit usual{};
+    ::getrlimit(RLIMIT_AS, &usual);
+    std::uint64_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    rlimit little = usual;
+    little.rlim_cur = pages * 4096 + (40U << 20);
+    ASSERT_EQ(::setrlimit(RLIMIT_AS, &little), 0);
+    EXPECT_FALSE(recording.ExtractStreamInformation(tooMuch));
+    ::setrlimit(RLIMIT_AS, &usual);
+    EXPECT_GT(recording.m_GSensors().size(), 10'000U);
+    EXPECT_LT(recording.m_GSensors().size(), 400'000U);
+    EXPECT_EQ(recording.m_vGSensorData().size(), recording.m_GSensors().size());
 }
 
 TEST(WalkTwice, StartsAfresh)

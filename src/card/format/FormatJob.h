@@ -8,6 +8,7 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <system_error>
 
 namespace marvo {
 
@@ -56,6 +57,13 @@ struct FormatOutcome
 {
     std::optional<FormatFailure> failure;
     std::optional<KeptSettings> kept;
+
+    /// Of a job that ran out of memory at an unknown step, so that the card counts as erased.
+    static FormatOutcome outOfMemory()
+    {
+        const std::error_code error = std::make_error_code(std::errc::not_enough_memory);
+        return {FormatFailure{FormatFailure::Kind::Other, QString::fromStdString(error.message()), true}, {}};
+    }
 };
 
 /// Formats one volume: keeps its settings, unmounts it, writes the new file system, reads it back and mounts

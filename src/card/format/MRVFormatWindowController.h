@@ -72,6 +72,12 @@ private:
     {
         QString copy;
         QString check;
+
+        static RestoreErrors outOfMemory()
+        {
+            const std::error_code error = std::make_error_code(std::errc::not_enough_memory);
+            return {QString::fromStdString(error.message()), {}};
+        }
     };
 
     void buildWindow();
