@@ -62,9 +62,9 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What the linker does not see: libVLC's modules and their cache, mkfs.fat for formatting, xdg-open for pictures,
+# What the linker does not see: libcrypto for sums, libVLC's modules and their cache, mkfs.fat for formatting, xdg-open for pictures,
 # the texts of Qt's own dialogs.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "vlc-plugin-base, libvlc-bin, dosfstools, xdg-utils, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libssl3, vlc-plugin-base, libvlc-bin, dosfstools, xdg-utils, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "udisks2, polkitd, qt6-wayland, fonts-noto-cjk, cups-client")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "companion of a two-channel dash camera")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "MARVO opens the card of a dash camera or a folder of recordings, lists what

@@ -1,17 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "cli/LongWork.h"
 #include "demo/DemoCard.h"
 #include "support/PrintableText.h"
 
-#include <atomic>
-#include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <thread>
-#include <unistd.h>
 
 namespace marvo::cli {
 
@@ -32,59 +28,6 @@ const Command demoCommand{
     run};
 
 namespace {
-
-std::atomic<bool> interrupted{false};
-
-void onInterrupt(int) { interrupted = true; }
-
-/// Makes Ctrl-C and a request to end stop the work, so that no half-written file is left.
-class StopOnInterrupt
-{
-public:
-    StopOnInterrupt()
-    {
-        std::signal(SIGINT, onInterrupt);
-        std::signal(SIGTERM, onInterrupt);
-        std::signal(SIGHUP, onInterrupt);
-        m_watch = std::jthread([this](const std::stop_token& done) {
-            while (!done.stop_requested()) {
-                if (interrupted)
-                    m_stop.request_stop();
-                std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            }
-        });
-    }
-
-    std::stop_token token() const { return m_stop.get_token(); }
-
-private:
-    std::stop_source m_stop;
-    std::jthread m_watch;
-};
-
-/// One line on stderr that is overwritten again and again, on a terminal only.
-class ProgressLine
-{
-public:
-    void show(double fraction)
-    {
-        const int percent = static_cast<int>(fraction * 100);
-        if (!m_terminal || percent == m_percent)
-            return;
-        m_percent = percent;
-        std::fprintf(stderr, "\rWriting the demo card: %3d %%", percent);
-    }
-
-    void clear() const
-    {
-        if (m_percent >= 0)
-            std::fputs("\r\033[K", stderr);
-    }
-
-private:
-    bool m_terminal = isatty(STDERR_FILENO) == 1;
-    int m_percent = -1;
-};
 
 std::string sizeText(std::uintmax_t bytes)
 {
@@ -113,7 +56,7 @@ ExitCode run(const Arguments& arguments)
 
     const std::string folder(folders[0]);
     const StopOnInterrupt interrupt;
-    ProgressLine line;
+    ProgressLine line("Writing the demo card");
     const demo::DemoCardResult result = demo::writeDemoCard(
         folder, {}, [&](double fraction) { line.show(fraction); }, interrupt.token());
     line.clear();

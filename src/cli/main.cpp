@@ -14,7 +14,8 @@ namespace marvo::cli {
 namespace {
 
 constexpr const Command* commands[] = {&inspectCommand,  &nmeaCommand, &listCommand,
-                                       &settingsCommand, &logCommand,  &demoCommand};
+                                       &settingsCommand, &logCommand,  &archiveCommand,
+                                       &demoCommand};
 
 void say(const Command& command, std::string_view message, std::string_view hint)
 {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/AtomicFile.h"
 
+#include "support/Descriptor.h"
 #include "support/System.h"
 
 #include <dirent.h>
@@ -22,25 +23,6 @@
 namespace marvo {
 
 namespace {
-
-/// A descriptor that is closed at the end of its block.
-class Descriptor
-{
-public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    explicit operator bool() const { return m_number >= 0; }
-    int operator*() const { return m_number; }
-
-private:
-    int m_number;
-};
 
 void closeAndForget(int& descriptor)
 {

@@ -3,6 +3,7 @@
 #include "faults/FaultySystem.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -111,6 +112,17 @@ int renameat(int from, const char* old, int to, const char* name) noexcept
 int renameat2(int from, const char* old, int to, const char* name, unsigned int flags) noexcept
 {
     return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_renameat2, from, old, to, name, flags))
+                                    : -1;
+}
+
+int mkdirat(int folder, const char* name, mode_t mode) noexcept
+{
+    return permitted(Change::Growing) ? static_cast<int>(::syscall(SYS_mkdirat, folder, name, mode)) : -1;
+}
+
+int futimens(int file, const timespec times[2]) noexcept
+{
+    return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_utimensat, file, nullptr, times, 0))
                                     : -1;
 }
 
