@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "film/FilmReader.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace marvo {
@@ -20,6 +21,13 @@ std::size_t FilmReader::readAt(std::uint64_t offset, std::span<std::byte> into)
     m_fault.reset();
     std::size_t done = 0;
     while (done < into.size() && !m_isAbandoned) {
+        if (offset + done < m_head.size()) {
+            const auto from = std::as_bytes(std::span(m_head)).subspan(offset + done);
+            const std::size_t count = std::min(from.size(), into.size() - done);
+            std::ranges::copy(from.first(count), into.begin() + static_cast<std::ptrdiff_t>(done));
+            done += count;
+            continue;
+        }
         const VirtualFilm::Piece piece = m_film->pieceAt(offset + done, into.subspan(done));
         if (piece.length == 0)
             break;

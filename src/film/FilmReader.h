@@ -25,7 +25,9 @@ struct FilmFault
 class FilmReader : public ByteSource
 {
 public:
-    explicit FilmReader(std::shared_ptr<const VirtualFilm> film) : m_film(std::move(film)) {}
+    explicit FilmReader(std::shared_ptr<const VirtualFilm> film, double speed = 1)
+        : m_film(std::move(film)), m_head(m_film->head(speed))
+    {}
 
     /// Fewer bytes than asked for: the end of the film, or a clip that cannot be read there (see fault()).
     std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override;
@@ -43,6 +45,7 @@ private:
     FileSource& fileOf(std::size_t clip);
 
     std::shared_ptr<const VirtualFilm> m_film;
+    std::vector<std::uint8_t> m_head;
     std::array<OpenClip, 2> m_open; ///< the one read last, the one before it
     std::optional<FilmFault> m_fault;
     std::atomic<bool> m_isAbandoned = false;

@@ -3,6 +3,7 @@
 #include "film/VirtualFilm.h"
 
 #include "film/Matroska.h"
+#include "film/StreamFormat.h"
 
 #include <algorithm>
 #include <cstring>
@@ -32,10 +33,8 @@ std::size_t VirtualFilm::copyMade(std::uint64_t offset, std::span<const std::uin
 
 VirtualFilm::Piece VirtualFilm::pieceAt(std::uint64_t offset, std::span<std::byte> into) const
 {
-    if (offset >= m_sizeBytes)
+    if (offset < m_headBytes || offset >= m_sizeBytes)
         return {};
-    if (offset < m_head.size())
-        return {copyMade(offset, m_head, 0, into), {}, 0};
     const auto next = std::ranges::upper_bound(m_clusters, offset, {}, &Cluster::position);
     const std::size_t number = static_cast<std::size_t>(next - m_clusters.begin()) - 1;
     const Cluster& cluster = m_clusters[number];
@@ -61,8 +60,13 @@ VirtualFilm::Piece VirtualFilm::pieceAt(std::uint64_t offset, std::span<std::byt
         }
         if (offset < body + entry.size) {
             const std::uint64_t inside = offset - body;
-            return {std::min(into.size(), static_cast<std::size_t>(entry.size - inside)), cluster.clip,
-                    (entry.offset & OffsetBits) + inside};
+            const std::size_t count = std::min(into.size(), static_cast<std::size_t>(entry.size - inside));
+            if (entry.isSilence()) {
+                std::ranges::fill(into.first(count),
+                                  WaveFormat(m_soundFormat).bits == 8 ? std::byte{0x80} : std::byte{0});
+                return {count, {}, 0};
+            }
+            return {count, cluster.clip, (entry.offset & OffsetBits) + inside};
         }
         position = body + entry.size;
     }
@@ -79,8 +83,9 @@ std::size_t VirtualFilm::clipAt(std::int64_t filmMs) const
 
 std::optional<VirtualFilm::Picture> VirtualFilm::find(std::int64_t filmMs) const
 {
-    const auto next = std::ranges::upper_bound(m_clusters, filmMs, {}, &Cluster::startMs);
-    for (std::size_t number = static_cast<std::size_t>(next - m_clusters.begin()); number-- > 0;) {
+    const auto shown = std::span(m_clusters).first(m_shownClusters);
+    const auto next = std::ranges::upper_bound(shown, filmMs, {}, &Cluster::startMs);
+    for (std::size_t number = static_cast<std::size_t>(next - shown.begin()); number-- > 0;) {
         const Cluster& cluster = m_clusters[number];
         for (std::size_t i = entryEnd(number); i-- > cluster.firstEntry;) {
             const std::int64_t startMs = cluster.startMs + m_entries[i].sinceClusterMs;
@@ -109,7 +114,7 @@ std::optional<std::int64_t> VirtualFilm::pictureAfter(std::int64_t filmMs) const
 {
     const auto shown = find(filmMs);
     std::size_t entry = shown ? shown->entry + 1 : 0;
-    for (std::size_t number = shown ? shown->cluster : 0; number < m_clusters.size(); ++number) {
+    for (std::size_t number = shown ? shown->cluster : 0; number < m_shownClusters; ++number) {
         for (; entry < entryEnd(number); ++entry) {
             const std::int64_t startMs = m_clusters[number].startMs + m_entries[entry].sinceClusterMs;
             if (m_entries[entry].isPicture() && startMs > filmMs)
@@ -121,7 +126,7 @@ std::optional<std::int64_t> VirtualFilm::pictureAfter(std::int64_t filmMs) const
 
 std::size_t VirtualFilm::tableBytes() const
 {
-    return m_head.capacity() + m_clusters.capacity() * sizeof(Cluster) + m_entries.capacity() * sizeof(Entry);
+    return m_clusters.capacity() * sizeof(Cluster) + m_entries.capacity() * sizeof(Entry);
 }
 
 } // namespace marvo

@@ -47,21 +47,27 @@ public:
     };
 
     std::uint64_t sizeBytes() const { return m_sizeBytes; }
-    /// The piece at an offset; of what is made here as much as fits is put into `into`.
+    /// How the film begins, headBytes() long: all that its speed is told by. At another speed than 1 the
+    /// chunks' times mean less or more, the sound is higher or lower, and everything else stays as it is. So
+    /// a player plays at its usual rate, which costs it no picture.
+    std::vector<std::uint8_t> head(double speed) const;
+    std::size_t headBytes() const { return m_headBytes; }
+    /// The piece at an offset behind the head; of what is made here as much as fits is put into `into`.
     Piece pieceAt(std::uint64_t offset, std::span<std::byte> into) const;
+
+    int pictureLines() const;
+    bool isMotionJpeg() const;
 
     const std::vector<Clip>& clips() const { return m_clips; }
     /// The clip shown at a film time: the last that has begun, else the first.
     std::size_t clipAt(std::int64_t filmMs) const;
 
-    /// Where the film begins on the drive's time line, and how many times faster than that it runs.
-    std::int64_t startMs() const { return m_startMs; }
-    int speed() const { return m_speed; }
     std::int64_t lengthMs() const { return m_clips.back().endMs; } ///< film time
-    /// Where it ends on the drive's time line.
-    std::int64_t endMs() const { return toDriveMs(lengthMs()); }
-    std::int64_t toFilmMs(std::int64_t driveMs) const { return (driveMs - m_startMs) / m_speed; }
-    std::int64_t toDriveMs(std::int64_t filmMs) const { return m_startMs + filmMs * m_speed; }
+    /// Where the film begins and ends on the drive's time line.
+    std::int64_t startMs() const { return m_startMs; }
+    std::int64_t endMs() const { return m_startMs + lengthMs(); }
+    std::int64_t toFilmMs(std::int64_t driveMs) const { return driveMs - m_startMs; }
+    std::int64_t toDriveMs(std::int64_t filmMs) const { return m_startMs + filmMs; }
 
     /// The film time at which the picture shown at a film time begins: the last that has begun, else the
     /// first.
@@ -70,9 +76,8 @@ public:
     std::optional<std::int64_t> pictureAfter(std::int64_t filmMs) const;
     std::optional<std::int64_t> pictureBefore(std::int64_t filmMs) const;
 
-    /// The key pictures alone, without sound, on a time line that runs `speed` times faster; of films in
-    /// which every picture is one, so many as a screen can show.
-    std::shared_ptr<const VirtualFilm> keyPictures(int speed) const;
+    /// The key pictures alone, without sound, none of them sooner than that after the one before.
+    std::shared_ptr<const VirtualFilm> keyPictures(std::int64_t atLeastApartMs) const;
 
     std::size_t tableBytes() const; ///< memory taken by the table
 
@@ -82,24 +87,28 @@ private:
     //
     //   EBML       version, document type "matroska"
     //   Segment
-    //     Info     a time unit of 1 ms, the duration
+    //     Info     a time unit of 1 ms at the usual speed, the duration
     //     Tracks   1: pictures, 2: sound, each with the header that the AVI file has of it
     //     Cues     where the cluster of each time stands
     //     Cluster  Timecode, then a SimpleBlock a chunk: track, time since the cluster's, flags, the chunk
     //     Cluster  ...
+    //     Cluster  after the end silence and the last picture again: in pause a player shows a picture only
+    //              when it has read on beyond it
     static constexpr std::size_t ClusterHeadBytes = 4 + 8 + 10;
     static constexpr std::size_t BlockHeadBytes = 1 + 4 + 4;
 
     static constexpr std::uint64_t IsPicture = std::uint64_t{1} << 63;
     static constexpr std::uint64_t IsKey = std::uint64_t{1} << 62;
-    static constexpr std::uint64_t OffsetBits = IsKey - 1;
+    static constexpr std::uint64_t IsSilence = std::uint64_t{1} << 61;
+    static constexpr std::uint64_t OffsetBits = IsSilence - 1;
     struct Entry
     {
-        std::uint64_t offset; ///< in the clip's file, and the two flags
+        std::uint64_t offset; ///< in the clip's file, and the flags
         std::uint32_t size;
         std::int32_t sinceClusterMs;
         bool isPicture() const { return (offset & IsPicture) != 0; }
         bool isKey() const { return (offset & IsKey) != 0; }
+        bool isSilence() const { return (offset & IsSilence) != 0; }
     };
     /// Some chunks with a time in common, which theirs are told from; the film can be entered at each.
     struct Cluster
@@ -123,14 +132,15 @@ private:
     std::size_t copyMade(std::uint64_t offset, std::span<const std::uint8_t> made, std::uint64_t madeAt,
                          std::span<std::byte> into) const;
 
-    std::vector<std::uint8_t> m_head;
-    std::vector<std::uint8_t> m_videoFormat;
+    std::vector<std::uint8_t> m_videoFormat; ///< BITMAPINFOHEADER, with what follows it
+    std::vector<std::uint8_t> m_soundFormat; ///< WAVEFORMATEX, with what follows it; empty without sound
     std::vector<Clip> m_clips;
     std::vector<Cluster> m_clusters;
     std::vector<Entry> m_entries;
+    std::size_t m_shownClusters = 0; ///< all but the one after the end
     std::uint64_t m_sizeBytes = 0;
     std::int64_t m_startMs = 0;
-    int m_speed = 1;
+    std::size_t m_headBytes = 0;
 };
 
 } // namespace marvo

@@ -17,7 +17,7 @@ class VirtualFilmBuilder
 {
 public:
     /// startMs: where the film begins on the drive's time line.
-    explicit VirtualFilmBuilder(std::int64_t startMs, int speed = 1);
+    explicit VirtualFilmBuilder(std::int64_t startMs);
 
     /// What makes an index fit for a film at all: a video stream with a rate and pictures.
     static bool isPlayable(const ClipIndex& index);
@@ -33,12 +33,21 @@ public:
 
 private:
     friend class VirtualFilm;
-    void put(VirtualFilm::Entry entry, std::int64_t filmMs, bool mayBegin);
-    void writeHead();
+    struct Timed
+    {
+        std::int64_t filmMs;
+        VirtualFilm::Entry entry;
+        bool mayBegin; ///< the film can be entered here
+    };
+    void put(const Timed& timed);
+    std::vector<Timed> picturesOf(const ClipIndex& index, const VirtualFilm::Clip& clip);
+    std::vector<Timed> soundOf(const ClipIndex& index, const VirtualFilm::Clip& clip);
+    void addSilence(std::vector<Timed>& pieces, std::int64_t fromMs, std::int64_t toMs) const;
+    void repeatAtEnd();
+    void placeClusters();
 
     std::shared_ptr<VirtualFilm> m_film;
-    std::vector<std::uint8_t> m_soundFormat;
-    std::int64_t m_lastClusterMs = 0;
+    std::int64_t m_soundEndMs = 0; ///< film time
 };
 
 } // namespace marvo
