@@ -19,6 +19,14 @@ enum class PixelLayout { I420, I422, I444, J420, J422, J444 };
 /// (high definition).
 enum class ColourMatrix { BT601, BT709 };
 
+/// libVLC does not tell what a film says of its colours. Where none does, players go by its size; JPEG has but
+/// one matrix.
+constexpr ColourMatrix usualColourMatrix(int lines, bool isJpeg)
+{
+    constexpr int standardLines = 576;
+    return lines > standardLines && !isJpeg ? ColourMatrix::BT709 : ColourMatrix::BT601;
+}
+
 /// A picture as the decoder leaves it, which is a third of what it takes in colours for the screen. It can be
 /// moved, not copied.
 class VideoFrame

@@ -64,14 +64,6 @@ bool isMotionJpeg(const AviHeader& header)
     return codec == "MJPG" || codec == "mjpg";
 }
 
-/// libVLC does not tell what the film says of its colours. Where none does, players go by its size; JPEG has
-/// but one matrix.
-ColourMatrix colourMatrix(const AviHeader& header)
-{
-    constexpr std::uint32_t standardLines = 576;
-    return header.height > standardLines && !isMotionJpeg(header) ? ColourMatrix::BT709 : ColourMatrix::BT601;
-}
-
 QByteArrayList mediaOptions(const AviHeader& header)
 {
     // A recording whose camera lost power has no index. For motion JPEG libVLC builds one when opening; with
@@ -99,7 +91,9 @@ struct VlcPlayer::Prepared
         if (!instance)
             return {nullptr, {}, "play.error_engine"};
         std::shared_ptr<VlcSession> session = VlcSession::create(
-            std::move(instance), path, mediaOptions(header), colourMatrix(header), std::move(report));
+            std::move(instance), path, mediaOptions(header),
+            usualColourMatrix(static_cast<int>(std::min(header.height, 0xFFFFU)), isMotionJpeg(header)),
+            std::move(report));
         if (!session)
             return {nullptr, {}, "play.error_engine"};
         return {std::move(session), header, nullptr};
@@ -448,6 +442,8 @@ void VlcPlayer::handle(std::uint64_t generation, const VlcEvent& event)
         return;
     case VlcEvent::Kind::LengthChanged:
         return m_clock.setFoundLengthMs(event.valueMs);
+    case VlcEvent::Kind::Buffered:
+        return;
     case VlcEvent::Kind::AudioDevice:
         return applyVolume(); // a device that has just been opened starts with a volume of its own
     }

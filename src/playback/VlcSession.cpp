@@ -22,7 +22,7 @@ namespace {
 constexpr std::array PlayerEvents = {
     libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerPaused,      libvlc_MediaPlayerEndReached,
     libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged,
-    libvlc_MediaPlayerAudioDevice,
+    libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerBuffering,
 };
 
 struct SharedInstance
@@ -68,10 +68,16 @@ std::shared_ptr<VlcInstance> VlcInstance::shared()
     if (auto instance = shared.instance.lock())
         return instance;
     // No window of libVLC's own, nothing written over the picture, and no search for subtitles, which would
-    // list the card's folder at every start.
-    QByteArrayList options = {
-        "--no-xlib",         "--quiet", "--no-video-title-show", "--no-osd", "--no-sub-autodetect-file",
-        "--file-caching=150"};
+    // list the card's folder at every start. Of bytes that are handed to it libVLC would read 16 MiB ahead,
+    // anew for each seek, and long after a card is gone.
+    QByteArrayList options = {"--no-xlib",
+                              "--quiet",
+                              "--no-video-title-show",
+                              "--no-osd",
+                              "--no-sub-autodetect-file",
+                              "--file-caching=150",
+                              "--prefetch-buffer-size=1024",
+                              "--prefetch-read-size=65536"};
     options += shared.extraOptions;
     std::vector<const char*> arguments;
     for (const QByteArray& option : std::as_const(options))
@@ -152,8 +158,56 @@ struct VlcSession::Callbacks
     static void display(void* opaque, void* /*picture*/)
     {
         VlcSession& self = session(opaque);
-        if (self.m_frames.publish())
+        const VlcDisplay display{std::chrono::steady_clock::now(), fingerprint(self.m_frames.beginWriting())};
+        const bool isNews = self.m_frames.publish();
+        {
+            const std::scoped_lock lock(self.m_displayMutex);
+            self.m_lastDisplay = display;
+        }
+        if (isNews)
             self.m_report({VlcEvent::Kind::Frame, 0});
+    }
+
+    /// Of every eighth line's brightness.
+    static std::uint64_t fingerprint(const VideoFrame& frame)
+    {
+        const VideoFrame::Plane& plane = frame.planes().front();
+        std::uint64_t sum = 14'695'981'039'346'656'037U; // FNV-1a, eight bytes at a time
+        for (int line = 0; line < frame.size().height(); line += 8) {
+            const uchar* pixels = plane.pixels + static_cast<std::ptrdiff_t>(line) * plane.pitch;
+            for (int x = 0; x + 8 <= frame.size().width(); x += 8) {
+                std::uint64_t eight = 0;
+                std::memcpy(&eight, pixels + x, sizeof eight);
+                sum = (sum ^ eight) * 1'099'511'628'211U;
+            }
+        }
+        return sum;
+    }
+
+    static int openBytes(void* opaque, void** data, std::uint64_t* size)
+    {
+        VlcSession& self = session(opaque);
+        *data = opaque;
+        *size = self.m_bytes.sizeBytes;
+        self.m_readAt = 0;
+        return 0;
+    }
+
+    static ssize_t readBytes(void* opaque, unsigned char* into, std::size_t size)
+    {
+        VlcSession& self = session(opaque);
+        const std::size_t count =
+            self.m_bytes.source->readAt(self.m_readAt, std::as_writable_bytes(std::span(into, size)));
+        if (count == 0 && size > 0 && self.m_readAt < self.m_bytes.sizeBytes)
+            return -1;
+        self.m_readAt += count;
+        return static_cast<ssize_t>(count);
+    }
+
+    static int seekBytes(void* opaque, std::uint64_t offset)
+    {
+        session(opaque).m_readAt = offset;
+        return 0;
     }
 
     static void event(const libvlc_event_t* event, void* opaque)
@@ -173,6 +227,10 @@ struct VlcSession::Callbacks
         case libvlc_MediaPlayerLengthChanged:
             return self.m_report(
                 {VlcEvent::Kind::LengthChanged, event->u.media_player_length_changed.new_length});
+        case libvlc_MediaPlayerBuffering:
+            if (event->u.media_player_buffering.new_cache >= 100)
+                self.m_report({VlcEvent::Kind::Buffered, 0});
+            return;
         case libvlc_MediaPlayerAudioDevice:
             return self.m_report({VlcEvent::Kind::AudioDevice, 0});
         default:
@@ -194,12 +252,21 @@ VlcSession::VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matri
     : m_instance(std::move(instance)), m_matrix(matrix), m_report(std::move(report))
 {}
 
-std::unique_ptr<VlcSession> VlcSession::create(std::shared_ptr<VlcInstance> instance, const std::string& path,
+std::unique_ptr<VlcSession> VlcSession::create(std::shared_ptr<VlcInstance> instance,
+                                               const std::variant<std::string, VlcBytes>& pathOrBytes,
                                                const QByteArrayList& mediaOptions, ColourMatrix matrix,
                                                Report report)
 {
     std::unique_ptr<VlcSession> session(new VlcSession(std::move(instance), matrix, std::move(report)));
-    session->m_media.reset(libvlc_media_new_path(session->m_instance->get(), path.c_str()));
+    libvlc_instance_t* library = session->m_instance->get();
+    if (const VlcBytes* bytes = std::get_if<VlcBytes>(&pathOrBytes)) {
+        session->m_bytes = *bytes;
+        session->m_media.reset(libvlc_media_new_callbacks(library, &Callbacks::openBytes,
+                                                          &Callbacks::readBytes, &Callbacks::seekBytes,
+                                                          nullptr, session.get()));
+    } else {
+        session->m_media.reset(libvlc_media_new_path(library, std::get<std::string>(pathOrBytes).c_str()));
+    }
     if (!session->m_media)
         return nullptr;
     for (const QByteArray& option : mediaOptions)
@@ -247,6 +314,12 @@ void VlcSession::setVolume(int percent, bool muted)
 {
     libvlc_audio_set_mute(m_player.get(), muted ? 1 : 0);
     libvlc_audio_set_volume(m_player.get(), percent);
+}
+
+VlcDisplay VlcSession::lastDisplay() const
+{
+    const std::scoped_lock lock(m_displayMutex);
+    return m_lastDisplay;
 }
 
 int VlcSession::audioTrackCount() const

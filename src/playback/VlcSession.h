@@ -3,14 +3,18 @@
 #pragma once
 
 #include "playback/FrameExchange.h"
+#include "support/ByteSource.h"
 
 #include <QByteArrayList>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <variant>
 
 struct libvlc_instance_t;
 struct libvlc_media_player_t;
@@ -44,9 +48,35 @@ private:
 /// What happened in a session: plain values, to be passed on to another thread.
 struct VlcEvent
 {
-    enum class Kind { Playing, Paused, EndReached, Error, TimeChanged, LengthChanged, AudioDevice, Frame };
+    enum class Kind {
+        Playing,
+        Paused,
+        EndReached,
+        Error,
+        TimeChanged,
+        LengthChanged,
+        AudioDevice,
+        Frame,
+        Buffered ///< enough has been read after a start or a seek for pictures to come
+    };
     Kind kind = Kind::Frame;
     std::int64_t valueMs = 0; ///< of TimeChanged and LengthChanged
+    std::chrono::steady_clock::time_point at = std::chrono::steady_clock::now();
+};
+
+/// Bytes that libVLC reads as it would a file, on threads of its own, one read at a time. Where fewer come
+/// than the size promises it takes the medium for broken.
+struct VlcBytes
+{
+    std::shared_ptr<ByteSource> source;
+    std::uint64_t sizeBytes = 0;
+};
+
+/// The picture that was shown last.
+struct VlcDisplay
+{
+    std::chrono::steady_clock::time_point at{};
+    std::uint64_t fingerprint = 0; ///< differs between pictures that do
 };
 
 /// One start of one file in a libVLC player of its own.
@@ -61,7 +91,8 @@ public:
     using Report = std::function<void(const VlcEvent&)>;
 
     /// Null when libVLC refuses. Media options are written as ":demux=avi".
-    static std::unique_ptr<VlcSession> create(std::shared_ptr<VlcInstance> instance, const std::string& path,
+    static std::unique_ptr<VlcSession> create(std::shared_ptr<VlcInstance> instance,
+                                              const std::variant<std::string, VlcBytes>& pathOrBytes,
                                               const QByteArrayList& mediaOptions, ColourMatrix matrix,
                                               Report report);
     ~VlcSession();
@@ -79,6 +110,8 @@ public:
     /// Gives the sound up if its output could not be opened since the session was made.
     void dropSoundIfFailed();
     FrameExchange& frames() { return m_frames; }
+    /// From any thread. libVLC shows a picture again and again while it rests in pause.
+    VlcDisplay lastDisplay() const;
 
 private:
     VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matrix, Report report);
@@ -98,6 +131,10 @@ private:
     ColourMatrix m_matrix;
     Report m_report;
     FrameExchange m_frames;
+    mutable std::mutex m_displayMutex;
+    VlcDisplay m_lastDisplay;
+    VlcBytes m_bytes;
+    std::uint64_t m_readAt = 0; ///< in the bytes
     int m_soundFailuresBefore = 0;
     std::unique_ptr<libvlc_media_t, MediaRelease> m_media;
     std::unique_ptr<libvlc_media_player_t, PlayerRelease> m_player;
