@@ -13,9 +13,8 @@ namespace marvo::cli {
 
 namespace {
 
-constexpr const Command* commands[] = {&inspectCommand,  &nmeaCommand, &listCommand,
-                                       &settingsCommand, &logCommand,  &archiveCommand,
-                                       &demoCommand};
+constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand,    &listCommand,  &settingsCommand,
+                                       &logCommand,     &archiveCommand, &trackCommand, &demoCommand};
 
 void say(const Command& command, std::string_view message, std::string_view hint)
 {

@@ -239,6 +239,8 @@ bool MRVBlackBoxData::readGpsRecord(BlockReader& reader, std::uint32_t& budget)
         reader.advance(1);
         ++counted;
     }
+    if (m_fixListener)
+        m_fixListener(*header);
     pair(*header);
     budget -= counted;
     return true;

@@ -46,6 +46,11 @@ public:
     using SentenceListener = std::function<void(std::string_view sentence)>;
     void setSentenceListener(SentenceListener listener) { m_sentenceListener = std::move(listener); }
 
+    /// Tells somebody else of every GPS record, behind its sentences and before it is paired with readings: its
+    /// first sample will be entry m_vGpsData().size(). On the walk's thread; clear() keeps the listener.
+    using FixListener = std::function<void(const _AVI_GPS_DATA_T& header)>;
+    void setFixListener(FixListener listener) { m_fixListener = std::move(listener); }
+
     /// Splits a text into sentences and feeds them to the parser; one entry of m_NMEAs for each that starts
     /// with "$G" and is ended by CR, LF or 0. True unless the text is empty.
     bool ParseNMEA(std::string_view text);
@@ -90,6 +95,7 @@ private:
 
     MRVNMEASentenceParser m_parser;
     SentenceListener m_sentenceListener;
+    FixListener m_fixListener;
     std::vector<std::shared_ptr<const MRVGpsData>> m_snapshots;
     std::vector<MRVGSensor> m_gSensors;
     std::vector<std::int32_t> m_times;

@@ -47,4 +47,10 @@ DecimalPosition decimalPosition(const _AVI_GPS_DATA_T& sample, Hemispheres hemis
             .longitude = nmeaToDegrees(hemispheres.west ? -longitude : longitude)};
 }
 
+bool isOnEarth(DecimalPosition position)
+{
+    return std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180 &&
+           (position.latitude != 0 || position.longitude != 0);
+}
+
 } // namespace marvo

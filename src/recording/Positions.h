@@ -43,4 +43,8 @@ struct DecimalPosition
 /// Where a GPS sample lies: the magnitudes of its own numbers, the signs of the hemispheres.
 DecimalPosition decimalPosition(const _AVI_GPS_DATA_T& sample, Hemispheres hemispheres);
 
+/// False outside the earth's degrees, for what is no number, and for the 0/0 that a receiver without a fix
+/// writes.
+bool isOnEarth(DecimalPosition position);
+
 } // namespace marvo

@@ -10,12 +10,6 @@ namespace marvo {
 
 namespace {
 
-bool isOnEarth(DecimalPosition position)
-{
-    return std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180 &&
-           (position.latitude != 0 || position.longitude != 0);
-}
-
 /// The span of all times seen, in a type that the difference of any two of them fits.
 class TimeSpan
 {
