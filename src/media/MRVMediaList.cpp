@@ -2,16 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "media/MRVMediaList.h"
 
-#include <chrono>
 #include <utility>
 
 namespace marvo {
-
-namespace {
-
-constexpr auto progressInterval = std::chrono::milliseconds(100);
-
-} // namespace
 
 void MRVMediaList::setDirectoryPath(const std::string& path)
 {
@@ -19,11 +12,11 @@ void MRVMediaList::setDirectoryPath(const std::string& path)
     if (path.empty())
         return;
     m_scan.start(
-        [this, path](const LatestRun& run) {
+        [this, path, interval = m_progressInterval](const LatestRun& run) {
             auto lastProgress = std::chrono::steady_clock::now();
             const auto onFound = [&](std::size_t found) {
                 const auto now = std::chrono::steady_clock::now();
-                if (now - lastProgress < progressInterval)
+                if (now - lastProgress < interval)
                     return;
                 lastProgress = now;
                 run.post([this, found] { Q_EMIT scanProgress(static_cast<qint64>(found)); });

@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <system_error>
@@ -37,8 +38,11 @@ public:
     /// Why the list's folder could not be read, or not to its end; no error otherwise.
     std::error_code folderError() const { return m_folderError; }
 
+    /// The shortest time between two scanProgress() of the scans to come; usually 0.1 s.
+    void setProgressInterval(std::chrono::milliseconds interval) { m_progressInterval = interval; }
+
 Q_SIGNALS:
-    /// Number of recordings that the running scan has found so far; at most a few times a second.
+    /// Number of recordings that the running scan has found so far.
     void scanProgress(qint64 found);
     /// Once at the end of each scan, after the new list has been published; main thread.
     void mediaListChanged();
@@ -49,6 +53,7 @@ private:
     std::vector<MRVMedia> m_medias;
     std::error_code m_folderError;
     std::string m_directoryPath;
+    std::chrono::milliseconds m_progressInterval{100};
     Latest<MediaScan> m_scan{this};
 };
 

@@ -180,14 +180,20 @@ std::vector<MRVMedia> sortedByDate(std::deque<MRVMedia> medias)
     struct Place
     {
         MRVMedia::DateOrder date;
+        int direction; ///< front before rear
         std::size_t index;
-        auto operator<=>(const Place&) const = default;
     };
     std::vector<Place> order;
     order.reserve(medias.size());
     for (std::size_t i = 0; i < medias.size(); ++i)
-        order.push_back({medias[i].dateOrder(), i});
-    std::ranges::sort(order);
+        order.push_back({medias[i].dateOrder(), mediaDirection(medias[i].path()), i});
+    std::ranges::sort(order, [&](const Place& a, const Place& b) {
+        if (const auto byDate = a.date <=> b.date; byDate != 0)
+            return byDate < 0;
+        if (a.direction != b.direction)
+            return a.direction < b.direction;
+        return medias[a.index].path() < medias[b.index].path();
+    });
     std::vector<MRVMedia> sorted;
     sorted.reserve(medias.size());
     for (const Place& place : order)

@@ -25,7 +25,7 @@ std::optional<MRVMedia> createMediaByPath(std::string_view path);
 /// The result of a scan.
 struct MediaScan
 {
-    std::vector<MRVMedia> medias; ///< sorted by compareDate; equal ones in the order of the walk
+    std::vector<MRVMedia> medias; ///< sorted by compareDate; of equal ones front before rear, then by path
     std::error_code folderError;  ///< why the folder itself could not be read, or not to its end
 };
 

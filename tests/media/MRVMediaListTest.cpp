@@ -56,12 +56,19 @@ TEST_F(MediaList, publishesASortedListOnceOnTheMainThread)
         EXPECT_FALSE(list.isScanning());
         EXPECT_EQ(list.count(), 2);
     });
+    std::vector<qint64> progress;
+    QObject::connect(&list, &MRVMediaList::scanProgress, [&](qint64 found) {
+        EXPECT_TRUE(list.isScanning());
+        progress.push_back(found);
+    });
+    list.setProgressInterval({});
     list.setDirectoryPath(folder.path());
     EXPECT_TRUE(list.isScanning());
     EXPECT_EQ(list.count(), 0);
     ASSERT_TRUE(waitFor([&] { return changed > 0; }));
     settle();
     EXPECT_EQ(changed, 1);
+    EXPECT_EQ(progress, (std::vector<qint64>{1, 2}));
     ASSERT_NE(list.mediaAtIndex(0), nullptr);
     EXPECT_EQ(list.mediaAtIndex(0)->yyyymmddhhmiss(), "20130526134402");
     EXPECT_EQ(list.mediaAtIndex(2), nullptr);

@@ -60,15 +60,17 @@ TEST(MediaScan, listsAllFoldersSortedTogether)
                             "\377\376/alwa_20140526_13\303502.avi"));
 }
 
-TEST(MediaScan, keepsTheWalkOrderOfEqualRecords)
+TEST(MediaScan, ordersEqualRecordsByCameraAndPath)
 {
     const TemporaryFolder folder;
-    for (const char* name : {"abcd", "efgh", "ijkl", "mnop", "qrst", "uvwx"})
-        folder.write(std::string(name) + "_20130526_134502.avi");
-    std::vector<std::string> walk;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
-        walk.push_back(entry.path().filename().string());
-    EXPECT_EQ(listed(folder), walk);
+    for (const char* name : {"b/alwa_20130526_134502", "a/alwa_20130526_134502", "c/alwa_20130526_134502"})
+        for (const char* camera : {"_R", "", "_F"})
+            folder.write(name + std::string(camera) + ".avi");
+    std::vector<std::string> expected;
+    for (const char* camera : {"_F", "_R", ""})
+        for (const char* name : {"a", "b", "c"})
+            expected.push_back(name + std::string("/alwa_20130526_134502") + camera + ".avi");
+    EXPECT_EQ(listed(folder), expected);
 }
 
 TEST(MediaScan, namesDecideWhatIsARecordingNotTheFilesBehindThem)
