@@ -35,7 +35,8 @@ extern const Command demoCommand;     ///< DemoCommand.cpp
 ExitCode wrongUsage(const Command& command, std::string_view message);
 /// Prints "marvo-cli NAME: MESSAGE" to stderr; returns Failed.
 ExitCode failed(const Command& command, std::string_view message);
-/// Writes the text to stdout at once; false when stdout does not take it (a full disk, a closed pipe).
+/// Writes the text to stdout at once; false when that fails (a full disk). Ends the process by SIGPIPE when
+/// nobody reads stdout any more.
 bool writeOut(std::string_view text);
 
 } // namespace marvo::cli

@@ -22,7 +22,7 @@ constexpr std::string_view usage =
     "\n"
     "Reads the camera's data area of one AVI recording. Without --json it prints a summary: duration,\n"
     "samples, first and last fix (decimal degrees, north and east positive), distance, top speed and the\n"
-    "strongest G-sensor reading.\n"
+    "strongest G-sensor reading. Times count from the first sample.\n"
     "\n"
     "  --json     print everything that was read as one JSON document: file, result, m_GSensors (g),\n"
     "             m_vGSensorData, m_vGpsData and m_NMEAs. result is false when there is no data area or\n"
@@ -140,41 +140,54 @@ bool writeDocument(const std::string& file, const Inspected& inspected)
     return output.finish();
 }
 
-std::string secondsText(std::int64_t timestampMs)
+/// The summary's samples as text, their times counted from the first sample.
+class SampleTexts
 {
-    return readableNumber(static_cast<double>(timestampMs) / 1000, 1) + " s";
-}
+public:
+    explicit SampleTexts(const RecordingSummary& summary) : m_summary(summary) {}
 
-std::string fixText(const std::optional<RecordingSummary::Fix>& fix)
-{
-    if (!fix)
-        return "none";
-    return readableNumber(fix->position.latitude, 6) + ", " + readableNumber(fix->position.longitude, 6) +
-           " at " + secondsText(fix->timestampMs);
-}
+    std::string fix(const std::optional<RecordingSummary::Fix>& fix) const
+    {
+        if (!fix)
+            return "none";
+        return readableNumber(fix->position.latitude, 6) + ", " + readableNumber(fix->position.longitude, 6) +
+               at(fix->timestampMs);
+    }
 
-std::string speedText(const std::optional<RecordingSummary::Speed>& top)
-{
-    if (!top)
-        return "none";
-    const bool isCharacter = top->KM >= 0x20 && top->KM < 0x7F;
-    const std::string marker =
-        isCharacter ? std::string{'\'', static_cast<char>(top->KM), '\''} : std::to_string(unsigned{top->KM});
-    return readableNumber(top->speed, 1) + " at " + secondsText(top->timestampMs) +
-           ", in the camera's own unit (marker byte " + marker + ")";
-}
+    std::string topSpeed() const
+    {
+        const auto& top = m_summary.topSpeed;
+        if (!top)
+            return "none";
+        const bool isCharacter = top->KM >= 0x20 && top->KM < 0x7F;
+        const std::string marker = isCharacter ? std::string{'\'', static_cast<char>(top->KM), '\''}
+                                               : std::to_string(unsigned{top->KM});
+        return readableNumber(top->speed, 1) + at(top->timestampMs) +
+               ", in the camera's own unit (marker byte " + marker + ")";
+    }
 
-std::string readingText(const std::optional<RecordingSummary::Reading>& strongest)
-{
-    if (!strongest)
-        return "none";
-    const auto axis = [](const char* name, float value) {
-        return name + readableSignedNumber(static_cast<double>(value), 2);
-    };
-    return readableNumber(strongest->magnitude, 2) + " g at " + secondsText(strongest->timestampMs) + " (" +
-           axis("X=", strongest->axes.x) + " " + axis("Y=", strongest->axes.y) + " " +
-           axis("Z=", strongest->axes.z) + ")";
-}
+    std::string strongestReading() const
+    {
+        const auto& strongest = m_summary.strongestReading;
+        if (!strongest)
+            return "none";
+        const auto axis = [](const char* name, float value) {
+            return name + readableSignedNumber(static_cast<double>(value), 2);
+        };
+        return readableNumber(strongest->magnitude, 2) + " g" + at(strongest->timestampMs) + " (" +
+               axis("X=", strongest->axes.x) + " " + axis("Y=", strongest->axes.y) + " " +
+               axis("Z=", strongest->axes.z) + ")";
+    }
+
+private:
+    std::string at(std::int64_t timestampMs) const
+    {
+        const double sinceBegin = static_cast<double>(timestampMs) - m_summary.beginMs;
+        return " at " + readableNumber(sinceBegin / 1000, 1) + " s";
+    }
+
+    const RecordingSummary& m_summary;
+};
 
 std::string dataAreaText(bool result, const MRVBlackBoxData& recording)
 {
@@ -200,6 +213,7 @@ std::string summaryText(const std::string& file, const Inspected& inspected)
 {
     const MRVBlackBoxData& recording = inspected.recording;
     const RecordingSummary summary = summarise(recording, inspected.snapshots());
+    const SampleTexts texts(summary);
     const auto line = [](std::string_view name, const std::string& value) {
         std::string text(name);
         text.append(name.size() < 20 ? 20 - name.size() : 1, ' ');
@@ -214,10 +228,9 @@ std::string summaryText(const std::string& file, const Inspected& inspected)
            line("GPS samples", count(recording.m_vGpsData())) +
            line("NMEA sentences", count(recording.m_NMEAs())) +
            (inspected.dialect ? line("Dialect", dialectText(*inspected.dialect)) : std::string()) +
-           line("First fix", fixText(summary.firstFix)) + line("Last fix", fixText(summary.lastFix)) +
+           line("First fix", texts.fix(summary.firstFix)) + line("Last fix", texts.fix(summary.lastFix)) +
            line("Distance", readableNumber(summary.distanceMetres / 1000, 3) + " km") +
-           line("Top speed", speedText(summary.topSpeed)) +
-           line("Strongest reading", readingText(summary.strongestReading));
+           line("Top speed", texts.topSpeed()) + line("Strongest reading", texts.strongestReading());
 }
 
 ExitCode run(const Arguments& words)

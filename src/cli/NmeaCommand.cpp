@@ -103,6 +103,16 @@ std::string timeText(const _SYSTEMTIME& time)
     return text;
 }
 
+std::string positionText(const MRVGpsData& state)
+{
+    if (state.Latitude == 0 && state.Longitude == 0)
+        return "none"; // no sentence told one, or the receiver had no fix
+    const double latitude = nmeaToDegrees(state.Latitude);
+    const double longitude = nmeaToDegrees(state.Longitude);
+    return readableNumber(state.NS == 'N' ? latitude : -latitude, 6) + ", " +
+           readableNumber(state.EW == 'E' ? longitude : -longitude, 6);
+}
+
 template <typename Parser>
 std::string summaryText(ByteSource& source)
 {
@@ -130,13 +140,10 @@ std::string summaryText(ByteSource& source)
         return readableNumber(knots, 1) + " knots (" + readableNumber(knots * kilometresPerHour, 1) +
                " km/h)";
     };
-    const double latitude = nmeaToDegrees(last.Latitude);
-    const double longitude = nmeaToDegrees(last.Longitude);
     return line("Sentences", std::to_string(sentences)) + line("Accepted", std::to_string(acceptedCount)) +
            line("First time", timeText(firstTime)) + line("Last time", timeText(last.Now)) +
-           line("Last position", readableNumber(last.NS == 'N' ? latitude : -latitude, 6) + ", " +
-                                     readableNumber(last.EW == 'E' ? longitude : -longitude, 6)) +
-           line("Last speed", speed(last.SpeedOverGround)) + line("Top speed", speed(topKnots)) +
+           line("Last position", positionText(last)) + line("Last speed", speed(last.SpeedOverGround)) +
+           line("Top speed", speed(topKnots)) +
            line("Last course", readableNumber(last.CourseOverGround, 1) + " degrees") +
            line("Satellites", std::to_string(last.SatelliteUsedCount) + " used, " +
                                   std::to_string(last.SatelliteCount) + " in view") +

@@ -4,6 +4,7 @@
 #include "support/PrintableText.h"
 #include "support/Termination.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <new>
@@ -82,14 +83,21 @@ ExitCode failed(const Command& command, std::string_view message)
 
 bool writeOut(std::string_view text)
 {
-    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+    if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0)
+        return true;
+    if (errno == EPIPE) {
+        // A reader that has seen enough, such as head, is no failure: end as other tools do.
+        std::signal(SIGPIPE, SIG_DFL);
+        std::raise(SIGPIPE);
+    }
+    return false;
 }
 
 } // namespace marvo::cli
 
 int main(int argc, char** argv)
 {
-    // A closed reader (head, less) is a failed write and does not end the process.
+    // Only stdout's reader may end the process, see writeOut(); any other closed pipe is a failed write.
     std::signal(SIGPIPE, SIG_IGN);
     marvo::cleanUpOnTermination();
     try {

@@ -20,6 +20,7 @@ public:
         m_earliest = std::min(m_earliest, time);
         m_latest = std::max(m_latest, time);
     }
+    double beginMs() const { return std::isfinite(m_earliest) ? m_earliest : 0; }
     std::optional<double> seconds() const
     {
         return m_latest >= m_earliest ? std::optional((m_latest - m_earliest) / 1000) : std::nullopt;
@@ -80,6 +81,7 @@ RecordingSummary summarise(const MRVBlackBoxData& recording,
         summary.lastFix = fix;
     }
     summary.durationSeconds = span.seconds();
+    summary.beginMs = span.beginMs();
     return summary;
 }
 

@@ -34,6 +34,7 @@ struct RecordingSummary
     };
 
     std::optional<double> durationSeconds; ///< from the earliest to the latest time of any sample
+    double beginMs = 0;                    ///< the earliest time of any sample
     std::optional<Fix> firstFix;
     std::optional<Fix> lastFix;
     double distanceMetres = 0; ///< along the great circles from fix to fix

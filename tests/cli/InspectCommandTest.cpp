@@ -1,14 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "cli/RunCli.h"
+#include "recording/MRVNMEASentenceParser.h"
 #include "recording/RecordingBytes.h"
 #include "TemporaryFolder.h"
 
 #include <fstream>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <random>
 
 namespace marvo {
 namespace {
@@ -16,6 +19,8 @@ namespace {
 using test::Bytes;
 using test::CliRun;
 using test::runCli;
+using testing::AllOf;
+using testing::HasSubstr;
 
 const std::string rmc = "$GPRMC,123519.000,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 const std::string gga = "$GPGGA,123519,4807.038,S,01131.000,\xC2\xB5,1,08,1e39,545.4,M,46.9,M,,*47\r\n";
@@ -83,7 +88,7 @@ TEST_F(Cli, InspectWritesEverythingThatWasRead)
 TEST_F(Cli, InspectSumsUpInWords)
 {
     const CliRun result =
-        runCli({"inspect", file(avi(Bytes().reading(0, 512).longGps(0, gga).reading(1500)))});
+        runCli({"inspect", file(avi(Bytes().reading(9000, 512).longGps(9000, gga).reading(10500)))});
     EXPECT_EQ(result.exitCode, 0);
     for (const char* line :
          {"Camera data         complete\n", "Duration of data    1.5 s\n", "G-sensor readings   2\n",
@@ -147,7 +152,57 @@ TEST_F(Cli, NmeaTellsOfEachSentence)
     const CliRun summary = runCli({"nmea", "--", path});
     EXPECT_TRUE(summary.output.starts_with("Sentences           5\nAccepted            3\n"))
         << summary.output;
+    const std::string south = "$GPGGA,,3723.2475,S,12158.5,W,1,08*\r" + rmc;
+    EXPECT_THAT(runCli({"nmea", file(south)}).output,
+                AllOf(HasSubstr("Last position       -37.387459, -121.975000\n"),
+                      HasSubstr("Top speed           22.4 knots (41.5 km/h)\n")));
+    EXPECT_THAT(runCli({"nmea", file(rmc)}).output, HasSubstr("Last position       none\n"));
     EXPECT_EQ(runCli({"nmea", "-", "--json"}).output, "{\"accepted\":[],\"snapshots\":[]}\n");
+}
+
+TEST_F(Cli, WritesEachOfManyStatesAsTheParserHasIt)
+{
+    // Each sentence changes little of the state before it; the first satellite message is out of turn.
+    std::mt19937 random(7);
+    const auto digit = [&] { return std::to_string(random() % 10); };
+    std::string text = "$GPGSV,4,3,09,01,,,11*\r";
+    Bytes area;
+    MRVNMEASentenceParser parser;
+    QJsonArray expected;
+    for (int i = 0; i < 3000; ++i) {
+        const std::string choices[] = {"$GPRMC,12351" + digit() + ".000,A,,,,,1,2,230394*\r",
+                                       "$GPRMC,123510.000,A,,,,," + digit() + ",2,230394*\r",
+                                       "$GPGGA,,480" + digit() + ",N,1,E,1,08,1*\r",
+                                       "$GPGGA,,4800,S,1" + digit() + ",W,1,0" + digit() + ",1*\r",
+                                       "$GPGSA,A,3,0" + digit() + ",,,,,,,,,,,,1,1," + digit() + "*\r",
+                                       "$GPGSV,2," + std::to_string(random() % 3 + 1) + ",09,0" + digit() +
+                                           ",,,4" + digit() + "*\r"};
+        text += choices[random() % std::size(choices)];
+    }
+    MRVNMEASentenceParser::setSatelliteListState({});
+    std::size_t begin = 0;
+    for (std::size_t end = 0; (end = text.find('\r', begin)) != std::string::npos; begin = end + 1) {
+        area.longGps(0, text.substr(begin, end + 1 - begin));
+        parser.parse(text.substr(begin, end - begin));
+        const MRVGpsData& s = parser.m_Current();
+        expected.append(QJsonArray{s.Now.wSecond, s.Latitude, s.Longitude, s.SpeedOverGround, s.VDOP,
+                                   s.SVonChannel[0].second, s.SVonChannel[1].first, s.SatelliteUsed[0],
+                                   int(s.SatelliteUsedCount), QString(QLatin1Char(s.NS))});
+    }
+    const std::string sentences = file(text);
+    const QJsonObject nmea = object(runCli({"nmea", "--json", sentences}));
+    EXPECT_EQ(nmea[QStringLiteral("accepted")].toArray().size(), expected.size());
+    const QJsonObject inspected = object(runCli({"inspect", "--json", file(avi(area))}));
+    for (const QJsonValue& list : {nmea[QStringLiteral("snapshots")], inspected[QStringLiteral("m_NMEAs")]}) {
+        QJsonArray read;
+        for (const QJsonValue& state : list.toArray()) {
+            const auto at = [&](const char* name) { return state[QLatin1String(name)]; };
+            read.append(QJsonArray{at("Now")[6], at("Latitude"), at("Longitude"), at("SpeedOverGround"),
+                                   at("VDOP"), at("SVonChannel")[0][1], at("SVonChannel")[1][0],
+                                   at("SatelliteUsed")[0], at("SatelliteUsedCount"), at("NS")});
+        }
+        EXPECT_TRUE(read == expected);
+    }
 }
 
 TEST_F(Cli, ReadsTheDialectOnlyWhenAskedTo)
@@ -175,6 +230,9 @@ TEST_F(Cli, ReadsTheDialectOnlyWhenAskedTo)
               std::string::npos);
     EXPECT_FALSE(
         object(runCli({"inspect", "--dialect", "--json", mixed}))[QStringLiteral("dialect")].toBool(true));
+    const std::string none = file(avi(Bytes().reading(0)));
+    EXPECT_FALSE(
+        object(runCli({"inspect", "--dialect", "--json", none}))[QStringLiteral("dialect")].toBool(true));
     const std::string sentences = file(gc + rmc + ga);
     const QJsonObject read = object(runCli({"nmea", "--json", "--dialect", sentences}));
     EXPECT_EQ(compact(read[QStringLiteral("accepted")]), "[[true,false,true]]");

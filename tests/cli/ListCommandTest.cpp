@@ -89,7 +89,29 @@ TEST(ListCommand, tellsWhatIsWrong)
         EXPECT_THAT(run.errors, HasSubstr(error));
         EXPECT_EQ(run.output, "");
     }
-    EXPECT_EQ(runCli({"list", folder.path()}, {.outputPath = "/dev/full", .fileSizeLimit = {}}).exitCode, 1);
+    EXPECT_EQ(runCli({"list", folder.path()}, {.outputPath = "/dev/full"}).exitCode, 1);
+}
+
+TEST(ListCommand, writesLongListsWholeAndEndsWithItsReader)
+{
+    const TemporaryFolder folder;
+    constexpr int count = 600;
+    for (int i = 0; i < count; ++i)
+        folder.write("alwa_20130526_13" + std::to_string(1000 + i) + "_F.avi");
+    const auto document =
+        QJsonDocument::fromJson(QByteArray::fromStdString(runCli({"list", folder.path(), "--json"}).output));
+    EXPECT_EQ(document.array().size(), count);
+    const std::string table = runCli({"list", folder.path()}).output;
+    EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), count + 1);
+
+    const CliRun headless = runCli({"list", folder.path()}, {.nobodyReads = true});
+    EXPECT_EQ(headless.exitCode, 128 + SIGPIPE);
+    EXPECT_EQ(headless.errors, "");
+
+    const CliRun cut = runCli({"list", folder.path()}, {.preload = FAILING_FOLDER});
+    EXPECT_EQ(cut.exitCode, 1);
+    EXPECT_THAT(cut.errors, HasSubstr("Input/output error"));
+    EXPECT_GE(std::count(cut.output.begin(), cut.output.end(), '\n'), 1 + 8);
 }
 
 } // namespace

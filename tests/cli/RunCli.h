@@ -11,6 +11,7 @@
 
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ namespace marvo::test {
 /// What a run of marvo-cli left behind.
 struct CliRun
 {
-    int exitCode = -1; ///< -1 when it did not end by itself
+    int exitCode = -1; ///< 128 and the number of the signal that ended it
     std::string output;
     std::string errors;
 };
@@ -34,6 +35,8 @@ struct CliOptions
     std::optional<std::string> pipedInput = std::nullopt;
     std::optional<std::string> outputPath = std::nullopt;
     std::optional<rlim_t> fileSizeLimit = std::nullopt;
+    bool nobodyReads = false; ///< stdout is a pipe whose reader has gone
+    std::string preload = {}; ///< a library whose functions stand in for the system's
 };
 
 inline CliRun runCli(const std::vector<std::string>& words, const CliOptions& options = {})
@@ -59,6 +62,15 @@ inline CliRun runCli(const std::vector<std::string>& words, const CliOptions& op
     if (child == 0) {
         ::dup2(options.pipedInput ? pipe[0] : ::open(options.inputPath.c_str(), O_RDONLY), 0);
         ::dup2(::open(output.c_str(), O_WRONLY | O_CREAT, 0600), 1);
+        std::array<int, 2> closed{-1, -1};
+        if (options.nobodyReads && ::pipe(closed.data()) == 0) {
+            ::close(closed[0]);
+            ::dup2(closed[1], 1);
+        }
+        if (!options.preload.empty()) {
+            ::setenv("LD_PRELOAD", options.preload.c_str(), 1);
+            ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
+        }
         ::dup2(::open(errors.c_str(), O_WRONLY | O_CREAT, 0600), 2);
         if (options.fileSizeLimit) {
             const rlimit limit{.rlim_cur = *options.fileSizeLimit, .rlim_max = *options.fileSizeLimit};
@@ -71,7 +83,7 @@ inline CliRun runCli(const std::vector<std::string>& words, const CliOptions& op
     ::close(pipe[0]);
     int status = 0;
     ::waitpid(child, &status, 0);
-    return {.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+    return {.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
             .output = options.outputPath ? std::string() : folder.read("output"),
             .errors = folder.read("errors")};
 }

@@ -4,6 +4,7 @@
 #include "recording/PlainWalk.h"
 #include "recording/RecordingBytes.h"
 #include "support/ByteSource.h"
+#include "support/LogLines.h"
 
 #include <algorithm>
 #include <fstream>
@@ -259,7 +260,9 @@ TEST(WalkTwice, StartsAfresh)
     EXPECT_TRUE(walk(recording, avi(readings({0}).longGps(0, "$GP*1\r"))));
     EXPECT_EQ(*recording.m_NMEAs().back(), MRVGpsData());
     EXPECT_EQ(recording.m_vGpsData().size(), 1U);
+    const test::LogLines log;
     EXPECT_FALSE(recording.ExtractStreamInformation("/nowhere/to.avi"));
+    EXPECT_EQ(log.lines(), std::vector<std::string>{std::string(29, '#') + "   START"});
     EXPECT_TRUE(recording.m_NMEAs().empty());
     EXPECT_TRUE(recording.m_GSensors().empty());
 }

@@ -77,6 +77,7 @@ TEST_F(Parser, FillsTheChannelsOverACycleOfGsv)
     EXPECT_EQ(state().SVonChannel[4], _PAIR());
     for (const int number : {2, 3, 4})
         EXPECT_TRUE(parser.parse(message(number, 4)));
+    EXPECT_FALSE(parser.parse(message(4, 4))) << "not the next one either";
     EXPECT_EQ(state().SatelliteCount, 15U);
     EXPECT_EQ(state().SVonChannel[0], (_PAIR{10, 1}));
     EXPECT_EQ(state().SVonChannel[11], (_PAIR{33, 6}));

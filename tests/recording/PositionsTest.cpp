@@ -83,8 +83,9 @@ test::Bytes gpsAt(test::Bytes bytes, std::int64_t time, double latitude, double 
 TEST(Summary, LeavesOutWhatIsNoPlaceAndNoNumber)
 {
     test::Bytes area;
-    const std::pair<double, double> places[] = {{0, 0},    {3730, 12700},     {nan, 12700},
-                                                {9500, 0}, {1e300, infinity}, {3731, 12700}};
+    const std::pair<double, double> places[] = {{0, 0},     {3730, 12700},     {nan, 12700},
+                                                {9500, 0},  {1e300, infinity}, {3731, 12700},
+                                                {0, 12700}, {3731, 0}};
     std::int64_t time = 0;
     for (const auto& [latitude, longitude] : places) {
         area.reading(time, 0, time == 300 ? -512 : 0, 256);
@@ -96,11 +97,16 @@ TEST(Summary, LeavesOutWhatIsNoPlaceAndNoNumber)
     MRVBlackBoxData recording;
     ASSERT_TRUE(recording.ExtractStreamInformation(source));
     const RecordingSummary summary = summarise(recording);
-    EXPECT_EQ(summary.durationSeconds, 0.5);
+    EXPECT_EQ(summary.durationSeconds, 0.7);
+    EXPECT_EQ(summary.beginMs, 0);
     EXPECT_NEAR(summary.firstFix->position.latitude, 37.5, 1e-9);
-    EXPECT_EQ(summary.lastFix->timestampMs, 500);
-    EXPECT_NEAR(summary.distanceMetres, 111'195.0 / 60, 0.1);
-    EXPECT_EQ(summary.topSpeed->speed, 50);
+    EXPECT_EQ(summary.lastFix->timestampMs, 700);
+    const DecimalPosition way[] = {{37.5, 127}, {37 + 31 / 60.0, 127}, {0, 127}, {37 + 31 / 60.0, 0}};
+    double distance = 0;
+    for (std::size_t i = 1; i < std::size(way); ++i)
+        distance += distanceMetres(way[i - 1], way[i]);
+    EXPECT_NEAR(summary.distanceMetres, distance, 0.1);
+    EXPECT_EQ(summary.topSpeed->speed, 70);
     EXPECT_EQ(summary.topSpeed->KM, '9');
     EXPECT_EQ(summary.strongestReading->timestampMs, 300);
     EXPECT_NEAR(summary.strongestReading->magnitude, std::sqrt(5.0), 1e-9);
