@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -14,101 +15,273 @@ namespace marvo {
 
 namespace {
 
-std::uint32_t u32(const std::uint8_t* p)
+// A chunk is an id of four bytes, a 32-bit size (little-endian), the body, and a padding byte when the size
+// is odd. A "LIST" or "RIFF" body starts with four bytes that name its kind.
+//
+//   RIFF "AVI "
+//     LIST "hdrl"
+//       LIST "strl"   a stream, numbered from 0
+//         strh        0 fccType  20 dwScale  24 dwRate  32 dwLength  44 dwSampleSize
+//         strf
+//     LIST "movi"
+//       00dc, 01wb .. a chunk of stream 0, 1 ..
+//       LIST "rec "   more of them
+//     idx1            16 bytes a chunk: 0 id  4 flags  8 offset from the word "movi"  12 size
+//   RIFF "AVIX"       further parts of large films
+//     LIST "movi"
+
+constexpr std::uint64_t HeadBytes = 8;
+constexpr std::uint64_t ListHeadBytes = 12;
+constexpr std::size_t LargestHeaderList = 1024 * 1024;
+constexpr std::size_t IndexRowBytes = 16;
+constexpr std::uint32_t KeyFlag = 0x10;
+constexpr int MostTopLevelChunks = 4096;
+/// 24 hours of 60 pictures and as many pieces of sound a second.
+constexpr std::size_t MostChunks = 12'000'000;
+constexpr std::uint8_t NoStream = 0xFF;
+/// A picture's kind is told within so many bytes: what stands before it tells of the film.
+constexpr std::size_t PictureStartBytes = 96;
+
+using Bytes = std::span<const std::uint8_t>;
+
+std::uint32_t u32(Bytes bytes, std::size_t at)
 {
-    return p[0] | std::uint32_t{p[1]} << 8 | std::uint32_t{p[2]} << 16 | std::uint32_t{p[3]} << 24;
+    return bytes[at] | std::uint32_t{bytes[at + 1]} << 8 | std::uint32_t{bytes[at + 2]} << 16 |
+           std::uint32_t{bytes[at + 3]} << 24;
 }
 
-bool is(const std::uint8_t* p, std::string_view id) { return std::memcmp(p, id.data(), id.size()) == 0; }
-
-std::size_t readBytes(FileSource& file, std::uint64_t at, std::span<std::uint8_t> into)
+bool hasId(Bytes bytes, std::size_t at, std::string_view id)
 {
-    return file.readAt(at, std::as_writable_bytes(into));
+    return at + id.size() <= bytes.size() && std::memcmp(bytes.data() + at, id.data(), id.size()) == 0;
 }
 
-void readStreams(std::span<const std::uint8_t> body, ClipIndex& index)
+/// The stream of a chunk's id, such as 1 of "01wb".
+std::uint8_t streamOf(Bytes id)
 {
-    while (body.size() >= 8) {
-        const std::size_t size = std::min<std::size_t>(u32(body.data() + 4), body.size() - 8);
-        const auto content = body.subspan(8, size);
-        if (is(body.data(), "LIST") && size >= 4 && is(content.data(), "strl")) {
-            index.streams.emplace_back();
-            readStreams(content.subspan(4), index);
-        } else if (is(body.data(), "strh") && size >= 48 && !index.streams.empty()) {
-            ClipStream& stream = index.streams.back();
-            stream.kind = is(content.data(), "vids")   ? ClipStream::Kind::Video
-                          : is(content.data(), "auds") ? ClipStream::Kind::Sound
-                                                       : ClipStream::Kind::Other;
-            stream.scale = u32(content.data() + 20);
-            stream.rate = u32(content.data() + 24);
-            stream.sampleSize = u32(content.data() + 44);
-        } else if (is(body.data(), "strf") && !index.streams.empty()) {
-            index.streams.back().format.assign(content.begin(), content.end());
-        }
-        body = body.subspan(std::min(body.size(), 8 + size + (size & 1U)));
-    }
+    const auto isDigit = [](std::uint8_t c) { return c >= '0' && c <= '9'; };
+    return isDigit(id[0]) && isDigit(id[1]) ? static_cast<std::uint8_t>((id[0] - '0') * 10 + id[1] - '0')
+                                            : NoStream;
 }
 
-bool isPictureKey(FileSource& file, std::uint64_t at, std::uint32_t size)
+/// A JPEG picture, or one of H.264 that begins with a sequence's parameters or is an "instantaneous decoding
+/// refresh" (ITU-T H.264, table 7-1).
+bool isKeyPicture(Bytes start)
 {
-    std::array<std::uint8_t, 64> start{};
-    const std::size_t count = readBytes(file, at, std::span(start).first(std::min<std::size_t>(64, size)));
-    if (count > 2 && start[0] == 0xFF && start[1] == 0xD8)
+    if (start.size() > 2 && start[0] == 0xFF && start[1] == 0xD8)
         return true;
-    for (std::size_t i = 0; i + 3 < count; ++i) {
-        if (start[i] == 0 && start[i + 1] == 0 && start[i + 2] == 1 &&
-            ((start[i + 3] & 31) == 5 || (start[i + 3] & 31) == 7))
+    for (std::size_t i = 0; i + 3 < start.size(); ++i) {
+        const int unit = start[i + 3] & 0x1F;
+        if (start[i] == 0 && start[i + 1] == 0 && start[i + 2] == 1 && (unit == 5 || unit == 7))
             return true;
     }
     return false;
 }
 
+class IndexReader
+{
+public:
+    IndexReader(ByteSource& file, std::uint64_t fileBytes) : m_file(file), m_fileBytes(fileBytes) {}
+    ClipIndex read();
+
+private:
+    struct Part
+    {
+        std::uint64_t at; ///< of its first chunk
+        std::uint64_t end;
+    };
+    Bytes readAt(std::uint64_t at, std::span<std::uint8_t> into);
+    void findParts();
+    void readHeader(Bytes list, int depth);
+    bool readIndexChunk();
+    void goThrough(const Part& part);
+    void checkKeys();
+    std::size_t pictures() const;
+
+    ByteSource& m_file;
+    std::uint64_t m_fileBytes;
+    ClipIndex m_index;
+    std::uint64_t m_picturesTold = 0; ///< by the header
+    std::optional<std::uint8_t> m_video;
+    std::vector<Part> m_movie;
+    std::optional<Part> m_indexChunk;
+};
+
+Bytes IndexReader::readAt(std::uint64_t at, std::span<std::uint8_t> into)
+{
+    return into.first(m_file.readAt(at, std::as_writable_bytes(into)));
+}
+
+void IndexReader::readHeader(Bytes list, int depth)
+{
+    while (list.size() >= HeadBytes) {
+        const std::size_t size = std::min<std::size_t>(u32(list, 4), list.size() - HeadBytes);
+        const Bytes body = list.subspan(HeadBytes, size);
+        if (hasId(list, 0, "LIST") && hasId(body, 0, "strl") && depth == 0 &&
+            m_index.streams.size() < NoStream) {
+            m_index.streams.emplace_back();
+            readHeader(body.subspan(4), depth + 1);
+        } else if (hasId(list, 0, "strh") && size >= 48 && depth == 1) {
+            ClipStream& stream = m_index.streams.back();
+            stream.kind = hasId(body, 0, "vids")   ? ClipStream::Kind::Video
+                          : hasId(body, 0, "auds") ? ClipStream::Kind::Sound
+                                                   : ClipStream::Kind::Other;
+            stream.scale = u32(body, 20);
+            stream.rate = u32(body, 24);
+            stream.sampleSize = u32(body, 44);
+            if (stream.kind == ClipStream::Kind::Video && !m_video) {
+                m_video = static_cast<std::uint8_t>(m_index.streams.size() - 1);
+                m_picturesTold = u32(body, 32);
+            }
+        } else if (hasId(list, 0, "strf") && depth == 1) {
+            m_index.streams.back().format.assign(body.begin(), body.end());
+        }
+        list = list.subspan(std::min(list.size(), HeadBytes + size + (size & 1U)));
+    }
+}
+
+void IndexReader::findParts()
+{
+    std::uint64_t at = 0;
+    for (int i = 0; i < MostTopLevelChunks && at + HeadBytes <= m_fileBytes; ++i) {
+        std::array<std::uint8_t, ListHeadBytes> buffer{};
+        const Bytes head = readAt(at, buffer);
+        if (head.size() < HeadBytes || (i == 0 && !(hasId(head, 0, "RIFF") && hasId(head, 8, "AVI "))))
+            return;
+        const std::uint64_t size = u32(head, 4);
+        const std::uint64_t end = std::min(at + HeadBytes + size, m_fileBytes);
+        if (hasId(head, 0, "RIFF")) { // its chunks follow
+            at += ListHeadBytes;
+            continue;
+        }
+        if (hasId(head, 0, "LIST") && hasId(head, 8, "movi")) {
+            m_movie.push_back({at + ListHeadBytes, end});
+        } else if (hasId(head, 0, "LIST") && hasId(head, 8, "hdrl") && m_index.streams.empty() &&
+                   end > at + ListHeadBytes) {
+            std::vector<std::uint8_t> list(
+                std::min<std::uint64_t>(end - at - ListHeadBytes, LargestHeaderList));
+            readHeader(readAt(at + ListHeadBytes, list), 0);
+        } else if (hasId(head, 0, "idx1") && !m_indexChunk) {
+            m_indexChunk = Part{at + HeadBytes, end};
+        }
+        at += HeadBytes + size + (size & 1U);
+    }
+}
+
+std::size_t IndexReader::pictures() const
+{
+    return static_cast<std::size_t>(std::ranges::count(m_index.chunks, m_video, &ClipChunk::stream));
+}
+
+/// False where the index does not fit the film.
+bool IndexReader::readIndexChunk()
+{
+    if (!m_indexChunk || m_movie.size() != 1)
+        return false;
+    const std::size_t rows =
+        std::min<std::size_t>((m_indexChunk->end - m_indexChunk->at) / IndexRowBytes, MostChunks);
+    std::vector<std::uint8_t> buffer(rows * IndexRowBytes);
+    const Bytes bytes = readAt(m_indexChunk->at, buffer);
+    if (bytes.size() < buffer.size() || rows == 0)
+        return false;
+    // Some writers count from the beginning of the file.
+    std::uint64_t base = m_movie.front().at - 4;
+    std::array<std::uint8_t, 4> id{};
+    const Bytes first = bytes.first(4);
+    if (!std::ranges::equal(readAt(base + u32(bytes, 8), id), first)) {
+        base = 0;
+        if (!std::ranges::equal(readAt(base + u32(bytes, 8), id), first))
+            return false;
+    }
+    for (std::size_t row = 0; row < bytes.size(); row += IndexRowBytes) {
+        const ClipChunk chunk{base + u32(bytes, row + 8) + HeadBytes, u32(bytes, row + 12),
+                              streamOf(bytes.subspan(row)), (u32(bytes, row + 4) & KeyFlag) != 0};
+        if (chunk.offset + chunk.size > m_fileBytes)
+            return false;
+        m_index.chunks.push_back(chunk);
+    }
+    return m_picturesTold == 0 || pictures() == m_picturesTold;
+}
+
+void IndexReader::goThrough(const Part& part)
+{
+    std::uint64_t at = part.at;
+    while (at + HeadBytes <= part.end && m_index.chunks.size() < MostChunks) {
+        std::array<std::uint8_t, HeadBytes + PictureStartBytes> buffer{};
+        const Bytes bytes = readAt(at, buffer);
+        if (bytes.size() < HeadBytes)
+            return;
+        const std::uint64_t size = u32(bytes, 4);
+        if (hasId(bytes, 0, "LIST") && hasId(bytes, 8, "rec ")) {
+            at += ListHeadBytes;
+            continue;
+        }
+        if (at + HeadBytes + size > m_fileBytes)
+            return; // cut off
+        const std::uint8_t stream = streamOf(bytes);
+        if (stream < m_index.streams.size()) {
+            const Bytes start = bytes.subspan(HeadBytes);
+            m_index.chunks.push_back(
+                {at + HeadBytes, static_cast<std::uint32_t>(size), stream,
+                 stream != m_video || isKeyPicture(start.first(std::min<std::size_t>(
+                                          start.size(), static_cast<std::size_t>(size))))});
+        }
+        at += HeadBytes + size + (size & 1U);
+    }
+}
+
+/// Some cameras mark every picture as a key picture, or none.
+void IndexReader::checkKeys()
+{
+    std::size_t keys = 0;
+    std::size_t others = 0;
+    for (const ClipChunk& chunk : m_index.chunks) {
+        if (chunk.stream == m_video && chunk.size > 0)
+            ++(chunk.isKey ? keys : others);
+    }
+    if ((keys > 0 && others > 0) || keys + others < 2)
+        return;
+    std::array<std::uint8_t, PictureStartBytes> buffer{};
+    const auto isKey = [&](const ClipChunk& chunk) {
+        return isKeyPicture(
+            readAt(chunk.offset, std::span(buffer).first(std::min<std::size_t>(chunk.size, buffer.size()))));
+    };
+    std::size_t seen = 0;
+    for (ClipChunk& chunk : m_index.chunks) {
+        if (chunk.stream != m_video || chunk.size == 0)
+            continue;
+        const bool isOne = isKey(chunk);
+        if (++seen == 2 && keys > 0 && isOne)
+            return; // as with motion JPEG
+        chunk.isKey = isOne;
+    }
+}
+
+ClipIndex IndexReader::read()
+{
+    findParts();
+    if (!m_video)
+        return {};
+    if (!readIndexChunk()) {
+        m_index.chunks.clear();
+        for (const Part& part : m_movie)
+            goThrough(part);
+        return std::move(m_index);
+    }
+    checkKeys();
+    return std::move(m_index);
+}
+
 } // namespace
+
+ClipIndex readClipIndex(ByteSource& file, std::uint64_t fileBytes)
+{
+    return IndexReader(file, fileBytes).read();
+}
 
 ClipIndex readClipIndex(const std::string& path)
 {
-    ClipIndex index;
     FileSource file(path);
-    std::uint64_t at = 12;
-    std::uint64_t moviAt = 0;
-    std::uint64_t moviEnd = 0;
-    std::array<std::uint8_t, 12> head{};
-    if (readBytes(file, 0, head) != 12 || !is(head.data(), "RIFF") || !is(head.data() + 8, "AVI "))
-        return {};
-    while (readBytes(file, at, head) >= 8) {
-        const std::uint64_t size = u32(head.data() + 4);
-        if (is(head.data(), "LIST") && is(head.data() + 8, "hdrl")) {
-            std::vector<std::uint8_t> body(std::min<std::uint64_t>(size, 1 << 20));
-            body.resize(readBytes(file, at + 12, body));
-            readStreams(body, index);
-        } else if (is(head.data(), "LIST") && is(head.data() + 8, "movi")) {
-            moviAt = at + 8;
-            moviEnd = std::min<std::uint64_t>(at + 8 + size, file.size());
-        } else if (is(head.data(), "idx1")) {
-            std::vector<std::uint8_t> rows(std::min<std::uint64_t>(size, file.size() - at - 8));
-            rows.resize(readBytes(file, at + 8, rows) / 16 * 16);
-            for (std::size_t i = 0; i < rows.size(); i += 16) {
-                const std::uint8_t* row = rows.data() + i;
-                index.chunks.push_back({moviAt + u32(row + 8) + 8, u32(row + 12),
-                                        static_cast<std::uint8_t>((row[0] - '0') * 10 + row[1] - '0'),
-                                        (row[4] & 0x10) != 0});
-            }
-        }
-        at += 8 + size + (size & 1U);
-    }
-    if (!index.chunks.empty() || moviAt == 0)
-        return index;
-    for (at = moviAt + 4; at + 8 <= moviEnd;) {
-        if (readBytes(file, at, head) < 8)
-            break;
-        const std::uint32_t size = u32(head.data() + 4);
-        if (head[0] >= '0' && head[0] <= '9' && at + 8 + size <= file.size()) {
-            const auto stream = static_cast<std::uint8_t>((head[0] - '0') * 10 + head[1] - '0');
-            index.chunks.push_back({at + 8, size, stream, isPictureKey(file, at + 8, size)});
-        }
-        at += 8 + std::uint64_t{size} + (size & 1U);
-    }
-    return index;
+    return file.isOpen() ? readClipIndex(file, file.size()) : ClipIndex();
 }
 
 } // namespace marvo

@@ -26,14 +26,23 @@ CameraPlayer::~CameraPlayer() = default;
 
 void CameraPlayer::setView(VideoView* view) { m_view = view; }
 
-void CameraPlayer::setFilms(Films films, double speed, FilmSession::Sound sound)
+void CameraPlayer::setFilms(Films films, double speed, FilmSession::Sound sound, Former former)
 {
+    Aside aside;
+    if (former == Former::PutAside && m_current && m_current->state() != FilmSession::State::Broken) {
+        m_current->disconnect(this);
+        m_current->show(static_cast<std::int64_t>(m_current->filmMs()));
+        aside = {std::move(m_films), m_speed, std::move(m_current)};
+    }
+    std::swap(aside, m_aside);
     m_current.reset();
     m_next.reset();
     m_joinAtMs.reset();
     m_films = std::move(films);
     m_speed = speed;
     m_sound = sound;
+    if (aside.session && aside.films == m_films && aside.speed == speed)
+        begin(std::move(aside.session));
 }
 
 std::unique_ptr<FilmSession> CameraPlayer::open(std::shared_ptr<const VirtualFilm> film, std::int64_t driveMs)
@@ -41,19 +50,26 @@ std::unique_ptr<FilmSession> CameraPlayer::open(std::shared_ptr<const VirtualFil
     const std::int64_t filmMs = film->toFilmMs(driveMs);
     auto session = std::make_unique<FilmSession>(std::move(film), filmMs, m_speed, m_sound, m_workers);
     session->setVolume(m_volume, m_isMuted);
-    connect(session.get(), &FilmSession::broke, this,
-            [this, opened = session.get()](const std::optional<FilmFault>& fault) {
+    listenForFaults(*session);
+    return session;
+}
+
+void CameraPlayer::listenForFaults(FilmSession& session)
+{
+    connect(&session, &FilmSession::broke, this,
+            [this, opened = &session](const std::optional<FilmFault>& fault) {
                 const VirtualFilm& broken = opened->film();
                 const auto atMs = static_cast<std::int64_t>(opened->filmMs());
                 const VirtualFilm::Clip& clip = broken.clips()[fault ? fault->clip : broken.clipAt(atMs)];
                 Q_EMIT broke(clip.path, fault ? fault->errorNumber : 0);
             });
-    return session;
 }
 
 void CameraPlayer::begin(std::unique_ptr<FilmSession> session)
 {
     m_current = std::move(session);
+    m_current->disconnect(this);
+    listenForFaults(*m_current);
     connect(m_current.get(), &FilmSession::pictureCame, this, &CameraPlayer::showPicture);
     connect(m_current.get(), &FilmSession::resting, this, &CameraPlayer::settled);
 }

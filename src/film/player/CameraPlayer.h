@@ -31,8 +31,10 @@ public:
 
     /// The view is not owned and may go first.
     void setView(VideoView* view);
-    /// In the order of time, to be played at a speed. What was playing is left.
-    void setFilms(Films films, double speed, FilmSession::Sound sound);
+    /// In the order of time, to be played at a speed. What was playing is left; put aside, it is there at
+    /// once when the same films are given again.
+    enum class Former { PutAside, Ended };
+    void setFilms(Films films, double speed, FilmSession::Sound sound, Former former = Former::Ended);
 
     /// Rests on the picture shown at a time, or on nothing where there is no film; settled() tells when it is
     /// there.
@@ -68,6 +70,7 @@ Q_SIGNALS:
 private:
     std::unique_ptr<FilmSession> open(std::shared_ptr<const VirtualFilm> film, std::int64_t driveMs);
     void begin(std::unique_ptr<FilmSession> session);
+    void listenForFaults(FilmSession& session);
     void showPicture();
     void clearView();
     void prepareNext(double driveMs);
@@ -77,6 +80,13 @@ private:
     Films m_films;
     FilmSession::Sound m_sound = FilmSession::Sound::None;
     std::unique_ptr<FilmSession> m_current;
+    struct Aside
+    {
+        Films films;
+        double speed = 1;
+        std::unique_ptr<FilmSession> session;
+    };
+    Aside m_aside;
     std::unique_ptr<FilmSession> m_next;    ///< stands ready at its beginning
     std::optional<std::int64_t> m_joinAtMs; ///< when the current one, which rests, is to run
     double m_speed = 1;

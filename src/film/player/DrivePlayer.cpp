@@ -126,10 +126,11 @@ void DrivePlayer::adopt(DriveFilm drive)
 /// Films of the rate that is wanted now. At rest every picture can be shown.
 void DrivePlayer::giveFilms()
 {
-    m_filmRate = m_rate;
-    if (!m_isWantedPlaying && m_rate > FastestWholeRate)
-        m_filmRate = 1;
-    const bool isFast = m_filmRate > FastestWholeRate;
+    const bool wasFast = m_filmRate > FastestWholeRate;
+    const bool isFast = m_isWantedPlaying && m_rate > FastestWholeRate;
+    if (!isFast && m_rate <= FastestWholeRate)
+        m_wholeRate = m_rate;
+    m_filmRate = isFast ? m_rate : m_wholeRate;
     for (const Camera camera : {FrontCamera, RearCamera}) {
         CameraPlayer::Films films = m_drive.films[camera];
         if (isFast || (m_isRearThinned && camera == RearCamera)) {
@@ -139,7 +140,9 @@ void DrivePlayer::giveFilms()
         // What is heard is the front's sound, or the rear's where there is no front at all.
         const bool isHeard = camera == FrontCamera || m_drive.films[FrontCamera].empty();
         m_cameras[camera].setFilms(std::move(films), m_filmRate,
-                                   isHeard && !isFast ? FilmSession::Sound::Heard : FilmSession::Sound::None);
+                                   isHeard && !isFast ? FilmSession::Sound::Heard : FilmSession::Sound::None,
+                                   isFast && !wasFast ? CameraPlayer::Former::PutAside
+                                                      : CameraPlayer::Former::Ended);
     }
 }
 

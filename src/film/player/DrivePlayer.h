@@ -142,7 +142,8 @@ private:
     std::int64_t m_timeMs = 0;
     double m_rate = 1;
     std::int64_t m_rearShiftMs = 0;
-    double m_filmRate = 1; ///< of the films that the cameras have
+    double m_filmRate = 1;  ///< of the films that the cameras have
+    double m_wholeRate = 1; ///< of those last among them that have every picture
     std::array<std::optional<std::size_t>, CameraCount> m_recordings;
 
     StepKeeper m_stepKeeper;
