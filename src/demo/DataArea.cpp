@@ -6,11 +6,11 @@ namespace marvo::demo {
 
 namespace {
 
-/// One record as it stands in the file, and what it counts against the size of the JUNK chunk.
+/// One record's bytes in the file, and its cost against the size of the JUNK chunk.
 ///
-/// A reader counts a G-sensor record as 24 bytes and a GPS record as its header, its text and one zero byte
-/// behind it if there is one; tags and the long trailer's seven bytes are not counted. So the records always
-/// take more bytes than they count.
+/// A reader counts 24 bytes for a G-sensor record; for a GPS record its header, its text and a zero byte that
+/// follows, if any. It does not count tags and the seven bytes of the long trailer. Records therefore take
+/// more bytes than they cost.
 struct Encoded
 {
     Bytes bytes;
@@ -28,7 +28,7 @@ Encoded encoded(const _AVI_GSENSOR_DATA_T& record)
     return out;
 }
 
-/// The text as long as is wanted: empty lines, which say nothing to a reader, fill it up.
+/// The text, padded with empty lines, which a reader ignores.
 std::string filledUp(std::string text, std::size_t more) { return text.append(more, '\n'); }
 
 enum class Trailer { Long, Short };
@@ -84,7 +84,7 @@ Encoded encoded(const DataRecord& record)
     return std::visit([](const auto& r) { return encoded(r); }, record);
 }
 
-/// The last record, so that nothing behind the area decides how it is read.
+/// The last record: what follows the area must not change how it is read.
 Encoded encodedLast(const DataRecord& record, std::size_t more)
 {
     if (const auto* gps = std::get_if<GpsRecord>(&record))

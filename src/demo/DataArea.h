@@ -20,12 +20,12 @@ struct GpsRecord
     std::string nmea; ///< at most nmeaLimit bytes for a reader to take it
 };
 
-/// What a reader holds at most is 512 bytes; the writer may add up to 6 of its own to keep readers in step.
+/// A reader holds 512 bytes; the writer may add up to 6 of its own to keep readers in step.
 inline constexpr std::size_t nmeaLimit = 506;
 
 using DataRecord = std::variant<_AVI_GSENSOR_DATA_T, GpsRecord>;
 
-/// How a reader's walk over the data area comes to its end.
+/// How a reader's walk over the data area ends.
 enum class DataAreaEnd {
     EndOfFile, ///< one chunk of its true size: the budget is not used up, the walk runs on to the file's end
     BudgetZero ///< the budget comes out at exactly 0 with the last record: two chunks, see DataArea.cpp

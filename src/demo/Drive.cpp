@@ -23,7 +23,7 @@ constexpr double sidewaysComfort = 2.6;    // m/s²
 constexpr double emergencyBraking = 8.3;   // m/s²
 constexpr double emergencySeconds = 1.4;
 
-/// The speed that one may have at each metre so that every bend and the stop are still reached at theirs.
+/// The highest speed at each metre that still allows the speed limits of every bend and of the stop.
 std::vector<double> speedLimits(const Route& route, double stop)
 {
     const auto count = static_cast<std::size_t>(std::min(stop, route.length())) + 1;
@@ -84,7 +84,7 @@ Drive::Drive()
         } else if (emergency < emergencySeconds) {
             wanted = -emergencyBraking;
         } else if (emergency < emergencySeconds + 1.6) {
-            wanted = 0.2; // the moment of fright
+            wanted = 0.2; // the driver's reaction
         }
         emergency += step;
 

@@ -28,7 +28,7 @@ _AVI_GSENSOR_DATA_T readingAt(const Drive& drive, int tenth)
     const bool running = seconds < drive.duration();
     const double shaking = running ? 0.010 + 0.0022 * motion.speed : 0.003;
     const auto noise = [&](std::uint64_t seed) { return shaking * (2 * chance(seed, tenth) - 1); };
-    // Now and then a manhole cover or a joint in the road.
+    // A manhole cover or a joint in the road.
     const bool bump = motion.speed > 4 && chance(421, static_cast<std::int64_t>(motion.distance / 9)) < 0.05;
     // The front dives when braking hard, and the body rocks back when the car has come to a stand.
     const double since = seconds - drive.brakingTime();

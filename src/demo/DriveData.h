@@ -13,16 +13,15 @@ namespace marvo::demo {
 
 inline constexpr int readingsPerSecond = 10;
 
-/// What the camera's sensor reads at a tenth of a second of the drive, in 1/256 g: x to the right, y
-/// forwards, z upwards with 1 g at rest, each with the noise of road and engine. nTimestamp is that of the
-/// drive's clock.
+/// The sensor's reading at a tenth of a second of the drive, in 1/256 g: x to the right, y forwards, z
+/// upwards with 1 g at rest, each with the noise of road and engine. nTimestamp is the drive's clock.
 _AVI_GSENSOR_DATA_T readingAt(const Drive& drive, int tenth);
 
 /// The camera's records of some seconds of the drive: for each second its readings, then the fix that the
 /// camera got for that second and stored with the second's last reading, marked KM.
 std::vector<DataRecord> driveRecords(const Drive& drive, int firstSecond, int seconds, unsigned char marker);
 
-/// Stands in the log's header, at offset 4 where readers do not look, and tells that the log is a demo's.
+/// Marks a log as a demo's: in its header at offset 4, which readers ignore.
 inline constexpr std::string_view demoLogMark = "MARVOdem";
 
 /// The driving log of the whole drive, one record every five seconds; the layout is in DriveData.cpp.

@@ -17,8 +17,8 @@ class DriveSound
 public:
     DriveSound(const Drive& drive, int rateHz);
 
-    /// Fills 16-bit samples; the first is that of sample `first` counted from the drive's start. Any stretch
-    /// sounds the same however it is cut into calls.
+    /// Fills 16-bit samples; `first` is the first one's number from the drive's start. The division into
+    /// calls does not change the sound.
     void fill(std::span<std::int16_t> samples, std::int64_t first) const;
 
 private:

@@ -75,7 +75,7 @@ int GpsReceiver::signal(std::size_t satellite, int second) const
 Fix GpsReceiver::fixAt(int second) const
 {
     Fix fix;
-    // One second of coasting into a tunnel, two more behind it to find the satellites again.
+    // The fix lasts one second into a tunnel; after it the receiver needs two seconds.
     fix.valid = (hasSight(second) || hasSight(second - 1)) && (!hasSight(second) || hasSight(second - 2));
     if (!fix.valid)
         return fix;

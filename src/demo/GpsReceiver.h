@@ -9,7 +9,7 @@
 
 namespace marvo::demo {
 
-/// What the receiver in the car knows at a full second of the drive.
+/// The receiver's data at a full second of the drive.
 struct Fix
 {
     bool valid = false; ///< false in tunnels: then there is no position, speed or course
@@ -24,8 +24,8 @@ struct Fix
 /// Degrees in the form that NMEA 0183 writes them: ddmm.mmmm, to four decimals of a minute.
 double nmeaDegrees(double degrees);
 
-/// A GPS receiver of the demo drive. It loses the fix soon after a tunnel swallows the car and needs a moment
-/// behind it to find a new one.
+/// The GPS receiver of the demo drive. It loses the fix soon after the entrance of a tunnel and finds it
+/// again shortly after the exit.
 class GpsReceiver
 {
 public:

@@ -13,8 +13,8 @@
 
 namespace marvo::demo {
 
-/// A recording or other file of the card on its way: written whole or not at all, as AtomicFile does, and it
-/// knows its size and its name. The first failure sticks: later writes do nothing, commit() tells of it.
+/// A recording or other file of the card, written whole or not at all as by AtomicFile, with its name and
+/// size. After the first failure later writes do nothing, and commit() reports it.
 class OutputFile
 {
 public:

@@ -16,8 +16,8 @@ namespace marvo::demo {
 
 enum class DataAreaPlace { BeforeMovie, AfterIndex };
 
-/// What a recording is made of. As it stands it makes a film of two seconds in which the luma of the upper
-/// left corner tells the frame: counterLuma(frame).
+/// The content of a recording. The default is a film of two seconds; the luma of its upper left corner
+/// identifies the frame: counterLuma(frame).
 struct RecordingOptions
 {
     int width = 160;  ///< 1 to 8192
@@ -43,8 +43,8 @@ struct RecordingOptions
 /// Luma of the upper left corner of the default picture, 0 to 255; repeats after 100 frames.
 constexpr int counterLuma(int frame) { return 40 + 2 * (frame % 100); }
 
-/// Writes one AVI recording; it appears under its name when it is whole. An error text or none; a stop that
-/// was asked for gives the text "stopped". The same options give the same bytes.
+/// Writes one AVI recording; it appears under its name when it is complete. Returns an error text or none; a
+/// requested stop gives "stopped". The same options give the same bytes.
 std::optional<std::string> writeRecording(const std::string& path, const RecordingOptions& options,
                                           const std::stop_token& stop = {});
 

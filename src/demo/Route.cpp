@@ -60,8 +60,7 @@ double metresPerDegreeEast()
     return metresPerDegree * std::cos(waypoints[Start].latitude * std::numbers::pi / 180);
 }
 
-/// The corners of the line, cut by averaging over some metres before and behind: wide on open road, tight
-/// where one turns at a crossing.
+/// Rounds the corners of the line by averaging over some metres: wide on the open road, tight at a crossing.
 std::vector<Place> smoothed(const std::vector<Place>& line, double crossing)
 {
     const auto count = static_cast<std::ptrdiff_t>(line.size());
@@ -115,8 +114,8 @@ void setDirections(std::vector<Place>& places)
     }
 }
 
-/// The bends that roads in a hilly town have between the points one knows by name; the boulevard behind
-/// `straightFrom` has hardly any.
+/// The bends of a hilly town's roads between the known points; the boulevard after `straightFrom` has hardly
+/// any.
 void addBends(std::vector<Place>& places, double straightFrom)
 {
     setDirections(places);

@@ -49,7 +49,7 @@ public:
 
     std::span<const Stretch> tunnels() const { return m_tunnels; }
     const Stretch* tunnelAt(double distance) const;
-    double trafficLight() const { return m_trafficLight; } ///< where one stops
+    double trafficLight() const { return m_trafficLight; } ///< where the cars stop
     double brakingPoint() const { return m_brakingPoint; } ///< where a car cuts in
 
 private:

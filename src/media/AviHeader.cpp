@@ -34,8 +34,8 @@ namespace {
 constexpr std::size_t chunkHeaderSize = 8;
 constexpr std::size_t largestHeaderList = 1024 * 1024;
 constexpr int mostTopLevelChunks = 4096;
-constexpr std::int64_t LongestDurationMs = 7LL * 24 * 3600 * 1000;
-constexpr std::int64_t LengthToleranceMs = 1500;
+constexpr std::int64_t longestDurationMs = 7LL * 24 * 3600 * 1000;
+constexpr std::int64_t lengthToleranceMs = 1500;
 
 using Bytes = std::span<const std::uint8_t>;
 
@@ -68,7 +68,7 @@ void forEachChunk(Bytes list, Visit visit)
 
 std::int64_t clampedMs(std::uint64_t milliseconds)
 {
-    return milliseconds <= LongestDurationMs ? static_cast<std::int64_t>(milliseconds) : 0;
+    return milliseconds <= longestDurationMs ? static_cast<std::int64_t>(milliseconds) : 0;
 }
 
 struct StreamList
@@ -128,7 +128,7 @@ bool parseHeaderList(Bytes body, AviHeader& header)
             if (stream.rate > 0 && stream.scale > 0) {
                 const std::uint64_t units = std::uint64_t{stream.length} * stream.scale; // below 2^64
                 const std::uint64_t wholeSeconds = units / stream.rate;
-                if (wholeSeconds <= LongestDurationMs / 1000)
+                if (wholeSeconds <= longestDurationMs / 1000)
                     header.streamDurationMs =
                         clampedMs(wholeSeconds * 1000 + units % stream.rate * 1000 / stream.rate);
             }
@@ -173,7 +173,7 @@ std::int64_t AviHeader::durationMsBeside(std::int64_t foundLengthMs) const
     if (foundLengthMs <= 0)
         return durationMs > 0 ? durationMs : streamDurationMs;
     for (const std::int64_t candidate : {durationMs, streamDurationMs}) {
-        if (candidate > foundLengthMs - LengthToleranceMs && candidate < foundLengthMs + LengthToleranceMs &&
+        if (candidate > foundLengthMs - lengthToleranceMs && candidate < foundLengthMs + lengthToleranceMs &&
             candidate > 0)
             return candidate;
     }

@@ -3,8 +3,6 @@
 #include "demo/DemoCard.h"
 #include "demo/CardReader.h"
 #include "demo/Drive.h"
-#include "demo/DriveData.h"
-#include "demo/GpsReceiver.h"
 #include "demo/Scene.h"
 #include "media/MediaScan.h"
 #include "recording/MRVBlackBoxData.h"
@@ -14,11 +12,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <set>
-#include <sstream>
 
 namespace marvo::demo {
 namespace {
@@ -136,83 +132,6 @@ TEST_F(DemoCard, settingsClockAndLogAreAsTheCameraWritesThem)
     const auto count = numberAt<std::uint32_t>(log, 0);
     ASSERT_EQ(log.size(), 12 + count * 40);
     EXPECT_GT(count, 50);
-    int withoutFix = 0;
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const std::size_t at = 12 + i * 40;
-        EXPECT_EQ(numberAt<std::uint16_t>(log, at), i + 1);
-        EXPECT_EQ(log[at + 2], 5) << "a Friday";
-        EXPECT_EQ(numberAt<std::uint8_t>(log, at + 4), 124);
-        const bool fix = log[at + 3] == 1;
-        withoutFix += fix ? 0 : 1;
-        EXPECT_EQ(numberAt<std::uint16_t>(log, at + 10),
-                  fix ? 3733 + (numberAt<std::uint16_t>(log, at + 10) == 3734) : 0);
-        EXPECT_EQ(numberAt<std::uint16_t>(log, at + 14) / 100, fix ? 126 : 0);
-        EXPECT_LT(numberAt<std::uint16_t>(log, at + 12), 10'000);
-        EXPECT_NEAR(numberAt<std::int16_t>(log, at + 36), 256, 80);
-    }
-    EXPECT_GE(withoutFix, 7);
-}
-
-TEST(Gps, sentencesAreWhatReceiversWrite)
-{
-    const Drive drive;
-    const GpsReceiver receiver(drive);
-    int without = 0;
-    for (int second = 0; second < static_cast<int>(drive.duration()) + 400; second += 3) {
-        const std::string text = receiver.sentencesAt(second);
-        SCOPED_TRACE(text);
-        ASSERT_LE(text.size(), nmeaLimit);
-        ASSERT_TRUE(text.ends_with("\r\n"));
-        const bool valid = receiver.fixAt(second).valid;
-        without += valid ? 0 : 1;
-        std::istringstream lines(text);
-        std::string kinds;
-        for (std::string line; std::getline(lines, line);) {
-            ASSERT_EQ(line.back(), '\r');
-            line.pop_back();
-            unsigned sum = 0;
-            const std::size_t star = line.find('*');
-            for (std::size_t i = 1; i < star; ++i)
-                sum ^= static_cast<unsigned char>(line[i]);
-            EXPECT_EQ(std::stoul(line.substr(star + 1), nullptr, 16), sum);
-            const std::string kind = line.substr(3, 3);
-            kinds += kind[2];
-            std::vector<std::string> fields;
-            std::istringstream parts(line.substr(0, star));
-            for (std::string field; std::getline(parts, field, ',');)
-                fields.push_back(field);
-            if (kind == "RMC") {
-                EXPECT_EQ(fields[1].size(), 10);
-                EXPECT_EQ(fields[2], valid ? "A" : "V");
-                EXPECT_EQ(fields[3].size(), valid ? 9 : 0);
-                EXPECT_EQ(fields[9], "170524");
-            } else if (kind == "GGA") {
-                EXPECT_EQ(fields[6], valid ? "1" : "0");
-                EXPECT_EQ(fields[4].size(), valid ? 10 : 0);
-            } else if (kind == "GSA") {
-                EXPECT_EQ(fields.size(), 18);
-            }
-        }
-        EXPECT_EQ(kinds, "CAAVVV");
-    }
-    EXPECT_GT(without, 12) << "two tunnels";
-    EXPECT_EQ(nmeaDegrees(37.999999999), 3800) << "sixty minutes are a degree";
-    EXPECT_NEAR(nmeaDegrees(126.9595), 12657.57, 1e-9);
-}
-
-TEST(Drive, movesAsACarCan)
-{
-    const Drive drive;
-    double before = drive.at(0).distance;
-    for (double t = 0; t < drive.duration(); t += 0.1) {
-        const Motion motion = drive.at(t);
-        EXPECT_GE(motion.distance, before);
-        EXPECT_NEAR(motion.distance - before, motion.speed * 0.1, 0.1) << t;
-        EXPECT_LT(motion.speed, 20);
-        EXPECT_LT(std::abs(motion.lateral), 3.5);
-        before = motion.distance;
-    }
-    EXPECT_EQ(drive.at(1e9).speed, 0);
 }
 
 TEST(Scene, drawsAtAnyMomentAndSize)

@@ -72,47 +72,6 @@ TEST(DataArea, keepsReadersInStepAndTheFileAnAviFile)
     }
 }
 
-TEST(Recording, headersIndexAndChunksAgree)
-{
-    const TemporaryFolder folder;
-    RecordingOptions options;
-    options.width = 150; // not a multiple of a JPEG block
-    options.height = 90;
-    options.framesPerSecond = 7; // does not divide the sound's rate
-    options.frameCount = 30;
-    ASSERT_EQ(writeRecording(folder.path("a.avi"), options), std::nullopt);
-    const std::string film = contents(folder.path("a.avi"));
-    EXPECT_EQ(numberAt<std::uint32_t>(film, 4), film.size() - 8);
-    const auto top = chunksOf(film, 12, film.size());
-    ASSERT_EQ(top.size(), 3);
-    EXPECT_EQ(top[0].id, "LISThdrl");
-    EXPECT_EQ(top[1].id, "LISTmovi");
-    EXPECT_EQ(top[2].id, "idx1");
-
-    const auto header = chunksOf(film, top[0].body + 4, top[0].body + top[0].size);
-    ASSERT_EQ(header.size(), 3);
-    EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body), 142857);
-    EXPECT_EQ(numberAt<std::uint32_t>(film, header[0].body + 16), 30);
-    const auto sound = chunksOf(film, header[2].body + 4, header[2].body + header[2].size);
-    EXPECT_EQ(film.substr(sound[0].body, 4), "auds");
-    EXPECT_EQ(numberAt<std::uint32_t>(film, sound[0].body + 32), 30 * 16000 / 7);
-
-    const auto movie = chunksOf(film, top[1].body + 4, top[1].body + top[1].size);
-    ASSERT_EQ(top[2].size, movie.size() * 16);
-    ASSERT_EQ(movie.size(), 60);
-    for (std::size_t i = 0; i < movie.size(); ++i) {
-        const std::size_t entry = top[2].body + i * 16;
-        EXPECT_EQ(film.substr(entry, 4), i % 2 == 0 ? "00dc" : "01wb");
-        EXPECT_EQ(movie[i].id, film.substr(entry, 4));
-        EXPECT_EQ(numberAt<std::uint32_t>(film, entry + 8) + top[1].body + 8, movie[i].body);
-        EXPECT_EQ(numberAt<std::uint32_t>(film, entry + 12), movie[i].size);
-        if (i % 2 == 0) {
-            EXPECT_EQ(film.substr(movie[i].body, 2), "\xFF\xD8");
-            EXPECT_EQ(film.substr(movie[i].body + movie[i].size - 2, 2), "\xFF\xD9");
-        }
-    }
-}
-
 TEST(Recording, aFailureOrAStopLeavesTheOldFile)
 {
     const TemporaryFolder folder;

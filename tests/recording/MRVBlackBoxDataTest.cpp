@@ -353,20 +353,5 @@ TEST(AtomicRecords, AreNeverSeenByHalves)
     }
 }
 
-TEST(WalksAtTheSameTime, AreNoRace)
-{
-    const std::string file =
-        avi(readings({0}).longGps(0, "$GPGSV,1,1,04,01,,,10,02,,,20,03,,,30,04,,,40*1\r"));
-    const auto many = [&file] {
-        for (int i = 0; i < 200; ++i) {
-            MRVBlackBoxData recording;
-            walk(recording, file);
-            ASSERT_EQ(recording.m_NMEAs().back()->SatelliteCount, 4U);
-        }
-    };
-    std::jthread other(many);
-    many();
-}
-
 } // namespace
 } // namespace marvo
