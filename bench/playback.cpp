@@ -22,8 +22,8 @@ using namespace marvo;
 
 namespace {
 
-constexpr int Starts = 15;
-constexpr int PlayingMs = 8000;
+constexpr int starts = 15;
+constexpr int playingMs = 8000;
 
 void waitMs(int milliseconds)
 {
@@ -68,7 +68,7 @@ int main(int argc, char** argv)
                      [](const QString& reason) { std::fprintf(stderr, "%s\n", qPrintable(reason)); });
 
     std::vector<double> startMs;
-    for (int i = 0; i < Starts; ++i) {
+    for (int i = 0; i < starts; ++i) {
         QElapsedTimer clock;
         clock.start();
         player.setMedia(argv[1]);
@@ -81,13 +81,13 @@ int main(int argc, char** argv)
     }
     std::printf("first start %.0f ms\n", startMs.front());
     std::sort(startMs.begin(), startMs.end());
-    std::printf("start to first picture: median %.0f ms, slowest %.0f ms of %d\n", startMs[Starts / 2],
-                startMs.back(), Starts);
+    std::printf("start to first picture: median %.0f ms, slowest %.0f ms of %d\n", startMs[starts / 2],
+                startMs.back(), starts);
 
     QElapsedTimer clock;
     clock.start();
     const std::clock_t before = std::clock();
-    waitMs(PlayingMs);
+    waitMs(playingMs);
     const double cpuSeconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
     std::printf("playing: %.0f %% of a core\n",
                 100 * cpuSeconds * 1000 / static_cast<double>(clock.elapsed()));

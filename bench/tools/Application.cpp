@@ -35,7 +35,7 @@ int& prepared(int& argc)
 
 Application::Application(int& argc, char** argv) : m_application(prepared(argc), argv)
 {
-    installLanguage(builtLanguage());
+    installLanguage(interfaceLanguage());
     applyAppearance(m_application);
     m_delegate = std::make_unique<MRVAppDelegate>();
     m_delegate->awakeFromNib();

@@ -46,6 +46,9 @@
     <message id="viewer.menu.playback"><source></source><translation>Playback</translation></message>
     <message id="viewer.menu.sound"><source></source><translation>Sound</translation></message>
     <message id="viewer.menu.view"><source></source><translation>View</translation></message>
+    <message id="viewer.menu.language"><source></source><translation>Language</translation></message>
+    <message id="viewer.language.desktop"><source></source><translation>As the desktop</translation></message>
+    <message id="viewer.language.nextStart"><source></source><translation>The new language holds from the next start of MARVO.</translation></message>
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>Open folder…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>Camera settings…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>Camera clock…</translation></message>

@@ -46,6 +46,9 @@
     <message id="viewer.menu.playback"><source></source><translation>재생</translation></message>
     <message id="viewer.menu.sound"><source></source><translation>소리</translation></message>
     <message id="viewer.menu.view"><source></source><translation>보기</translation></message>
+    <message id="viewer.menu.language"><source></source><translation>언어</translation></message>
+    <message id="viewer.language.desktop"><source></source><translation>데스크톱 언어</translation></message>
+    <message id="viewer.language.nextStart"><source></source><translation>새 언어는 MARVO를 다시 시작하면 적용됩니다.</translation></message>
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>폴더 열기…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>카메라 설정…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>카메라 시계…</translation></message>

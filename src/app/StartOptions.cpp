@@ -26,6 +26,14 @@ std::string absolutePath(int argc, char** argv, const QString& argument)
     return failed ? given : path.string();
 }
 
+QString languageCodes()
+{
+    QStringList codes;
+    for (const LanguageRow& row : languageRows)
+        codes << QString::fromLatin1(row.code.data(), qsizetype(row.code.size()));
+    return codes.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 StartOptions readStartOptions(int argc, char** argv)
@@ -48,7 +56,12 @@ StartOptions readStartOptions(int argc, char** argv)
     const QCommandLineOption card(QStringLiteral("card"),
                                   QStringLiteral("Take CARD, a folder, for the camera's card in a reader."),
                                   QStringLiteral("CARD"));
-    parser.addOptions({help, version, demoReport, card});
+    const QCommandLineOption language(
+        QStringLiteral("language"),
+        QStringLiteral("Show the interface in the language CODE (%1), for this start only.")
+            .arg(languageCodes()),
+        QStringLiteral("CODE"));
+    parser.addOptions({help, version, demoReport, card, language});
 
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
@@ -71,9 +84,14 @@ StartOptions readStartOptions(int argc, char** argv)
     } else if (parser.isSet(demoReport) && parser.positionalArguments().isEmpty()) {
         options.message = QStringLiteral("marvo: --demo-report needs a folder\n");
         options.messageExit = 2;
+    } else if (parser.isSet(language) && !InterfaceLanguage::ofCode(parser.value(language).toStdString())) {
+        options.message = QStringLiteral("marvo: no language %1; there are %2\n")
+                              .arg(parser.value(language), languageCodes());
+        options.messageExit = 2;
     }
     if (options.messageExit < 0) {
         options.demoReport = parser.value(demoReport);
+        options.language = InterfaceLanguage::ofCode(parser.value(language).toStdString());
         if (parser.isSet(card))
             options.card = absolutePath(argc, argv, parser.value(card));
         if (!parser.positionalArguments().isEmpty())

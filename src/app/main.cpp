@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/StartOptions.h"
 #include "app/Tour.h"
-#include "card/disks/FolderDisks.h"
-#include "card/disks/UDisks2Disks.h"
+#include "card/disks/Disks.h"
+#include "card/disks/MachineDisks.h"
 #include "controls/MessageSheet.h"
 #include "controls/PMProgressIndicatorController.h"
 #include "map/MapSurface.h"
 #include "platform/Allocation.h"
-#include "platform/UnityLauncherEntry.h"
+#include "platform/LauncherProgress.h"
 #include "settings/window/CardSettings.h"
 #include "support/Log.h"
 #include "support/Termination.h"
@@ -79,9 +79,7 @@ void openAtStart(marvo::MRVAppDelegate& delegate, const std::string& folder, boo
 /// nobody waits for, so they stay until the process is gone.
 marvo::Disks& disksFor(const marvo::StartOptions& options)
 {
-    static marvo::Disks* const disks = options.card.empty()
-                                           ? static_cast<marvo::Disks*>(new marvo::UDisks2Disks)
-                                           : new marvo::FolderDisks(options.card);
+    static marvo::Disks* const disks = marvo::machineDisks(options.card).release();
     return *disks;
 }
 
@@ -93,7 +91,7 @@ std::optional<marvo::_FILEDATA> settingsFor(const std::string& folder, marvo::Di
             return record;
     }
     const marvo::LoadedSettings loaded =
-        marvo::loadSettingFile(disks, marvo::CardNaming::Keep, marvo::builtLanguage(), {});
+        marvo::loadSettingFile(disks, marvo::CardNaming::Keep, marvo::interfaceLanguage(), {});
     return loaded.wasRead ? std::optional(loaded.record) : std::nullopt;
 }
 
@@ -120,11 +118,12 @@ int main(int argc, char** argv)
     logPrintableText();
     marvo::setLogSink(
         [](std::string_view line) { qCInfo(lcCore, "%.*s", static_cast<int>(line.size()), line.data()); });
-    marvo::installLanguage(marvo::builtLanguage());
+    if (options.language)
+        marvo::useLanguage(*options.language);
+    marvo::installLanguage(marvo::interfaceLanguage());
     marvo::applyAppearance(application);
     marvo::PMProgressIndicatorController::sharedInstance().setAnnouncer(
-        [launcher = marvo::UnityLauncherEntry(QGuiApplication::desktopFileName())](
-            std::optional<double> fraction) { launcher.showProgress(fraction); });
+        marvo::launcherProgress(QGuiApplication::desktopFileName()));
 
     marvo::Disks& disks = disksFor(options);
     marvo::MRVAppDelegate::Configuration configuration;

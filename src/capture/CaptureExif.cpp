@@ -18,7 +18,7 @@ namespace marvo {
 
 namespace {
 
-constexpr ExifByteOrder Order = EXIF_BYTE_ORDER_INTEL;
+constexpr ExifByteOrder byteOrder = EXIF_BYTE_ORDER_INTEL;
 
 struct Deleter
 {
@@ -33,7 +33,7 @@ public:
     {
         if (!m_data)
             return;
-        exif_data_set_byte_order(m_data.get(), Order);
+        exif_data_set_byte_order(m_data.get(), byteOrder);
         exif_data_set_data_type(m_data.get(), EXIF_DATA_TYPE_COMPRESSED);
         exif_data_fix(m_data.get()); // puts in what must be there
     }
@@ -53,20 +53,20 @@ public:
     void addShort(ExifIfd directory, int tag, std::uint16_t value)
     {
         if (unsigned char* data = add(directory, tag, EXIF_FORMAT_SHORT, 1, 2))
-            exif_set_short(data, Order, value);
+            exif_set_short(data, byteOrder, value);
     }
 
     void addLong(ExifIfd directory, int tag, std::uint32_t value)
     {
         if (unsigned char* data = add(directory, tag, EXIF_FORMAT_LONG, 1, 4))
-            exif_set_long(data, Order, value);
+            exif_set_long(data, byteOrder, value);
     }
 
     void addRationals(ExifIfd directory, int tag, std::span<const ExifRational> values)
     {
         unsigned char* data = add(directory, tag, EXIF_FORMAT_RATIONAL, values.size(), values.size() * 8);
         for (std::size_t i = 0; data && i < values.size(); ++i)
-            exif_set_rational(data + i * 8, Order, values[i]);
+            exif_set_rational(data + i * 8, byteOrder, values[i]);
     }
 
     /// "Exif", two zero bytes, and the block; empty without memory.

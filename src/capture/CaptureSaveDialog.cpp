@@ -15,7 +15,7 @@ namespace marvo {
 
 namespace {
 
-constexpr int LongestNameShown = 240; ///< pixels; a name has up to 255 characters, and the dialog a width
+constexpr int longestNameShown = 240; ///< pixels; a name has up to 255 characters, and the dialog a width
 
 QString startFolder()
 {
@@ -60,7 +60,7 @@ void CaptureSaveDialog::showWhetherTaken()
     const QFileInfo file(directory().absoluteFilePath(name));
     const bool isTaken = !name.isEmpty() && (file.isFile() || file.isSymLink());
     const QString shown =
-        m_takenLabel->fontMetrics().elidedText(file.fileName(), Qt::ElideMiddle, LongestNameShown);
+        m_takenLabel->fontMetrics().elidedText(file.fileName(), Qt::ElideMiddle, longestNameShown);
     m_takenLabel->setText(isTaken ? localised("capture.save.taken").arg(shown) : QString());
 }
 

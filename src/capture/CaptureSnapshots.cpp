@@ -15,7 +15,7 @@ namespace marvo {
 
 namespace {
 
-constexpr int JpegQuality = 95;
+constexpr int jpegQuality = 95;
 
 } // namespace
 
@@ -23,7 +23,7 @@ std::string encodeCapture(const QImage& picture, const CaptureFacts& facts)
 {
     QBuffer buffer;
     QImageWriter writer(&buffer, "jpg");
-    writer.setQuality(JpegQuality);
+    writer.setQuality(jpegQuality);
     if (picture.isNull() || !writer.write(picture))
         return {};
     std::string jpeg = buffer.data().toStdString();

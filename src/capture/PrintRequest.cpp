@@ -21,7 +21,7 @@ const std::string Title = "marvo_capture.jpg";
 
 /// The property under which the print engine keeps what was chosen among the printer's own options, names and
 /// values by turns. Engines without such options know no such property.
-constexpr auto PrinterOptionsKey = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+constexpr auto printerOptionsKey = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
 
 const char* sidesOf(QPrinter::DuplexMode mode)
 {
@@ -45,7 +45,7 @@ PrintRequest printRequestOf(const QPrinter& printInfo)
         request.destination = PrintRequest::Destination::File;
 
     PrintSettings& settings = request.settings;
-    const QStringList options = printInfo.printEngine()->property(PrinterOptionsKey).toStringList();
+    const QStringList options = printInfo.printEngine()->property(printerOptionsKey).toStringList();
     for (qsizetype i = 0; i + 1 < options.size(); i += 2)
         settings.setValue(options[i].toStdString(), options[i + 1].toStdString());
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "card/CardContents.h"
 
+#include "card/CardLayout.h"
 #include "card/CardRestoring.h"
 #include "media/MediaScan.h"
 
@@ -22,7 +23,7 @@ CardContents readCardContents(const std::string& root, const std::stop_token& st
     if (::statvfs(root.c_str(), &space) == 0 && space.f_blocks >= space.f_bfree)
         contents.usedBytes = std::uint64_t{space.f_blocks - space.f_bfree} * space.f_frsize;
     struct stat status = {};
-    const std::string settings = root + "/config.bin";
+    const std::string settings = root + '/' + settingsFileName;
     contents.settings = readCardSettingsFile(root);
     // Where another user has mounted the card it cannot even be asked whether there are any.
     contents.settingsUnreadable =

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "card/CardRestoring.h"
 
+#include "card/CardLayout.h"
 #include "support/AtomicFile.h"
 #include "support/FileSource.h"
 #include "support/System.h"
@@ -19,9 +20,9 @@ namespace marvo {
 
 namespace {
 
-constexpr const char* settingsName = "/config.bin";
+std::string settingsPath(const std::string& root) { return root + '/' + settingsFileName; }
+
 constexpr std::size_t mostSettingsBytes = std::size_t{64} << 10;
-constexpr std::array recordingFolders{"AlwaysMovie", "EventMovie", "MotionMovie"};
 
 /// What the system holds of a folder's file system is written out, and what it remembers of a file forgotten.
 std::error_code writeOut(const std::string& root)
@@ -31,7 +32,7 @@ std::error_code writeOut(const std::string& root)
         return systemError();
     const std::error_code error = ::syncfs(folder) == 0 ? std::error_code() : systemError();
     ::close(folder);
-    const int file = ::open((root + settingsName).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const int file = ::open(settingsPath(root).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file >= 0) {
         ::posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
         ::close(file);
@@ -45,7 +46,7 @@ std::optional<std::string> readCardSettingsFile(const std::string& root)
 {
     // A link on a card from elsewhere could put any file of this user's on the new card.
     const int descriptor =
-        ::open((root + settingsName).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+        ::open(settingsPath(root).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
     if (descriptor < 0)
         return std::nullopt;
     FileSource file(descriptor);
@@ -63,14 +64,14 @@ std::optional<std::string> keepSettings(const std::string& bytes)
     if (error)
         return std::nullopt;
     std::string folder = (temporary / "marvo-config-XXXXXX").string();
-    if (::mkdtemp(folder.data()) == nullptr || writeFileAtomically(folder + settingsName, bytes))
+    if (::mkdtemp(folder.data()) == nullptr || writeFileAtomically(settingsPath(folder), bytes))
         return std::nullopt;
-    return folder + settingsName;
+    return settingsPath(folder);
 }
 
 std::error_code restoreSettings(const std::string& root, const std::string& bytes)
 {
-    return writeFileAtomically(root + settingsName, bytes);
+    return writeFileAtomically(settingsPath(root), bytes);
 }
 
 void makeRecordingFolders(const std::string& root)
@@ -84,7 +85,7 @@ std::optional<std::string> checkCard(const std::string& root, const std::string&
     if (const std::error_code error = writeOut(root))
         return error.message();
     if (readCardSettingsFile(root) != bytes)
-        return "config.bin reads back differently";
+        return std::string(settingsFileName) + " reads back differently";
     for (const char* name : recordingFolders) {
         struct stat status = {};
         if (::lstat((root + '/' + name).c_str(), &status) != 0 || !S_ISDIR(status.st_mode))

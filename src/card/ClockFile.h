@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "card/CardLayout.h"
+
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -9,7 +11,6 @@
 namespace marvo {
 
 /// The name of the file at the card's root that the camera sets its clock from.
-inline constexpr std::string_view clockFileName = "timeset.cfg";
 
 /// A moment of the computer's local time, of the Gregorian calendar: year 1 to 9999, hours of the whole day.
 struct ClockMoment

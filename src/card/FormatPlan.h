@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "card/CardLayout.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,7 +25,7 @@ struct FormatPlan
     static constexpr std::uint32_t reservedSectors = 32;
     static constexpr std::uint32_t fatCount = 2;
     static constexpr std::uint32_t backupBootSector = 6;
-    static constexpr const char* label = "MARVO";
+    static constexpr const char* label = cardVolumeLabel;
 
     std::uint32_t totalSectors = 0;
     std::uint32_t hiddenSectors = 0; ///< before the volume on its medium

@@ -3,6 +3,7 @@
 #include "card/TKUSBDiskEntity.h"
 
 #include "card/ByteSize.h"
+#include "card/CardLayout.h"
 #include "texts/DisplayText.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ bool TKUSBDiskEntity::holdsFile(std::string_view name) const
     return stat(rootFile(name).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
-QString cardVolumeName() { return QStringLiteral("MARVO"); }
+QString cardVolumeName() { return QString::fromLatin1(cardVolumeLabel); }
 
 std::optional<TKUSBDiskEntity> findCardDiskEntity(const std::vector<TKUSBDiskEntity>& usbDiskEntities)
 {
@@ -54,7 +55,9 @@ std::optional<TKUSBDiskEntity> findCardDiskEntity(const std::vector<TKUSBDiskEnt
     const Rule isCard = [](const auto& disk) { return disk.volumeName() == cardVolumeName(); };
     const Rule isWritable = &TKUSBDiskEntity::writable;
     const std::array<Rule, 5> rules{
-        [&](const auto& disk) { return isCard(disk) && isWritable(disk) && disk.holdsFile("config.bin"); },
+        [&](const auto& disk) {
+            return isCard(disk) && isWritable(disk) && disk.holdsFile(settingsFileName);
+        },
         [&](const auto& disk) { return isCard(disk) && isWritable(disk); },
         isCard,
         isWritable,

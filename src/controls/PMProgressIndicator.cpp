@@ -153,7 +153,7 @@ void PMProgressIndicator::updateProgressText()
     if (m_estimate.update(m_progress, m_clock()))
         m_progressText->clear();
     const auto seconds = m_displayTimeRemaining ? m_estimate.remainingSeconds() : std::nullopt;
-    const QString phrase = seconds ? PMProgressIndicatorEstimate::phrase(*seconds) : QString();
+    const QString phrase = seconds ? ProgressEstimate::phrase(*seconds) : QString();
     if (m_displayPercentage && seconds)
         m_progressText->setText(localised("progress.completed_remaining").arg(percentageText(), phrase));
     else if (m_displayPercentage)

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "controls/AccessibleValue.h"
-#include "controls/PMProgressIndicatorEstimate.h"
+#include "controls/ProgressEstimate.h"
 
 #include <QBasicTimer>
 #include <QLabel>
@@ -85,8 +85,8 @@ private:
     void runAnimation();
 
     Clock m_clock;
-    PMProgressIndicatorEstimate::Progress m_progress;
-    PMProgressIndicatorEstimate m_estimate;
+    ProgressEstimate::Progress m_progress;
+    ProgressEstimate m_estimate;
     QPointer<QLabel> m_progressText;
     QBasicTimer m_ticks;
     std::chrono::steady_clock::time_point m_animationStart;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "demo/DemoCard.h"
 
+#include "card/CardLayout.h"
 #include "demo/AviWriter.h"
 #include "demo/DemoClock.h"
 #include "demo/DriveData.h"
@@ -69,9 +70,6 @@ constexpr Clip clips[] = {
 
 constexpr std::string_view demoSoftware = "MARVO demo card";
 constexpr int soundRateHz = 16'000;
-constexpr const char* settingsName = "config.bin";
-constexpr const char* clockName = "timeset.cfg";
-constexpr const char* logName = "DrvInfo/marvo_000.drv";
 
 /// A file to be written: a clip's channel.
 struct Film
@@ -128,10 +126,10 @@ std::vector<SmallFile> smallFiles(const Drive& drive)
     const CalendarTime t = localTime(0);
     const Bytes log = drivingLog(drive);
     return {
-        {settingsName, {reinterpret_cast<const char*>(record.data()), record.size()}},
-        {clockName,
+        {settingsFileName, {reinterpret_cast<const char*>(record.data()), record.size()}},
+        {clockFileName,
          printed("%04d/%02d/%02d %02d:%02d:%02d", t.year, t.month, t.day, t.hour, t.minute, t.second)},
-        {logName, {log.begin(), log.end()}},
+        {drivingLogName, {log.begin(), log.end()}},
     };
 }
 
@@ -229,7 +227,7 @@ private:
 
     std::optional<std::string> makeFolders() const
     {
-        std::vector<std::string> paths{m_folder, at("DrvInfo")};
+        std::vector<std::string> paths{m_folder, at(logFolderName)};
         for (const RecordingKind& kind : recordingKinds)
             paths.push_back(at(kind.folder));
         for (const std::string& path : paths) {
@@ -336,7 +334,7 @@ private:
     void writeSmallFiles(const std::vector<SmallFile>& files)
     {
         const std::size_t keptFilms = m_result.kept.size();
-        const bool ours = contentsOf(at(logName)).value_or("").substr(0, 12).ends_with(demoLogMark);
+        const bool ours = contentsOf(at(drivingLogName)).value_or("").substr(0, 12).ends_with(demoLogMark);
         for (const SmallFile& file : files) {
             const std::optional<std::string> present = contentsOf(at(file.name));
             if (!ours && present && *present != file.bytes)

@@ -20,7 +20,7 @@ constexpr QSize smallestSize(240, 200);
 
 MRVMapWindowController::MRVMapWindowController(QObject* parent)
     : QObject(parent),
-      m_bKorean(mapPageFor(supportLanguage()) == MapPageName::map2 ? 1 : 0),
+      m_bKorean(mapPageName() == QLatin1StringView("map2") ? 1 : 0),
       m_window(std::make_unique<QWidget>()),
       m_mapWebView(new MapView(m_window.get()))
 {
@@ -41,7 +41,7 @@ void MRVMapWindowController::windowDidLoad()
     const QRect frame = m_window->frameGeometry();
     qCInfo(logMap).noquote() << QString::asprintf("{{%d, %d}, {%d, %d}}", frame.x(), frame.y(), frame.width(),
                                                   frame.height());
-    m_mapWebView->loadPage(m_bKorean == 1 ? MapPageName::map2 : MapPageName::map2_eng);
+    m_mapWebView->loadPage(mapPageName());
 }
 
 void MRVMapWindowController::moveWindowRightBy(const QRect& rect)

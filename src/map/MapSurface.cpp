@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "map/MapSurface.h"
 
+#include "platform/Graphics.h"
+
 #include <QCoreApplication>
-#include <QDir>
 #include <QLoggingCategory>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
@@ -13,21 +14,9 @@
 #include <algorithm>
 #include <array>
 
-#include <unistd.h>
-
 namespace marvo {
 
 namespace {
-
-/// Whether the kernel knows of a graphics processor: one that the machine has need not be one that OpenGL can
-/// use, but without one OpenGL need not be asked.
-bool mayHaveGraphicsProcessor()
-{
-    // As the kernel's own drivers, NVIDIA's, and the guest of another system's kernel name theirs.
-    return !QDir(QStringLiteral("/dev/dri"), QStringLiteral("renderD*"), QDir::NoSort, QDir::System)
-                .isEmpty() ||
-           QFile::exists(QStringLiteral("/dev/nvidiactl")) || QFile::exists(QStringLiteral("/dev/dxg"));
-}
 
 /// Drivers that do without a graphics processor name themselves.
 bool isOpenGlFast()
@@ -51,7 +40,7 @@ bool isOpenGlFast()
 void prepareForMaps()
 {
     // The engine's sandbox refuses to work for the administrator, and then it would not start at all.
-    if (::geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
+    if (isAdministrator() && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     // It would tell its whole set-up at each start; QT_LOGGING_RULES still brings that back.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));

@@ -45,11 +45,6 @@ bool canRunWebEngine()
 
 } // namespace
 
-MapPageName mapPageFor(const QString& languageCode)
-{
-    return languageCode == QLatin1String("ko") ? MapPageName::map2 : MapPageName::map2_eng;
-}
-
 MapView::MapView(QWidget* parent)
     : QWidget(parent),
       m_placeholder(new QLabel(this)),
@@ -78,7 +73,7 @@ MapView::MapView(QWidget* parent)
 
 MapView::~MapView() { stopEngine(); }
 
-void MapView::loadPage(MapPageName page) { m_pageName = page; }
+void MapView::loadPage(const QString& pageName) { m_pageName = pageName; }
 
 void MapView::setLatLag(double longitude, double latitude) { m_channel.setLatLag({longitude, latitude}); }
 
@@ -106,9 +101,7 @@ void MapView::startEngine()
     m_channel.setTiles(tiles.address, tiles.attribution);
 
     MapEngineSetup setup;
-    const QString name =
-        m_pageName == MapPageName::map2 ? QStringLiteral("map2") : QStringLiteral("map2_eng");
-    setup.address = QUrl(QStringLiteral("qrc:/map/%1.htm").arg(name));
+    setup.address = QUrl(QStringLiteral("qrc:/map/%1.htm").arg(m_pageName));
     setup.background = seaColour;
     setup.mayFetch = [tiles](const QUrl& url) { return tiles.serves(url); };
     setup.loaded = [this](bool ok) { pageLoaded(ok); };

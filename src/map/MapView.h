@@ -15,12 +15,6 @@ namespace marvo {
 
 class MapEngine;
 
-/// The two language forms of the map page.
-enum class MapPageName { map2, map2_eng };
-
-/// The page for an interface language code, as SUPPORT_LANGUAGE has it: "map2" for "ko", else "map2_eng".
-MapPageName mapPageFor(const QString& languageCode);
-
 /// A map in the window: the page "map2" or "map2_eng" from the application's resources in an embedded web
 /// view.
 ///
@@ -35,8 +29,9 @@ public:
     explicit MapView(QWidget* parent = nullptr);
     ~MapView() override;
 
-    /// Which page is shown. Call it once, before the map is first shown; without it the page is "map2_eng".
-    void loadPage(MapPageName page);
+    /// Which page is shown: one of the application's resources, see mapPageName(). Call it once, before the map is
+    /// first shown; without it the page is "map2_eng".
+    void loadPage(const QString& pageName);
 
     /// Centres and marks a position, in signed decimal degrees, and draws the way there: runs
     /// "setLatLag('%lf','%lf')" in the page. The longitude comes first.
@@ -71,7 +66,7 @@ private:
     void pageLoaded(bool ok);
     void pageDied();
 
-    MapPageName m_pageName = MapPageName::map2_eng;
+    QString m_pageName = QStringLiteral("map2_eng");
     std::unique_ptr<MapEngine> m_engine;
     QLabel* m_placeholder;
     MapScriptChannel m_channel;

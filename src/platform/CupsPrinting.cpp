@@ -15,8 +15,8 @@ namespace marvo {
 
 namespace {
 
-constexpr int ConnectTimeoutMs = 15'000;
-constexpr double AnswerTimeoutSeconds = 30;
+constexpr int connectTimeoutMs = 15'000;
+constexpr double answerTimeoutSeconds = 30;
 
 struct Deleter
 {
@@ -202,11 +202,11 @@ Printing::Found CupsPrinting::printerNamed(const std::string& name)
     std::array<char, 1024> resource{};
     Connection connection(
         cupsConnectDest(destination.get(), isAddress ? CUPS_DEST_FLAGS_DEVICE : CUPS_DEST_FLAGS_NONE,
-                        ConnectTimeoutMs, &cancel, resource.data(), resource.size(), nullptr, nullptr));
+                        connectTimeoutMs, &cancel, resource.data(), resource.size(), nullptr, nullptr));
     // A printer that refused comes back as a connection that is none.
     if (!connection || httpGetFd(connection.get()) < 0)
         return {nullptr, lastError()};
-    httpSetTimeout(connection.get(), AnswerTimeoutSeconds, giveUp, nullptr);
+    httpSetTimeout(connection.get(), answerTimeoutSeconds, giveUp, nullptr);
     return {std::make_unique<CupsPrinter>(std::move(destination), std::move(connection)), 0};
 }
 

@@ -10,10 +10,10 @@ namespace marvo {
 
 namespace {
 /// Reports come every 250 ms; when they stay away much longer, the card is slow and the picture stands.
-constexpr std::int64_t LongestGuessMs = 500;
+constexpr std::int64_t longestExtrapolationMs = 500;
 /// A seek is shown within 140 ms; a report this far from its target is from before it.
-constexpr std::int64_t SeekToleranceMs = 400;
-constexpr std::int64_t LongestSeekMs = 1000;
+constexpr std::int64_t seekToleranceMs = 400;
+constexpr std::int64_t longestSeekMs = 1000;
 } // namespace
 
 void PlaybackClock::reset(const std::optional<AviHeader>& header)
@@ -51,7 +51,7 @@ void PlaybackClock::halt()
 
 void PlaybackClock::report(std::int64_t timeMs)
 {
-    if (m_isSeeking && m_sinceBase.elapsed() < LongestSeekMs && std::abs(timeMs - m_baseMs) > SeekToleranceMs)
+    if (m_isSeeking && m_sinceBase.elapsed() < longestSeekMs && std::abs(timeMs - m_baseMs) > seekToleranceMs)
         return;
     m_isSeeking = false;
     m_baseMs = clamped(timeMs);
@@ -69,7 +69,7 @@ std::int64_t PlaybackClock::timeMs() const
 {
     if (!m_isRunning || m_isSeeking)
         return m_baseMs;
-    const std::int64_t elapsedMs = std::min<std::int64_t>(m_sinceBase.elapsed(), LongestGuessMs);
+    const std::int64_t elapsedMs = std::min<std::int64_t>(m_sinceBase.elapsed(), longestExtrapolationMs);
     return clamped(m_baseMs + std::llround(static_cast<double>(elapsedMs) * static_cast<double>(m_rate)));
 }
 

@@ -22,13 +22,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(playbackLog, "marvo.playback")
 
-constexpr double EndPosition = 0.998;
-constexpr int JumpSeconds = 10;
-constexpr double JumpMs = JumpSeconds * 1000.0;
-constexpr int VolumeStep = 10;
-constexpr int LargestVolume = 200;
-constexpr double LargestSpeed = 2;
-constexpr int TimeChangesPerPosition = 3;
+constexpr double endPosition = 0.998;
+constexpr int jumpSeconds = 10;
+constexpr double jumpMs = jumpSeconds * 1000.0;
+constexpr int volumeStep = 10;
+constexpr int largestVolume = 200;
+constexpr double largestSpeed = 2;
+constexpr int timeChangesPerPosition = 3;
 
 /// "mm:ss" or "h:mm:ss" of whole seconds, truncated toward zero.
 QString timeText(std::int64_t milliseconds)
@@ -254,7 +254,7 @@ void PlaybackController::mediaPlayerTimeChanged()
         if (m_movingPosition > 0)
             m_playInfo.setPosition(m_movingPosition);
     } else {
-        m_timeChangeCount = (m_timeChangeCount + 1) % TimeChangesPerPosition;
+        m_timeChangeCount = (m_timeChangeCount + 1) % timeChangesPerPosition;
         if (m_timeChangeCount == 0)
             m_playInfo.setPosition(m_player.position());
     }
@@ -271,12 +271,12 @@ void PlaybackController::clickPlayButton()
             m_player.pause();
         return;
     }
-    if (m_player.position() < EndPosition) {
+    if (m_player.position() < endPosition) {
         m_player.play();
         return;
     }
     const double slider = m_host.positionSliderValue();
-    if (slider < EndPosition) {
+    if (slider < endPosition) {
         m_player.setTimeMs(static_cast<std::int64_t>(slider * static_cast<double>(m_player.lengthMs())));
         after(m_timings.playAfterSeekMs, [this] { m_player.play(); });
     } else if (isPlayersRow(m_mediaIndex)) {
@@ -298,7 +298,7 @@ void PlaybackController::videoPositionSliderMoved(double sliderValue)
     m_playInfo.setIsPlaying(isPlaying());
     if (m_extraction.isRunning())
         return; // it starts at its beginning
-    if (value >= EndPosition) {
+    if (value >= endPosition) {
         m_player.setTimeMs(m_player.lengthMs());
         return;
     }
@@ -330,14 +330,14 @@ void PlaybackController::jumpForward()
     if (m_moving || !m_player.hasMedia() || m_extraction.isRunning() || lengthMs <= 0)
         return;
     const float remainingSeconds = static_cast<float>(m_player.remainingTimeMs()) / 1000;
-    if (remainingSeconds > -JumpSeconds) {
+    if (remainingSeconds > -jumpSeconds) {
         m_player.setTimeMs(lengthMs);
         return;
     }
     m_moving = true;
-    m_movingPosition = std::min(m_player.position() + JumpMs / static_cast<double>(lengthMs), 1.0);
+    m_movingPosition = std::min(m_player.position() + jumpMs / static_cast<double>(lengthMs), 1.0);
     m_host.setPositionSliderValue(m_movingPosition);
-    m_player.jumpForward(JumpSeconds);
+    m_player.jumpForward(jumpSeconds);
     syncVideoPositionDelay(m_timings.seekSettledMs);
 }
 
@@ -347,7 +347,7 @@ void PlaybackController::jumpBackward()
     if (m_moving || !m_player.hasMedia() || m_extraction.isRunning() || lengthMs <= 0)
         return;
     const float seconds = static_cast<float>(m_player.timeMs()) / 1000;
-    if (seconds < JumpSeconds) {
+    if (seconds < jumpSeconds) {
         m_player.setTimeMs(0);
         m_player.setPosition(0);
         after(0, [this] {
@@ -357,7 +357,7 @@ void PlaybackController::jumpBackward()
         return;
     }
     m_moving = true;
-    const float jump = static_cast<float>(JumpMs) / static_cast<float>(lengthMs);
+    const float jump = static_cast<float>(jumpMs) / static_cast<float>(lengthMs);
     const double target = std::max(m_player.position() - static_cast<double>(jump), 0.0);
     m_movingPosition = target;
     m_player.setPosition(target);
@@ -371,7 +371,7 @@ void PlaybackController::jumpBackward()
 
 void PlaybackController::increaseSpeed()
 {
-    if (m_playInfo.speed() + 1 > LargestSpeed)
+    if (m_playInfo.speed() + 1 > largestSpeed)
         return;
     m_player.setRate(m_player.rate() + 1);
     m_playInfo.setSpeed(m_playInfo.speed() + 1);
@@ -387,13 +387,13 @@ void PlaybackController::decreaseSpeed()
 
 void PlaybackController::volumeSliderMoved(int volume) { setVolume(volume); }
 
-void PlaybackController::volumeUp() { setVolume(m_volume + VolumeStep); }
+void PlaybackController::volumeUp() { setVolume(m_volume + volumeStep); }
 
-void PlaybackController::volumeDown() { setVolume(m_volume - VolumeStep); }
+void PlaybackController::volumeDown() { setVolume(m_volume - volumeStep); }
 
 void PlaybackController::setVolume(int volume)
 {
-    const int clamped = std::clamp(volume, 0, LargestVolume);
+    const int clamped = std::clamp(volume, 0, largestVolume);
     if (clamped == m_volume)
         return;
     m_volume = clamped;
@@ -458,7 +458,7 @@ bool PlaybackController::isPlaying() const
 
 bool PlaybackController::hasAudio() const { return m_player.hasMedia() && m_player.audioTrackCount() > 0; }
 
-bool PlaybackController::isAtEnd() const { return m_player.isPaused() && m_player.position() >= EndPosition; }
+bool PlaybackController::isAtEnd() const { return m_player.isPaused() && m_player.position() >= endPosition; }
 
 /// Whether a row is the recording in the player. An index alone does not tell: the list may be another one by
 /// now than when the recording was started.

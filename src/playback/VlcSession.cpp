@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "playback/VlcSession.h"
 
-#include "playback/SoundOutput.h"
+#include "platform/SoundOutput.h"
 
 #include <vlc/vlc.h>
 

@@ -7,8 +7,8 @@
 namespace marvo {
 
 namespace {
-constexpr int StepsInMinimum = 5;
-constexpr int ScreenHeightMargin = 100;
+constexpr int stepsInMinimum = 5;
+constexpr int screenHeightMargin = 100;
 } // namespace
 
 WindowStep windowStep(int step, const QRect& screen, const QRect& window, const QSize& minimum,
@@ -18,8 +18,8 @@ WindowStep windowStep(int step, const QRect& screen, const QRect& window, const 
     if (isFullScreen)
         return {step > 0 ? Action::Nothing : Action::LeaveFullScreen, {}};
 
-    QSize size = window.size() + step * minimum / StepsInMinimum;
-    if (step > 0 && (size.width() > screen.width() || size.height() > screen.height() - ScreenHeightMargin))
+    QSize size = window.size() + step * minimum / stepsInMinimum;
+    if (step > 0 && (size.width() > screen.width() || size.height() > screen.height() - screenHeightMargin))
         return {Action::EnterFullScreen, {}};
     if (size.width() < minimum.width() || size.height() < minimum.height())
         size = minimum;

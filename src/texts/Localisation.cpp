@@ -5,28 +5,74 @@
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QSettings>
 #include <QTranslator>
 
 #include <memory>
+#include <optional>
 
 namespace marvo {
 
+namespace {
+
+const auto choiceKey = QStringLiteral("interfaceLanguage");
+constexpr const char* desktopChoice = "desktop";
+
+std::optional<InterfaceLanguage> languageOfThisStart;
+
+InterfaceLanguage desktopLanguage()
+{
+    const QString code = QLocale::system().name().section(QLatin1Char('_'), 0, 0);
+    return InterfaceLanguage::ofCode(code.toStdString()).value_or(InterfaceLanguage::English);
+}
+
+/// The user's choice, or that of this start.
+std::optional<InterfaceLanguage> chosenLanguage()
+{
+    if (languageOfThisStart)
+        return languageOfThisStart;
+    const QString choice = languageChoice();
+    if (choice == QLatin1StringView(desktopChoice))
+        return desktopLanguage();
+    return InterfaceLanguage::ofCode(choice.toStdString());
+}
+
+} // namespace
+
 QString supportLanguage() { return QStringLiteral(SUPPORT_LANGUAGE); }
 
-InterfaceLanguage builtLanguage()
+QString languageChoice() { return QSettings().value(choiceKey).toString(); }
+
+void setLanguageChoice(const QString& choice)
 {
-    const QString code = supportLanguage();
-    if (code == QLatin1StringView("ko"))
-        return InterfaceLanguage::Korean;
-    if (code == QLatin1StringView("auto") && QLocale().language() == QLocale::Korean)
-        return InterfaceLanguage::Korean;
-    return InterfaceLanguage::English;
+    QSettings preferences;
+    if (choice.isEmpty())
+        preferences.remove(choiceKey);
+    else
+        preferences.setValue(choiceKey, choice);
+}
+
+void useLanguage(InterfaceLanguage language) { languageOfThisStart = language; }
+
+InterfaceLanguage interfaceLanguage()
+{
+    if (const auto chosen = chosenLanguage())
+        return *chosen;
+    return InterfaceLanguage::ofCode(supportLanguage().toStdString()).value_or(desktopLanguage());
+}
+
+QString mapPageName()
+{
+    const auto built = InterfaceLanguage::ofCode(supportLanguage().toStdString());
+    const InterfaceLanguage language = chosenLanguage().value_or(built.value_or(InterfaceLanguage::English));
+    return QString::fromLatin1(language.row().mapPage);
 }
 
 bool installLanguage(InterfaceLanguage language)
 {
     static QTranslator* installed[2] = {};
-    const QString code = language == InterfaceLanguage::Korean ? QStringLiteral("ko") : QStringLiteral("en");
+    const QString code =
+        QString::fromLatin1(language.row().code.data(), qsizetype(language.row().code.size()));
     auto table = std::make_unique<QTranslator>(QCoreApplication::instance());
     if (!table->load(QStringLiteral(":/strings/marvo_%1.qm").arg(code)))
         return false;

@@ -71,7 +71,7 @@ CustomWindow::CustomWindow(QWidget* parent)
                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
       m_frameChange(this, "geometry"),
       m_edges(new WindowEdges(*this)),
-      m_dropHint(new QLabel(localised("hands.dropHere"), this))
+      m_dropHint(new QLabel(localised("folders.dropHere"), this))
 {
     setObjectName(QStringLiteral("window"));
     setAttribute(Qt::WA_StyledBackground);

@@ -7,6 +7,7 @@
 #include "card/clock/MRVTimeSetupController.h"
 #include "card/disks/Disks.h"
 #include "controls/FractionSlider.h"
+#include "controls/MessageSheet.h"
 #include "logs/window/DrivingLogWindow.h"
 #include "map/MapSurface.h"
 #include "map/MapView.h"
@@ -19,11 +20,12 @@
 #include "settings/window/MRVSettingController.h"
 #include "texts/PlayTimeText.h"
 #include "viewer/CustomWindow.h"
-#include "viewer/FolderHands.h"
+#include "viewer/FolderCommands.h"
 #include "viewer/folders/RecentFoldersMenu.h"
 #include "viewer/FullScreenControlBar.h"
 #include "viewer/FullScreenRest.h"
 #include "viewer/HeadBox.h"
+#include "viewer/LanguageMenu.h"
 #include "viewer/LanguagePreference.h"
 #include "viewer/list/RecordingListView.h"
 #include "viewer/MainViews.h"
@@ -52,7 +54,7 @@ namespace marvo {
 namespace {
 
 /// How long a picture that is still being saved or sent to a printer may hold up the end.
-constexpr std::chrono::seconds LongestSaving{5};
+constexpr std::chrono::seconds saveTimeout{5};
 
 } // namespace
 
@@ -126,10 +128,10 @@ void MRVAppDelegate::setupInitialValues()
     auto* rest = new FullScreenRest(*m_window, *m_views->mediaControlBoxForFullScreen);
     connect(rest, &FullScreenRest::barConcealed, m_views, &MainViews::concealControlBar);
     connect(m_views, &MainViews::videoDoubleClicked, this, &MRVAppDelegate::toggleFullScreen);
-    m_hands = std::make_unique<FolderHands>(*m_views, *m_commands, m_mediaList, *m_player1, m_playInfo,
-                                            *m_playback, m_configuration.disks);
-    connect(m_hands.get(), &FolderHands::folderWanted, this, &MRVAppDelegate::openDirectory);
-    connect(m_window.get(), &CustomWindow::windowWillClose, this, [this] { m_hands->keep(); });
+    m_folders = std::make_unique<FolderCommands>(*m_views, *m_commands, m_mediaList, *m_player1, m_playInfo,
+                                                 *m_playback, m_configuration.disks);
+    connect(m_folders.get(), &FolderCommands::folderWanted, this, &MRVAppDelegate::openDirectory);
+    connect(m_window.get(), &CustomWindow::windowWillClose, this, [this] { m_folders->keep(); });
     connect(m_window.get(), &CustomWindow::windowWillClose, m_playback.get(), &PlaybackController::stopPlay);
     if (m_configuration.disks) {
         // A recording that is open in the player would keep its card in use.
@@ -144,8 +146,7 @@ void MRVAppDelegate::setupInitialValues()
     updateSideViewButton();
     m_host->showVolume(m_playback->volume());
     m_views->video1View->hide();
-    m_views->mapWebView->loadPage(
-        m_configuration.language == InterfaceLanguage::Korean ? MapPageName::map2 : MapPageName::map2_eng);
+    m_views->mapWebView->loadPage(mapPageName());
     m_views->layoutWindow();
     RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
     list->setOpenCommand(m_commands->action(Command::OpenMediaDirectoryDialog));
@@ -158,7 +159,7 @@ void MRVAppDelegate::applicationDidFinishLaunching()
 {
     QSettings preferences;
     storeLanguagePreference(preferences);
-    m_korean = m_configuration.language == InterfaceLanguage::Korean;
+    m_korean = supportLanguage() == QLatin1StringView("ko");
 
     m_window->setFrame(minWindowFrame(m_window->screen()->availableGeometry()),
                        CustomWindow::FrameChange::AtOnce);
@@ -205,7 +206,7 @@ void MRVAppDelegate::connectPlayInfo()
         slider->setHoverText(timeAt);
     connect(m_views, &MainViews::videoWheeled, this, &MRVAppDelegate::volumeWheeled);
     connect(m_playback.get(), &PlaybackController::volumeChanged, m_views->videoNotice,
-            [this](int volume) { m_views->videoNotice->tell(localised("hands.volume").arg(volume)); });
+            [this](int volume) { m_views->videoNotice->tell(localised("folders.volume").arg(volume)); });
     connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
             &RecordingTableModel::setPlayingRow);
 }
@@ -237,6 +238,11 @@ void MRVAppDelegate::connectCommands()
     on(Command::ClickMapViewButton, this, &MRVAppDelegate::clickMapViewButton);
     on(Command::CloseWindow, this, &MRVAppDelegate::closeWindow);
     on(Command::Quit, this, &MRVAppDelegate::closeWindow);
+    auto* languages = new LanguageMenu(m_commands->menu());
+    m_commands->insertLanguages(*languages);
+    connect(languages, &LanguageMenu::languageChosen, this, [this] {
+        showMessageSheet(m_window.get(), QStringLiteral("MARVO"), localised("viewer.language.nextStart"));
+    });
     connect(m_views->headBox, &HeadBox::minimiseClicked, m_window.get(), &QWidget::showMinimized);
     connect(m_views->headBox, &HeadBox::zoomRequested, m_window.get(), &CustomWindow::toggleZoom);
 }
@@ -273,11 +279,11 @@ void MRVAppDelegate::openMediaDirectoryDialog()
     dialog->open();
 }
 
-void MRVAppDelegate::reopenLastFolder() { m_hands->reopenLastFolder(); }
+void MRVAppDelegate::reopenLastFolder() { m_folders->reopenLastFolder(); }
 
 void MRVAppDelegate::openDirectory(const std::string& path)
 {
-    m_hands->folderWillChange();
+    m_folders->folderWillChange();
     m_playback->stop();
     m_recordings.setPlayingRow(-1);
     m_mediaList.setDirectoryPath(path);
@@ -301,7 +307,7 @@ void MRVAppDelegate::showFolderCount(int shown)
     const QString found =
         count == 1 ? localised("viewer.folder.countOne") : localised("viewer.folder.count").arg(all);
     if (shown < count)
-        showFolder(localised("hands.shownOf").arg(QLocale().toString(shown), all));
+        showFolder(localised("folders.shownOf").arg(QLocale().toString(shown), all));
     else if (m_mediaList.folderError())
         showFolder(localised("viewer.folder.incomplete")
                        .arg(found, QString::fromStdString(m_mediaList.folderError().message())));
@@ -342,7 +348,7 @@ void MRVAppDelegate::mediaListChanged()
         list->showRecordings();
         showFolderCount(static_cast<int>(m_mediaList.count()));
     }
-    if (!m_hands->folderListed())
+    if (!m_folders->folderListed())
         showNothingOpen();
     Q_EMIT recordingsListed();
 }
@@ -451,13 +457,13 @@ void MRVAppDelegate::die()
 {
     if (!m_playback)
         return;
-    m_hands->keep();
+    m_folders->keep();
     m_playback->stopPlay();
-    m_hands.reset();
+    m_folders.reset();
     m_print.reset();
     m_capture.reset();
     m_snapshots.reset();
-    m_captureWorkers.waitForAll(LongestSaving);
+    m_captureWorkers.waitForAll(saveTimeout);
     m_playback.reset();
     m_host.reset();
     m_dataPanel.reset();

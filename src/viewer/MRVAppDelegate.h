@@ -28,7 +28,7 @@ class CaptureSnapshots;
 class CustomWindow;
 class Disks;
 class DataPanelUpdater;
-class FolderHands;
+class FolderCommands;
 class MainViews;
 class MainWindowCommands;
 class MainWindowPlaybackHost;
@@ -45,7 +45,7 @@ class MRVAppDelegate : public QObject, public viewControllerForMRVSettingDelegat
 public:
     struct Configuration
     {
-        InterfaceLanguage language = builtLanguage();
+        InterfaceLanguage language = interfaceLanguage();
         std::chrono::milliseconds loadingTick = LoadingIndicator::tickInterval;
         CardSettingsReader readCardSettings = marvo::readCardSettings;
         Disks* disks = nullptr; ///< where the settings window looks for the card; outlives the application
@@ -148,7 +148,7 @@ private:
     std::unique_ptr<DataPanelUpdater> m_dataPanel;
     std::unique_ptr<MainWindowPlaybackHost> m_host;
     std::unique_ptr<PlaybackController> m_playback;
-    std::unique_ptr<FolderHands> m_hands;
+    std::unique_ptr<FolderCommands> m_folders;
 
     DetachedWorkers m_captureWorkers;
     std::unique_ptr<CaptureSnapshots> m_snapshots;

@@ -108,6 +108,13 @@ void MainWindowCommands::insertRecentFolders(QMenu& recent)
     m_menu->insertMenu(entries.value(open + 1), &recent);
 }
 
+void MainWindowCommands::insertLanguages(QMenu& languages)
+{
+    const QList<QAction*> entries = m_menu->actions();
+    const auto close = entries.indexOf(action(Command::CloseWindow));
+    m_menu->insertMenu(entries.value(close - 1), &languages); // before the line above it
+}
+
 void MainWindowCommands::buildMenu()
 {
     m_menu->setObjectName(QStringLiteral("mainMenu"));

@@ -64,6 +64,8 @@ public:
 
     QAction* action(Command command) const;
     QMenu* menu() const { return m_menu; }
+    /// Puts the languages before the commands that close.
+    void insertLanguages(QMenu& languages);
     /// Puts a submenu below the command that opens a folder.
     void insertRecentFolders(QMenu& recent);
 

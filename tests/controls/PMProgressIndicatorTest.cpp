@@ -76,10 +76,10 @@ private Q_SLOTS:
             {-3, "About five seconds remaining"},
         };
         for (const auto& [seconds, phrase] : rows)
-            QCOMPARE(PMProgressIndicatorEstimate::phrase(seconds), QString::fromLatin1(phrase));
+            QCOMPARE(ProgressEstimate::phrase(seconds), QString::fromLatin1(phrase));
         QVERIFY(installLanguage(InterfaceLanguage::Korean));
         for (const auto& [seconds, phrase] : rows) {
-            const QString korean = PMProgressIndicatorEstimate::phrase(seconds);
+            const QString korean = ProgressEstimate::phrase(seconds);
             QVERIFY2(korean.endsWith(QStringLiteral("남음")) && !korean.contains(u'%'), phrase);
         }
     }

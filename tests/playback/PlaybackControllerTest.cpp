@@ -26,7 +26,7 @@ using State = MediaPlayer::State;
 namespace {
 
 /// The delays a tenth as long, and in the same proportions.
-constexpr PlaybackTimings Quick = {100, 100, 10, 10, 20, 30, 20, 10};
+constexpr PlaybackTimings quickTimings = {100, 100, 10, 10, 20, 30, 20, 10};
 
 /// A folder of recordings, the list of it, and the rules around a player.
 template <typename Player>
@@ -43,7 +43,7 @@ struct Stage
     explicit Stage(Player* made) : player(made)
     {
         controller = std::make_unique<PlaybackController>(*player, list, data, info, host);
-        controller->setTimings(Quick);
+        controller->setTimings(quickTimings);
     }
     QString file(int number) const
     {

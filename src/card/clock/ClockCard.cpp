@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "card/clock/ClockCard.h"
 
+#include "card/CardLayout.h"
 #include "card/ClockFile.h"
 #include "card/disks/Disks.h"
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "logs/window/DrivingLogWindow.h"
 
+#include "card/CardLayout.h"
 #include "controls/LoadingSheet.h"
 #include "controls/MessageSheet.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
@@ -86,7 +87,7 @@ void openDrivingLogDialog(QWidget* parent, const std::string& folder,
     const auto shown = [](const std::string& path) {
         return QFile::decodeName(QByteArray::fromStdString(path));
     };
-    const std::string logs = folder + "/DrvInfo";
+    const std::string logs = folder + '/' + logFolderName;
     dialog->setDirectory(!folderAnswers(folder) ? QDir::homePath()
                          : folderAnswers(logs)  ? shown(logs)
                                                 : shown(folder));

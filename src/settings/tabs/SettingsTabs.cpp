@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/tabs/SettingsTabs.h"
 
+#include "card/CardLayout.h"
 #include "logs/window/MRVSettingForFlashDataViewController.h"
 #include "logs/window/MRVSettingForObdDriveInfoViewController.h"
 #include "settings/tabs/DrivingLogTab.h"

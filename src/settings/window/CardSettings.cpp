@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/window/CardSettings.h"
 
+#include "card/CardLayout.h"
 #include "card/disks/Disks.h"
 #include "settings/SettingFile.h"
 #include "settings/SettingFileWriting.h"
@@ -19,8 +20,6 @@ namespace marvo {
 namespace {
 
 Q_LOGGING_CATEGORY(logSettings, "marvo.settings")
-
-constexpr const char* settingsFileName = "config.bin";
 
 /// The size of a regular file; none for anything else.
 std::optional<std::uint64_t> fileSize(const std::string& path)
@@ -63,7 +62,7 @@ SelectedCard findUSBVolume(Disks& disks, CardNaming naming, SelectedCard earlier
         return {};
     const auto used = named(disks, *card, naming);
     SelectedCard selected{used, used->rootFile(settingsFileName), holdsObdLog(used->mountedURL()), {}};
-    const std::string log = used->rootFile(std::string(logFolderName) + "/marvo_000.drv");
+    const std::string log = used->rootFile(drivingLogName);
     if (fileSize(log))
         selected.drivingLogPath = log;
     return selected;

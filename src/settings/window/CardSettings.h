@@ -16,7 +16,6 @@ class Disks;
 class SettingsBackups;
 
 /// The folder of driving logs on a card.
-inline constexpr const char* logFolderName = "DrvInfo";
 
 /// The card whose settings are edited. Both are none when there is no card with a settings file.
 struct SelectedCard

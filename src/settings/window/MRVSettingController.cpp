@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/window/MRVSettingController.h"
 
+#include "card/CardLayout.h"
 #include "card/disks/Disks.h"
 #include "card/format/MRVFormatWindowController.h"
 #include "controls/InterfaceScale.h"
@@ -373,7 +374,7 @@ void MRVSettingController::askWhereToSave(const _FILEDATA& record)
     dialog->setObjectName(QStringLiteral("saveDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->selectFile(QStringLiteral("config.bin"));
+    dialog->selectFile(QString::fromLatin1(settingsFileName));
     // A card that is put in meanwhile may bring another record into the window.
     connect(dialog, &QFileDialog::fileSelected, this,
             [this, record](const QString& path) { writeTo(QFile::encodeName(path).toStdString(), record); });

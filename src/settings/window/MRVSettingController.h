@@ -100,7 +100,7 @@ private:
     Latest<std::optional<QString>> m_write{this};
     const SettingsTabTable& m_tabTable;
     viewControllerForMRVSettingDelegate* m_delegate;
-    InterfaceLanguage m_language = builtLanguage(); ///< of the defaults
+    InterfaceLanguage m_language = interfaceLanguage(); ///< of the defaults
     _FILEDATA m_FileData{};
     SelectedCard m_card;
     SettingsBackups m_backups;

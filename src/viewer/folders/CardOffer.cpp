@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/folders/CardOffer.h"
 
+#include "card/CardLayout.h"
 #include "card/disks/Disks.h"
 #include "card/TKUSBDiskEntity.h"
 #include "texts/DisplayText.h"
@@ -14,9 +15,9 @@ namespace {
 
 bool looksLikeTheCard(const TKUSBDiskEntity& volume)
 {
-    if (volume.volumeName() == cardVolumeName() || volume.holdsFile("config.bin"))
+    if (volume.volumeName() == cardVolumeName() || volume.holdsFile(settingsFileName))
         return true;
-    for (const char* folder : {"AlwaysMovie", "EventMovie", "MotionMovie"}) {
+    for (const char* folder : recordingFolders) {
         std::error_code failed;
         if (std::filesystem::is_directory(volume.rootFile(folder), failed))
             return true;

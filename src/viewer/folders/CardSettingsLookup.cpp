@@ -2,23 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/folders/CardSettingsLookup.h"
 
+#include "card/CardLayout.h"
 #include "settings/SettingFile.h"
 
-#include <algorithm>
-#include <array>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 namespace marvo {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> cardFolders{"AlwaysMovie", "EventMovie", "MotionMovie", "DrvInfo"};
-
 std::optional<_FILEDATA> readRecord(const std::filesystem::path& folder)
 {
-    const std::filesystem::path file = folder / "config.bin";
+    const std::filesystem::path file = folder / settingsFileName;
     std::error_code failed;
     if (std::filesystem::file_size(file, failed) != fileDataSize || failed)
         return std::nullopt;
@@ -40,7 +36,7 @@ std::optional<_FILEDATA> readCardSettings(const std::string& folder)
         path = path.parent_path(); // "card/" names the same folder as "card"
     if (const auto record = readRecord(path))
         return record;
-    if (std::ranges::find(cardFolders, path.filename().string()) == cardFolders.end())
+    if (!isCardFolder(path.filename().string()))
         return std::nullopt;
     return readRecord(path.parent_path());
 }

@@ -31,7 +31,7 @@ QString folderTitle(const std::string& path)
 }
 
 RecentFoldersMenu::RecentFoldersMenu(const FolderMemory& memory, QWidget* parent)
-    : QMenu(localised("hands.recentFolders"), parent), m_memory(memory)
+    : QMenu(localised("folders.recentFolders"), parent), m_memory(memory)
 {
     setObjectName(QStringLiteral("recentFoldersMenu"));
     setToolTipsVisible(true);
@@ -53,7 +53,7 @@ void RecentFoldersMenu::refresh()
     if (empty)
         return;
     addSeparator();
-    QAction* forget = addAction(localised("hands.clearRecent"));
+    QAction* forget = addAction(localised("folders.clearRecent"));
     forget->setObjectName(QStringLiteral("clearRecentFolders"));
     connect(forget, &QAction::triggered, this, &RecentFoldersMenu::clearRequested);
 }

@@ -44,10 +44,10 @@ ListEmptyState::ListEmptyState(QWidget* parent)
     : QWidget(parent),
       m_title(new QLabel(this)),
       m_text(new QLabel(this)),
-      m_cardButton(button("listCardButton", "hands.openCard", this)),
+      m_cardButton(button("listCardButton", "folders.openCard", this)),
       m_openButton(button("listOpenButton", "viewer.command.openMediaDirectoryDialog", this)),
-      m_showAllButton(button("listShowAllButton", "hands.showAll", this)),
-      m_recentTitle(new QLabel(localised("hands.recentFolders"), this)),
+      m_showAllButton(button("listShowAllButton", "folders.showAll", this)),
+      m_recentTitle(new QLabel(localised("folders.recentFolders"), this)),
       m_recents(new QVBoxLayout)
 {
     setObjectName(QStringLiteral("listEmptyState"));
@@ -95,7 +95,7 @@ void ListEmptyState::setCard(const QString& name)
     m_hasCard = !name.isEmpty();
     QString shown = m_cardButton->fontMetrics().elidedText(name, Qt::ElideMiddle, widestRecent / 2);
     m_cardButton->setText(
-        localised("hands.openCard").arg(shown.replace(QLatin1Char('&'), QStringLiteral("&&"))));
+        localised("folders.openCard").arg(shown.replace(QLatin1Char('&'), QStringLiteral("&&"))));
     showOffers();
 }
 

@@ -28,9 +28,9 @@ RecordingFilterBar::RecordingFilterBar(QWidget* parent) : QWidget(parent), m_sea
 {
     setObjectName(QStringLiteral("listFilterBar"));
     m_search->setObjectName(QStringLiteral("listSearchField"));
-    m_search->setPlaceholderText(localised("hands.search"));
-    m_search->setAccessibleName(localised("hands.search"));
-    m_search->setToolTip(localised("hands.searchTip"));
+    m_search->setPlaceholderText(localised("folders.search"));
+    m_search->setAccessibleName(localised("folders.search"));
+    m_search->setToolTip(localised("folders.searchTip"));
     m_search->setClearButtonEnabled(true);
     m_search->addAction(iconNamed(QStringLiteral("icon_search")), QLineEdit::LeadingPosition);
     m_search->setAcceptDrops(false); // a folder dropped here is for the window
@@ -43,7 +43,7 @@ RecordingFilterBar::RecordingFilterBar(QWidget* parent) : QWidget(parent), m_sea
     row->addWidget(m_search, 1);
     for (std::size_t i = 0; i < recordingKinds.size(); ++i) {
         const RecordingKind& kind = recordingKinds[i];
-        const QString title = localised("hands.onlyKind").arg(localised(kind.labelKey));
+        const QString title = localised("folders.onlyKind").arg(localised(kind.labelKey));
         auto* button = new ImageButton(QLatin1StringView(kind.icon), title, this);
         button->setObjectName(buttonName(kind));
         button->setProperty("kindFilter", true);

@@ -195,7 +195,7 @@ void RecordingListView::showEmptyState(const QString& title, const QString& text
 
 void RecordingListView::showNoFolder()
 {
-    showEmptyState(localised("viewer.list.noFolder"), localised("hands.firstSteps"),
+    showEmptyState(localised("viewer.list.noFolder"), localised("folders.firstSteps"),
                    ListEmptyState::Offer::OpenFolder);
 }
 
@@ -224,7 +224,7 @@ void RecordingListView::showRecordings()
         return showEmptyState(localised("viewer.list.empty"), localised("viewer.list.emptyHelp"),
                               ListEmptyState::Offer::OpenFolder);
     if (m_filter->rowCount() == 0)
-        return showEmptyState(localised("hands.nothingFound"), localised("hands.nothingFoundHelp"),
+        return showEmptyState(localised("folders.nothingFound"), localised("folders.nothingFoundHelp"),
                               ListEmptyState::Offer::ShowAll);
     endScanning();
     m_emptyState->hide();
@@ -321,10 +321,10 @@ void RecordingListView::contextMenuEvent(QContextMenuEvent* event)
         action->setObjectName(QLatin1StringView(name));
         connect(action, &QAction::triggered, this, [this, row, signal] { Q_EMIT(this->*signal)(row); });
     };
-    add("playRecording", "hands.play", &RecordingListView::rowActivated);
+    add("playRecording", "folders.play", &RecordingListView::rowActivated);
     menu->addSeparator();
-    add("showInFolder", "hands.showInFolder", &RecordingListView::showInFolderRequested);
-    add("copyPath", "hands.copyPath", &RecordingListView::copyPathRequested);
+    add("showInFolder", "folders.showInFolder", &RecordingListView::showInFolderRequested);
+    add("copyPath", "folders.copyPath", &RecordingListView::copyPathRequested);
     connect(model(), &QAbstractItemModel::modelReset, menu, &QWidget::close); // its row is no more
     menu->popup(place);
 }

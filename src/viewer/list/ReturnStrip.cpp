@@ -28,7 +28,7 @@ ReturnStrip::ReturnStrip(QWidget* parent)
     setAttribute(Qt::WA_StyledBackground);
     m_return->setObjectName(QStringLiteral("returnButton"));
     m_return->setAutoDefault(false);
-    auto* close = new ImageButton(QStringLiteral("icon_close"), localised("hands.returnNot"), this);
+    auto* close = new ImageButton(QStringLiteral("icon_close"), localised("folders.returnNot"), this);
     close->setObjectName(QStringLiteral("returnCloseButton"));
     close->setFixedSize(26, 26);
     connect(m_return, &QPushButton::clicked, this, &ReturnStrip::accepted);
@@ -48,7 +48,7 @@ void ReturnStrip::offer(const MRVMedia& media, std::int64_t timeMs)
                        ? QString::asprintf("%04d-%02d-%02d %02d:%02d:%02d", media.year(), media.month(),
                                            media.day(), media.hour(), media.minute(), media.second())
                        : fontMetrics().elidedText(displayText(media.fileName()), Qt::ElideMiddle, widestName);
-    m_return->setText(localised("hands.return")
+    m_return->setText(localised("folders.return")
                           .arg(name.replace(QLatin1Char('&'), QStringLiteral("&&")), playTimeText(timeMs)));
     m_return->setToolTip(plainToolTip(displayText(media.path())));
     show();

@@ -10,7 +10,7 @@
 namespace marvo {
 
 /// Estimates the time that work will still take from how fast it went in the last 3.5 to 7 seconds.
-class PMProgressIndicatorEstimate
+class ProgressEstimate
 {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;

@@ -24,13 +24,14 @@ class RecentFoldersMenu;
 
 /// The handy ways to folders and recordings: those opened last, what is dropped onto the window, the place
 /// where watching was left, and what the menu of a row offers.
-class FolderHands : public QObject
+class FolderCommands : public QObject
 {
     Q_OBJECT
 public:
     /// None of the objects is owned; all must outlive this one. There need not be disks.
-    FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
-                const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback, Disks* disks);
+    FolderCommands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
+                   const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback,
+                   Disks* disks);
 
     /// Asks for the folder that was open last; without one, or when it is gone, the window stays as at a
     /// first start.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "controls/PMProgressIndicatorEstimate.h"
+#include "controls/ProgressEstimate.h"
 
 #include "texts/Localisation.h"
 
@@ -43,13 +43,13 @@ double withoutNoise(double seconds) { return std::round(seconds * 1e6) / 1e6; }
 
 } // namespace
 
-double PMProgressIndicatorEstimate::Progress::fraction() const
+double ProgressEstimate::Progress::fraction() const
 {
     const double width = maximum - minimum;
     return width > 0 ? (value - minimum) / width : 0;
 }
 
-bool PMProgressIndicatorEstimate::update(const Progress& progress, TimePoint now)
+bool ProgressEstimate::update(const Progress& progress, TimePoint now)
 {
     // The start of a window is noted as a part of the maximum, so estimates want a minimum of 0.
     const Window window{.startTime = now, .startFraction = progress.value / progress.maximum};
@@ -77,7 +77,7 @@ bool PMProgressIndicatorEstimate::update(const Progress& progress, TimePoint now
     return begins;
 }
 
-QString PMProgressIndicatorEstimate::phrase(double remainingSeconds)
+QString ProgressEstimate::phrase(double remainingSeconds)
 {
     if (remainingSeconds > countedMinutesAbove) {
         constexpr double mostMinutes = std::numeric_limits<std::int32_t>::max();

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "viewer/FolderHands.h"
+#include "viewer/FolderCommands.h"
 
 #include "controls/MessageSheet.h"
 #include "media/MRVMediaList.h"
@@ -34,9 +34,9 @@ constexpr std::int64_t leastTimeToReturnMs = 1000;
 
 } // namespace
 
-FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
-                         const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback,
-                         Disks* disks)
+FolderCommands::FolderCommands(MainViews& views, MainWindowCommands& commands, const MRVMediaList& mediaList,
+                               const MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback,
+                               Disks* disks)
     : m_views(views),
       m_mediaList(mediaList),
       m_playback(playback),
@@ -46,12 +46,12 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
       m_recent(new RecentFoldersMenu(m_memory, commands.menu()))
 {
     commands.insertRecentFolders(*m_recent);
-    connect(m_recent, &RecentFoldersMenu::folderChosen, this, &FolderHands::folderWanted);
+    connect(m_recent, &RecentFoldersMenu::folderChosen, this, &FolderCommands::folderWanted);
     connect(m_recent, &RecentFoldersMenu::clearRequested, this, [this] {
         m_memory.clear();
         showRecentFolders();
     });
-    connect(&views.window, &CustomWindow::dropped, this, &FolderHands::dropped);
+    connect(&views.window, &CustomWindow::dropped, this, &FolderCommands::dropped);
     connect(commands.action(Command::FindRecording), &QAction::triggered, this, [this, &commands] {
         if (m_mediaList.count() == 0)
             return;
@@ -61,7 +61,7 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
     });
     connectRows();
     showRecentFolders();
-    connect(&m_cardOffer, &CardOffer::cardChanged, this, &FolderHands::showCard);
+    connect(&m_cardOffer, &CardOffer::cardChanged, this, &FolderCommands::showCard);
     connect(&m_views.bodyRightBox->mediaListTableView()->emptyState(), &ListEmptyState::cardRequested, this,
             [this] {
                 if (const auto& card = m_cardOffer.card())
@@ -71,7 +71,7 @@ FolderHands::FolderHands(MainViews& views, MainWindowCommands& commands, const M
     m_cardOffer.look();
 }
 
-void FolderHands::connectRows()
+void FolderCommands::connectRows()
 {
     RecordingListView* list = m_views.bodyRightBox->mediaListTableView();
     connect(&list->emptyState(), &ListEmptyState::recentRequested, this, [this](int index) {
@@ -85,7 +85,7 @@ void FolderHands::connectRows()
             return;
         showInFileManager(media->path(), this, [this, path = displayText(media->path())] {
             showMessageSheet(&m_views.window, QStringLiteral("MARVO"),
-                             localised("hands.cannotShowInFolder").arg(path));
+                             localised("folders.cannotShowInFolder").arg(path));
         });
     });
     connect(list, &RecordingListView::copyPathRequested, this, [this](std::int64_t row) {
@@ -97,7 +97,7 @@ void FolderHands::connectRows()
     connect(&m_playback, &PlaybackController::mediaIndexChanged, strip, &QWidget::hide);
 }
 
-void FolderHands::reopenLastFolder()
+void FolderCommands::reopenLastFolder()
 {
     if (m_memory.folders().empty())
         return;
@@ -107,7 +107,7 @@ void FolderHands::reopenLastFolder()
 }
 
 /// What was dropped may lie on a medium that does not answer, so a worker asks what it is.
-void FolderHands::dropped(const std::string& path)
+void FolderCommands::dropped(const std::string& path)
 {
     m_dropLook.start(
         [path](const LatestRun&) {
@@ -117,7 +117,7 @@ void FolderHands::dropped(const std::string& path)
         [this, path](bool isFolder) { openDropped(path, isFolder); });
 }
 
-void FolderHands::openDropped(const std::string& path, bool isFolder)
+void FolderCommands::openDropped(const std::string& path, bool isFolder)
 {
     if (isFolder) {
         Q_EMIT folderWanted(path);
@@ -127,7 +127,7 @@ void FolderHands::openDropped(const std::string& path, bool isFolder)
     m_playWhenListed = path;
 }
 
-void FolderHands::folderWillChange()
+void FolderCommands::folderWillChange()
 {
     m_dropLook.abandon(); // another folder has overtaken it
     m_place.leaveFolder();
@@ -137,7 +137,7 @@ void FolderHands::folderWillChange()
     m_views.bodyRightBox->returnStrip()->hide();
 }
 
-bool FolderHands::folderListed()
+bool FolderCommands::folderListed()
 {
     const bool found = m_mediaList.count() > 0;
     m_views.bodyRightBox->filterBar()->setVisible(found);
@@ -157,13 +157,13 @@ bool FolderHands::folderListed()
     return !gone;
 }
 
-void FolderHands::showCard()
+void FolderCommands::showCard()
 {
     const auto& card = m_cardOffer.card();
     m_views.bodyRightBox->mediaListTableView()->emptyState().setCard(card ? card->name : QString());
 }
 
-void FolderHands::offerReturn()
+void FolderCommands::offerReturn()
 {
     const auto place = m_place.lastPlace();
     if (!place)
@@ -174,7 +174,7 @@ void FolderHands::offerReturn()
     m_views.bodyRightBox->returnStrip()->offer(*m_mediaList.mediaAtIndex(place->row), place->timeMs);
 }
 
-void FolderHands::showRecentFolders()
+void FolderCommands::showRecentFolders()
 {
     m_recent->refresh();
     QList<ListEmptyState::RecentFolder> folders;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "playback/SoundOutput.h"
+#include "platform/SoundOutput.h"
 
 #include <QDir>
 #include <QFileInfo>
