@@ -20,7 +20,7 @@
     <message id="folders.copyPath"><source></source><translation>Copy path</translation></message>
     <message id="folders.volume"><source></source><translation>Volume %1</translation></message>
     <message id="folders.dropHere"><source></source><translation>Drop to open</translation></message>
-    <message id="folders.firstSteps"><source></source><translation>Put the camera’s memory card into the card reader.
+    <message id="folders.firstSteps"><source></source><translation>Put the camera's memory card into the card reader.
 Open the card or a folder of recordings, or drop it onto this window.
 Double-click a recording to play it.</translation></message>
     <message id="folders.openCard"><source></source><translation>Open card “%1”</translation></message>

@@ -23,8 +23,8 @@
     <message id="format.contents.many"><source></source><translation>%1 recordings</translation></message>
     <message id="format.step.look"><source></source><translation>Looking at what is on the card</translation></message>
     <message id="format.step.keep"><source></source><translation>Keeping a copy of the camera settings</translation></message>
-    <message id="format.step.unmount"><source></source><translation>Ending the use of the card</translation></message>
-    <message id="format.step.password"><source></source><translation>Waiting for the administrator’s password</translation></message>
+    <message id="format.step.unmount"><source></source><translation>Unmounting the card</translation></message>
+    <message id="format.step.password"><source></source><translation>Waiting for the administrator's password</translation></message>
     <message id="format.step.prepare"><source></source><translation>Preparing the new file system</translation></message>
     <message id="format.step.write"><source></source><translation>Writing to the card – do not remove it</translation></message>
     <message id="format.step.readback"><source></source><translation>Reading back what was written – do not remove the card</translation></message>
@@ -32,7 +32,7 @@
     <message id="format.step.restore"><source></source><translation>Putting the camera settings back – do not remove the card</translation></message>
     <message id="msg.format.refused"><source></source><translation>The password was not accepted. Nothing on the card has been changed.</translation></message>
     <message id="msg.format.dismissed"><source></source><translation>No password was entered. Nothing on the card has been changed.</translation></message>
-    <message id="msg.format.nobody_asks"><source></source><translation>This desktop has no program that asks for the administrator’s password. Nothing on the card has been changed.</translation></message>
+    <message id="msg.format.nobody_asks"><source></source><translation>This desktop has no program that asks for the administrator's password. Nothing on the card has been changed.</translation></message>
     <message id="msg.format.changed"><source></source><translation>The card is no longer the one that was chosen, or it has been removed. Nothing has been written. Choose it again.</translation></message>
     <message id="msg.format.removed"><source></source><translation>The card was removed while it was being written. Put it back in and format it again.</translation></message>
     <message id="msg.format.busy"><source></source><translation>A program is using the card. Close it and try again.</translation></message>

@@ -23,7 +23,7 @@
     <message id="format.contents.many"><source></source><translation>녹화 파일 %1개</translation></message>
     <message id="format.step.look"><source></source><translation>카드에 있는 내용을 확인하고 있습니다</translation></message>
     <message id="format.step.keep"><source></source><translation>카메라 설정을 복사해 두고 있습니다</translation></message>
-    <message id="format.step.unmount"><source></source><translation>카드 사용을 끝내고 있습니다</translation></message>
+    <message id="format.step.unmount"><source></source><translation>카드를 마운트 해제하고 있습니다</translation></message>
     <message id="format.step.password"><source></source><translation>관리자 암호를 기다리고 있습니다</translation></message>
     <message id="format.step.prepare"><source></source><translation>새 파일 시스템을 준비하고 있습니다</translation></message>
     <message id="format.step.write"><source></source><translation>카드에 쓰고 있습니다. 카드를 빼지 마세요</translation></message>

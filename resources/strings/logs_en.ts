@@ -17,7 +17,7 @@
     <message id="log.record"><source></source><translation>1 record</translation></message>
     <message id="log.records"><source></source><translation>%1 records</translation></message>
     <message id="log.ends_early"><source></source><translation>%1 of %2 records; the file ends early</translation></message>
-    <message id="log.way"><source></source><translation>Show the whole way on the map</translation></message>
+    <message id="log.way"><source></source><translation>Show the whole route</translation></message>
     <message id="log.fault.cannot_open"><source></source><translation>“%1” cannot be opened. Check that the card is inserted and that you may read the file.</translation></message>
     <message id="log.fault.no_log"><source></source><translation>“%1” is not a driving log.</translation></message>
     <message id="log.fault.no_memory"><source></source><translation>“%1” is too large for this computer's memory.</translation></message>

@@ -3,7 +3,7 @@
 <TS version="2.1" language="en">
 <context>
     <name></name>
-    <message id="setting.basic.display_setting"><source></source><translation>Stamp in the picture</translation></message>
+    <message id="setting.basic.display_setting"><source></source><translation>The camera's display</translation></message>
     <message id="setting.basic.display_setting_speed_time_date"><source></source><translation>Speed, time, date</translation></message>
     <message id="setting.basic.display_setting_speed_time"><source></source><translation>Speed, time</translation></message>
     <message id="setting.basic.display_setting_speed_date"><source></source><translation>Speed, date</translation></message>

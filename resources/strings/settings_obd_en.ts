@@ -13,7 +13,7 @@
     <message id="setting.obd.osd_speed_display"><source></source><translation>Speed in the picture</translation></message>
     <message id="setting.obd.driving_route_info_saving_interval"><source></source><translation>Saving interval of the driving route</translation></message>
     <message id="setting.obd.obd_on_parking_mode"><source></source><translation>OBD in parking mode</translation></message>
-    <message id="setting.obd.obd_guide2"><source></source><translation>OBD uses some of the battery’s power while parked.</translation></message>
+    <message id="setting.obd.obd_guide2"><source></source><translation>OBD uses some of the battery's power while parked.</translation></message>
     <message id="setting.obd.cutoff_voltage_setting"><source></source><translation>Cut-off voltage</translation></message>
     <message id="setting.obd.obd_power_guide1"><source></source><translation>Below this battery voltage the parked camera switches off.</translation></message>
     <message id="setting.obd.eco_drive"><source></source><translation>Eco driving</translation></message>

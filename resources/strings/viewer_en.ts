@@ -56,8 +56,8 @@
     <message id="viewer.command.print"><source></source><translation>Print picture…</translation></message>
     <message id="viewer.command.changeAndPlay"><source></source><translation>Play the selected recording</translation></message>
     <message id="viewer.command.clickPlayButton"><source></source><translation>Play or pause</translation></message>
-    <message id="viewer.command.jumpBackward"><source></source><translation>Back 10 seconds</translation></message>
-    <message id="viewer.command.jumpForward"><source></source><translation>Forward 10 seconds</translation></message>
+    <message id="viewer.command.jumpBackward"><source></source><translation>Back %1 seconds</translation></message>
+    <message id="viewer.command.jumpForward"><source></source><translation>Forward %1 seconds</translation></message>
     <message id="viewer.command.decreaseSpeed"><source></source><translation>Normal speed (1×)</translation></message>
     <message id="viewer.command.increaseSpeed"><source></source><translation>Double speed (2×)</translation></message>
     <message id="viewer.command.volumeDown"><source></source><translation>Quieter</translation></message>

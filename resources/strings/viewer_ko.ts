@@ -56,8 +56,8 @@
     <message id="viewer.command.print"><source></source><translation>화면 인쇄…</translation></message>
     <message id="viewer.command.changeAndPlay"><source></source><translation>선택한 녹화 재생</translation></message>
     <message id="viewer.command.clickPlayButton"><source></source><translation>재생/일시정지</translation></message>
-    <message id="viewer.command.jumpBackward"><source></source><translation>10초 뒤로</translation></message>
-    <message id="viewer.command.jumpForward"><source></source><translation>10초 앞으로</translation></message>
+    <message id="viewer.command.jumpBackward"><source></source><translation>%1초 뒤로</translation></message>
+    <message id="viewer.command.jumpForward"><source></source><translation>%1초 앞으로</translation></message>
     <message id="viewer.command.decreaseSpeed"><source></source><translation>보통 속도 (1배)</translation></message>
     <message id="viewer.command.increaseSpeed"><source></source><translation>두 배 속도 (2배)</translation></message>
     <message id="viewer.command.volumeDown"><source></source><translation>음량 줄이기</translation></message>

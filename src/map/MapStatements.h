@@ -25,7 +25,7 @@ QString setLatLag(const MapPoint& point);
 /// "MRVDebug('...')": any text; what could end or leave the quoted text is escaped.
 QString debug(const QString& message);
 
-/// The whole way of the recording in driving order; it breaks in the page at gaps of more than 1 km.
+/// The whole route of the recording in driving order; it breaks in the page at gaps of more than 1 km.
 /// Points that are not finite are left out, and points that repeat the one before them.
 QString setWay(const QList<MapPoint>& points);
 

@@ -46,7 +46,7 @@ public:
     /// The map shows the position again, and goes with it, after the person has dragged it elsewhere.
     void follow();
 
-    /// The whole way of the recording, in driving order, drawn faintly below the way driven so far.
+    /// The whole route of the recording, in driving order, drawn faintly below the way driven so far.
     void setWay(const QList<MapPoint>& points);
 
     /// The page has loaded and answers.

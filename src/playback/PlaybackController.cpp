@@ -6,6 +6,7 @@
 #include "playback/MediaPlayer.h"
 #include "playback/MRVPlayInfo.h"
 #include "playback/PlaybackHost.h"
+#include "playback/PlaybackSteps.h"
 #include "playback/WindowStep.h"
 #include "recording/MRVBlackBoxData.h"
 
@@ -23,7 +24,6 @@ namespace {
 Q_LOGGING_CATEGORY(playbackLog, "marvo.playback")
 
 constexpr double endPosition = 0.998;
-constexpr int jumpSeconds = 10;
 constexpr double jumpMs = jumpSeconds * 1000.0;
 constexpr int volumeStep = 10;
 constexpr int largestVolume = 200;

@@ -2,26 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/MRVAppDelegate.h"
 
-#include "capture/CaptureController.h"
-#include "capture/PrintController.h"
-#include "card/clock/MRVTimeSetupController.h"
+#include "capture/CaptureCommands.h"
+#include "capture/CaptureFacts.h"
 #include "card/disks/Disks.h"
-#include "controls/FractionSlider.h"
 #include "controls/MessageSheet.h"
-#include "logs/window/DrivingLogWindow.h"
 #include "map/MapSurface.h"
 #include "map/MapView.h"
-#include "platform/CupsPrinting.h"
 #include "platform/FolderProbe.h"
 #include "playback/PlaybackController.h"
 #include "playback/VideoView.h"
 #include "playback/VlcPlayer.h"
-#include "settings/tabs/SettingsTabs.h"
-#include "settings/window/MRVSettingController.h"
-#include "texts/PlayTimeText.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/FolderCommands.h"
-#include "viewer/folders/RecentFoldersMenu.h"
+#include "viewer/FolderStatus.h"
 #include "viewer/FullScreenControlBar.h"
 #include "viewer/FullScreenRest.h"
 #include "viewer/HeadBox.h"
@@ -35,28 +28,21 @@
 #include "viewer/MediaControlBox.h"
 #include "viewer/panel/DataPanelUpdater.h"
 #include "viewer/panel/GraphView.h"
+#include "viewer/PlaybackViews.h"
 #include "viewer/TKVideoBackgroundImageView.h"
-#include "viewer/VideoNotice.h"
+#include "viewer/ToolWindows.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QLocale>
 #include <QScreen>
 #include <QSettings>
 
 #include <utility>
 
 namespace marvo {
-
-namespace {
-
-/// How long a picture that is still being saved or sent to a printer may hold up the end.
-constexpr std::chrono::seconds saveTimeout{5};
-
-} // namespace
 
 MRVAppDelegate::MRVAppDelegate() : MRVAppDelegate(Configuration{}) {}
 
@@ -88,7 +74,15 @@ void MRVAppDelegate::awakeFromNib()
         });
     m_playback =
         std::make_unique<PlaybackController>(*m_player1, m_mediaList, m_blackBoxData, m_playInfo, *m_host);
-    prepareCapture();
+    m_captureCommands = std::make_unique<CaptureCommands>(
+        *m_window, *m_player1,
+        [this] {
+            return CaptureSnapshots::Shown{m_views->video1View->image(),
+                                           captureFactsAt(m_player1->mediaPath(), m_player1->position(),
+                                                          m_player1->timeMs(), m_blackBoxData, m_speedUnit)};
+        },
+        m_configuration.capturePath);
+    m_folderStatus = std::make_unique<FolderStatus>(*m_views, m_mediaList, m_recordings);
 
     const QString bar = QStringLiteral("bottom-background");
     m_views->mediaControlBoxForFullScreen->setImageNames(bar, bar, bar);
@@ -99,28 +93,20 @@ void MRVAppDelegate::awakeFromNib()
     setupInitialValues();
 }
 
-void MRVAppDelegate::prepareCapture()
-{
-    const auto shown = [this] {
-        return CaptureSnapshots::Shown{
-            m_views->video1View->image(),
-            captureFactsAt(m_player1->mediaPath(), m_player1->position(), m_player1->timeMs(), m_blackBoxData,
-                           m_mileDisplay ? SpeedUnit::Miles : SpeedUnit::Kilometres)};
-    };
-    m_snapshots = std::make_unique<CaptureSnapshots>(shown, m_captureWorkers, m_configuration.capturePath);
-    m_capture = std::make_unique<CaptureController>(*m_window, *m_player1, *m_snapshots, m_captureWorkers);
-    m_print = std::make_unique<PrintController>(*m_window, *m_player1, *m_snapshots, m_captureWorkers,
-                                                std::make_shared<CupsPrinting>());
-}
-
 void MRVAppDelegate::setupInitialValues()
 {
     connect(&m_mediaList, &MRVMediaList::mediaListChanged, this, &MRVAppDelegate::mediaListChanged);
-    connect(&m_mediaList, &MRVMediaList::scanProgress, this, &MRVAppDelegate::scanProgress);
+    connect(&m_mediaList, &MRVMediaList::scanProgress, m_folderStatus.get(), &FolderStatus::showScanning);
     connect(&m_cardSettings, &CardSettingsLookup::settingsKnown, this, &MRVAppDelegate::cardSettingsKnown);
-    connectPlayInfo();
+    m_playbackViews = std::make_unique<PlaybackViews>(*m_views, *m_player1, m_playInfo, *m_playback);
+    connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
+            &RecordingTableModel::setPlayingRow);
+    m_toolWindows = std::make_unique<ToolWindows>(*m_window, m_configuration.disks, this);
     connectCommands();
-    connect(m_window.get(), &CustomWindow::contentResized, this, &MRVAppDelegate::contentResized);
+    connect(m_window.get(), &CustomWindow::contentResized, this, [this] {
+        m_views->layoutWindow();
+        m_playbackViews->contentResized();
+    });
     connect(m_window.get(), &CustomWindow::isFullScreenChanged, this, [this] {
         m_views->layoutWindow();
         updateSideViewButton();
@@ -150,7 +136,6 @@ void MRVAppDelegate::setupInitialValues()
     m_views->layoutWindow();
     RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
     list->setOpenCommand(m_commands->action(Command::OpenMediaDirectoryDialog));
-    connect(list, &RecordingListView::shownRowsChanged, this, &MRVAppDelegate::showFolderCount);
     list->showNoFolder();
     setMileDisplay(false); // what the default settings have, until a card says otherwise
 }
@@ -168,47 +153,6 @@ void MRVAppDelegate::applicationDidFinishLaunching()
             &PlaybackController::changeAndPlay);
     m_window->show();
     m_cardSettings.lookUp({}); // the card in the reader, before any folder is opened
-}
-
-void MRVAppDelegate::connectPlayInfo()
-{
-    MediaControlBox* controls = m_views->mediaControlBox;
-    FullScreenControlBar* bar = m_views->mediaControlBoxForFullScreen;
-    FractionSlider* const sliders[] = {controls->videoPositionSlider(),
-                                       bar->videoPositionSliderForFullScreen()};
-
-    connect(&m_playInfo, &MRVPlayInfo::speedChanged, controls, &MediaControlBox::showSpeed);
-    connect(&m_playInfo, &MRVPlayInfo::scaleChanged, controls, &MediaControlBox::showScale);
-    connect(&m_playInfo, &MRVPlayInfo::isPlayingChanged, controls, &MediaControlBox::showPlaying);
-    connect(&m_playInfo, &MRVPlayInfo::isPlayingChanged, bar, &FullScreenControlBar::showPlaying);
-    connect(&m_playInfo, &MRVPlayInfo::positionChanged, this, &MRVAppDelegate::showPlayTime);
-    connect(m_player1.get(), &MediaPlayer::stateChanged, this, &MRVAppDelegate::showPlayTime);
-    connect(m_player1.get(), &MediaPlayer::timeChanged, this, &MRVAppDelegate::catchUpWithScale);
-    for (FractionSlider* slider : sliders) {
-        connect(&m_playInfo, &MRVPlayInfo::positionChanged, slider, &FractionSlider::setFraction);
-        connect(slider, &FractionSlider::userMoved, this, [this](double value) {
-            m_playInfo.setPosition(value);
-            m_playback->videoPositionSliderMoved(value);
-        });
-    }
-    connect(m_views->graphView, &GraphView::seekRequested, this, [this](double value) {
-        m_playInfo.setPosition(value);
-        m_playback->videoPositionSliderMoved(value);
-    });
-    connect(controls->volumeSlider(), &FractionSlider::userMoved, this,
-            [this](double value) { m_playback->volumeSliderMoved(static_cast<int>(value)); });
-    const auto timeAt = [this](double position) {
-        const std::int64_t length = m_player1->lengthMs();
-        return length > 0 ? playTimeText(static_cast<std::int64_t>(position * static_cast<double>(length)))
-                          : QString();
-    };
-    for (FractionSlider* slider : sliders)
-        slider->setHoverText(timeAt);
-    connect(m_views, &MainViews::videoWheeled, this, &MRVAppDelegate::volumeWheeled);
-    connect(m_playback.get(), &PlaybackController::volumeChanged, m_views->videoNotice,
-            [this](int volume) { m_views->videoNotice->tell(localised("folders.volume").arg(volume)); });
-    connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
-            &RecordingTableModel::setPlayingRow);
 }
 
 void MRVAppDelegate::connectCommands()
@@ -247,22 +191,6 @@ void MRVAppDelegate::connectCommands()
     connect(m_views->headBox, &HeadBox::zoomRequested, m_window.get(), &CustomWindow::toggleZoom);
 }
 
-void MRVAppDelegate::contentResized()
-{
-    m_views->layoutWindow();
-    m_playback->updatePlayInfoScale();
-    m_scaleIsDue = !m_player1->isPlaying();
-}
-
-/// A size that the window got while nothing played counts once something does.
-void MRVAppDelegate::catchUpWithScale()
-{
-    if (!m_scaleIsDue || !m_player1->isPlaying())
-        return;
-    m_scaleIsDue = false;
-    m_playback->updatePlayInfoScale();
-}
-
 void MRVAppDelegate::openMediaDirectoryDialog()
 {
     auto* dialog = new QFileDialog(m_window.get(), localised("viewer.folder.choose"));
@@ -288,68 +216,15 @@ void MRVAppDelegate::openDirectory(const std::string& path)
     m_recordings.setPlayingRow(-1);
     m_mediaList.setDirectoryPath(path);
     m_cardSettings.lookUp(path);
-    scanProgress(0);
-}
-
-void MRVAppDelegate::showFolder(const QString& detail)
-{
-    const std::string& path = m_mediaList.directoryPath();
-    m_views->headBox->showFolder(folderTitle(path), folderPathText(path), detail);
-}
-
-/// How many recordings the folder has, and how many of them a search leaves.
-void MRVAppDelegate::showFolderCount(int shown)
-{
-    if (m_mediaList.isScanning())
-        return; // the rows are those of the folder before
-    const qint64 count = m_mediaList.count();
-    const QString all = QLocale().toString(count);
-    const QString found =
-        count == 1 ? localised("viewer.folder.countOne") : localised("viewer.folder.count").arg(all);
-    if (shown < count)
-        showFolder(localised("folders.shownOf").arg(QLocale().toString(shown), all));
-    else if (m_mediaList.folderError())
-        showFolder(localised("viewer.folder.incomplete")
-                       .arg(found, QString::fromStdString(m_mediaList.folderError().message())));
-    else
-        showFolder(found);
-}
-
-void MRVAppDelegate::showNothingOpen()
-{
-    m_views->bodyRightBox->mediaListTableView()->showNoFolder();
-    m_views->headBox->showFolder({}, {}, {});
-}
-
-void MRVAppDelegate::volumeWheeled(int steps)
-{
-    for (; steps > 0; --steps)
-        m_playback->volumeUp();
-    for (; steps < 0; ++steps)
-        m_playback->volumeDown();
-}
-
-void MRVAppDelegate::scanProgress(qint64 found)
-{
-    showFolder(localised("viewer.folder.reading"));
-    m_views->bodyRightBox->mediaListTableView()->showScanning(found);
+    m_folderStatus->showScanning(0);
 }
 
 void MRVAppDelegate::mediaListChanged()
 {
     setRightViewMode(RecordingListMode);
-    m_recordings.reload();
-
-    RecordingListView* list = m_views->bodyRightBox->mediaListTableView();
-    if (m_mediaList.count() == 0 && m_mediaList.folderError()) {
-        list->showUnreadable(QString::fromStdString(m_mediaList.folderError().message()));
-        showFolder(localised("viewer.folder.unreadable"));
-    } else {
-        list->showRecordings();
-        showFolderCount(static_cast<int>(m_mediaList.count()));
-    }
+    m_folderStatus->showListed();
     if (!m_folders->folderListed())
-        showNothingOpen();
+        m_folderStatus->showNothingOpen();
     Q_EMIT recordingsListed();
 }
 
@@ -360,47 +235,19 @@ void MRVAppDelegate::changeAndPlay()
         m_playback->changeAndPlay(row);
 }
 
-template <typename Controller, typename... Arguments>
-void MRVAppDelegate::showPanel(QPointer<QWidget>& panel, Arguments&&... arguments)
-{
-    if (!m_configuration.disks)
-        return;
-    if (!panel) {
-        panel = new Controller(*m_configuration.disks, std::forward<Arguments>(arguments)...);
-        // It is a window of its own, but goes with the main window.
-        connect(m_window.get(), &CustomWindow::windowWillClose, panel, &QWidget::close);
-    }
-    m_lastDialogController = panel;
-    panel->show();
-    panel->raise();
-    panel->activateWindow();
-}
+void MRVAppDelegate::captureVideo() { m_captureCommands->capture().captureVideo(); }
 
-void MRVAppDelegate::showSettingPanel()
-{
-    showPanel<MRVSettingController>(m_settingPanel, settingsTabs(), this);
-}
+void MRVAppDelegate::print() { m_captureCommands->printing().print(); }
 
-void MRVAppDelegate::showTimeSetupPanel() { showPanel<MRVTimeSetupController>(m_timeSetupPanel); }
+PrintController& MRVAppDelegate::printing() const { return m_captureCommands->printing(); }
 
-void MRVAppDelegate::openDrivingLog()
-{
-    openDrivingLogDialog(m_window.get(), m_mediaList.directoryPath(), [this](DrivingLogWindow& log) {
-        connect(m_window.get(), &CustomWindow::windowWillClose, &log, &QWidget::close);
-    });
-}
+void MRVAppDelegate::showSettingPanel() { m_toolWindows->showSettingPanel(); }
 
-void MRVAppDelegate::toggleFullScreen()
-{
-    if (m_window->isFullScreen())
-        m_window->leaveFullscreen();
-    else
-        m_window->enterFullscreen();
-}
+void MRVAppDelegate::showTimeSetupPanel() { m_toolWindows->showTimeSetupPanel(); }
 
-void MRVAppDelegate::captureVideo() { m_capture->captureVideo(); }
+QWidget* MRVAppDelegate::lastDialogController() const { return m_toolWindows->lastDialogController(); }
 
-void MRVAppDelegate::print() { m_print->print(); }
+void MRVAppDelegate::openDrivingLog() { m_toolWindows->openDrivingLog(m_mediaList.directoryPath()); }
 
 void MRVAppDelegate::clickMediaListViewButton() { setRightViewMode(RecordingListMode); }
 
@@ -437,16 +284,8 @@ void MRVAppDelegate::setDisplayMile(std::uint32_t speedUnit)
 
 void MRVAppDelegate::setMileDisplay(bool miles)
 {
-    m_mileDisplay = miles;
-    m_dataPanel->setSpeedUnit(miles ? SpeedUnit::Miles : SpeedUnit::Kilometres);
-}
-
-void MRVAppDelegate::showPlayTime()
-{
-    const std::int64_t length = m_player1->lengthMs();
-    const auto time = static_cast<std::int64_t>(m_playInfo.position() * static_cast<double>(length));
-    m_views->mediaControlBox->showTime(time, length);
-    m_views->mediaControlBoxForFullScreen->showTime(time, length);
+    m_speedUnit = miles ? SpeedUnit::Miles : SpeedUnit::Kilometres;
+    m_dataPanel->setSpeedUnit(m_speedUnit);
 }
 
 void MRVAppDelegate::closeWindow() { m_window->close(); }
@@ -460,10 +299,8 @@ void MRVAppDelegate::die()
     m_folders->keep();
     m_playback->stopPlay();
     m_folders.reset();
-    m_print.reset();
-    m_capture.reset();
-    m_snapshots.reset();
-    m_captureWorkers.waitForAll(saveTimeout);
+    m_captureCommands.reset();
+    m_playbackViews.reset();
     m_playback.reset();
     m_host.reset();
     m_dataPanel.reset();

@@ -5,13 +5,13 @@
 #include "media/MRVMediaList.h"
 #include "playback/MRVPlayInfo.h"
 #include "recording/MRVBlackBoxData.h"
+#include "recording/Speed.h"
 #include "settings/window/MRVSettingControllerDelegate.h"
 #include "texts/Localisation.h"
 #include "viewer/folders/CardSettingsLookup.h"
 #include "viewer/list/RecordingTableModel.h"
 #include "viewer/LoadingIndicator.h"
 #include "viewer/SidePanel.h"
-#include "workers/DetachedWorkers.h"
 
 #include <QObject>
 #include <QPointer>
@@ -23,17 +23,19 @@
 
 namespace marvo {
 
-class CaptureController;
-class CaptureSnapshots;
+class CaptureCommands;
 class CustomWindow;
 class Disks;
 class DataPanelUpdater;
 class FolderCommands;
+class FolderStatus;
 class MainViews;
 class MainWindowCommands;
 class MainWindowPlaybackHost;
 class PlaybackController;
+class PlaybackViews;
 class PrintController;
+class ToolWindows;
 class VlcPlayer;
 
 /// The controller of the application's one main window. It owns the player, the play state, the media list
@@ -87,14 +89,14 @@ public:
     /// Opens the camera's clock, or brings the dialog forward that already shows it.
     void showTimeSetupPanel();
     /// The settings or clock dialog that was opened last; none once it has been closed.
-    QWidget* lastDialogController() const { return m_lastDialogController; }
+    QWidget* lastDialogController() const;
     /// Asks for a driving log, of any camera, and shows it in a window of its own.
     void openDrivingLog();
 
     CustomWindow& window() const { return *m_window; }
     MainViews& views() const { return *m_views; }
     const MainWindowCommands& commands() const { return *m_commands; }
-    PrintController& printing() const { return *m_print; }
+    PrintController& printing() const;
     PlaybackController& playback() const { return *m_playback; }
     const VlcPlayer* player1() const { return m_player1.get(); }
     const MRVMediaList& mediaList() const { return m_mediaList; }
@@ -103,7 +105,7 @@ public:
     const LoadingIndicator& loadingIndicator() const { return *m_loading; }
     const RecordingTableModel& recordings() const { return m_recordings; }
     RightViewMode rightViewMode() const { return m_rightViewMode; }
-    bool m_bMileDisplay() const { return m_mileDisplay; }
+    bool m_bMileDisplay() const { return m_speedUnit == SpeedUnit::Miles; }
     bool m_bKorean() const { return m_korean; }
 
 Q_SIGNALS:
@@ -112,24 +114,12 @@ Q_SIGNALS:
 
 private:
     void setupInitialValues();
-    void connectPlayInfo();
     void connectCommands();
-    void contentResized();
-    void catchUpWithScale();
     void mediaListChanged();
-    void scanProgress(qint64 found);
     void cardSettingsKnown(const _FILEDATA& record);
     void setMileDisplay(bool miles);
-    void showFolder(const QString& detail);
-    void showFolderCount(int shown);
-    void showNothingOpen();
-    void volumeWheeled(int steps);
     void setRightViewMode(RightViewMode mode);
     void updateSideViewButton();
-    void showPlayTime();
-    template <typename Controller, typename... Arguments>
-    void showPanel(QPointer<QWidget>& panel, Arguments&&... arguments);
-    void prepareCapture();
     void die();
 
     Configuration m_configuration;
@@ -150,18 +140,14 @@ private:
     std::unique_ptr<PlaybackController> m_playback;
     std::unique_ptr<FolderCommands> m_folders;
 
-    DetachedWorkers m_captureWorkers;
-    std::unique_ptr<CaptureSnapshots> m_snapshots;
-    std::unique_ptr<CaptureController> m_capture;
-    std::unique_ptr<PrintController> m_print;
+    std::unique_ptr<FolderStatus> m_folderStatus;
+    std::unique_ptr<PlaybackViews> m_playbackViews;
+    std::unique_ptr<CaptureCommands> m_captureCommands;
+    std::unique_ptr<ToolWindows> m_toolWindows;
 
-    QPointer<QWidget> m_settingPanel; ///< each is a window of its own, there while it is open
-    QPointer<QWidget> m_timeSetupPanel;
-    QPointer<QWidget> m_lastDialogController;
     RightViewMode m_rightViewMode = RecordingListMode;
     bool m_korean = false;
-    bool m_mileDisplay = false;
-    bool m_scaleIsDue = false;
+    SpeedUnit m_speedUnit = SpeedUnit::Kilometres;
 };
 
 } // namespace marvo

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/MainWindowCommands.h"
 
+#include "playback/PlaybackSteps.h"
 #include "texts/Localisation.h"
 
 #include <QAction>
@@ -77,9 +78,12 @@ const std::vector<CommandRow>& commandTable()
 
 MainWindowCommands::MainWindowCommands(QWidget& window) : QObject(&window), m_menu(new QMenu(&window))
 {
+    using enum Command;
     for (const CommandRow& row : commandTable()) {
         auto* action = new QAction(this);
-        const QString title = localised(QStringLiteral("viewer.command.%1").arg(QLatin1StringView(row.name)));
+        QString title = localised(QStringLiteral("viewer.command.%1").arg(QLatin1StringView(row.name)));
+        if (row.command == JumpBackward || row.command == JumpForward)
+            title = title.arg(jumpSeconds);
         action->setObjectName(QLatin1StringView(row.name));
         action->setText(title);
         action->setIconText(title);

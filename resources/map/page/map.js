@@ -208,7 +208,7 @@ function MRVDebug(message)
 var marvoMap = {
     /// {address, attribution}: where street tiles come from.
     setTiles(tiles) { marvo.page.setTiles(tiles); },
-    /// [[longitude, latitude], ...]: the whole way of the recording, drawn faintly.
+    /// [[longitude, latitude], ...]: the whole route of the recording, drawn faintly.
     setWay(points) { marvo.page.setWay(points); },
     /// Another recording begins: its way starts anew.
     newRecording() { marvo.page.newRecording(); },

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-// The car with its heading, the way driven so far and the whole way of the recording.
+// The car with its heading, the way driven so far and the whole route of the recording.
 'use strict';
 
 marvo.Vehicle = class {

@@ -43,7 +43,7 @@ public:
                      const MRVPlayInfo& playInfo);
 
     void extractionStarted();
-    /// The lists are there: the graph gets its samples and the map the whole way.
+    /// The lists are there: the graph gets its samples and the map the whole route.
     void extractionFinished();
     void resetDataFields();
     /// Holds from the next change of the position on.
