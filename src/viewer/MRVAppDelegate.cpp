@@ -3,7 +3,9 @@
 #include "viewer/MRVAppDelegate.h"
 
 #include "capture/CaptureCommands.h"
+#include "capture/CaptureController.h"
 #include "capture/CaptureFacts.h"
+#include "capture/PrintController.h"
 #include "card/disks/Disks.h"
 #include "controls/MessageSheet.h"
 #include "map/MapSurface.h"
@@ -233,6 +235,14 @@ void MRVAppDelegate::changeAndPlay()
     const std::int64_t row = m_views->bodyRightBox->mediaListTableView()->selectedRow();
     if (row >= 0)
         m_playback->changeAndPlay(row);
+}
+
+void MRVAppDelegate::toggleFullScreen()
+{
+    if (m_window->isFullScreen())
+        m_window->leaveFullscreen();
+    else
+        m_window->enterFullscreen();
 }
 
 void MRVAppDelegate::captureVideo() { m_captureCommands->capture().captureVideo(); }

@@ -83,6 +83,7 @@ private Q_SLOTS:
             {{report}, 2, "needs a folder"},
             {{QStringLiteral("a"), QStringLiteral("b")}, 2, "more than one"},
             {{QStringLiteral("--nonsense")}, 2, "nonsense"},
+            {{QStringLiteral("--language"), QStringLiteral("xx")}, 2, "no language xx"},
         };
         for (const auto& [arguments, exitCode, reason] : rows) {
             const Ended ended = run(arguments);
