@@ -20,7 +20,7 @@ constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand,    &listCo
 void say(const Command& command, std::string_view message, std::string_view hint)
 {
     std::string line = "marvo-cli ";
-    line.append(command.name).append(": ").append(message).append("\n").append(hint);
+    line.append(command.name).append(": ").append(printableText(message)).append("\n").append(hint);
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

@@ -35,6 +35,8 @@ public:
         std::shared_ptr<const DrivingLog> log; ///< null with a fault
         Fault fault = Fault::None;
         std::string detail; ///< of the fault, one line in English as the system words it; may be empty
+
+        static Reading outOfMemory() { return {.log = {}, .fault = Fault::NoMemory, .detail = {}}; }
     };
 
     /// Reads a whole file. The count in its header is a promise only: there are as many records as the file

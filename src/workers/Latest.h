@@ -3,6 +3,7 @@
 #pragma once
 
 #include "workers/DetachedWorkers.h"
+#include "workers/OutOfMemory.h"
 
 #include <QMetaObject>
 #include <QObject>
@@ -10,10 +11,7 @@
 #include <chrono>
 #include <memory>
 #include <mutex>
-#include <new>
 #include <stop_token>
-#include <system_error>
-#include <type_traits>
 #include <utility>
 
 namespace marvo {
@@ -59,19 +57,6 @@ private:
     std::shared_ptr<Shared> m_shared;
 };
 
-/// The result of work that ran out of memory. Types that report errors say so: an error code, or a type with
-/// a function outOfMemory(). For other types it is an empty result, as if nothing had been found.
-template <typename Result>
-Result resultOutOfMemory()
-{
-    if constexpr (std::is_same_v<Result, std::error_code>)
-        return std::make_error_code(std::errc::not_enough_memory);
-    else if constexpr (requires { Result::outOfMemory(); })
-        return Result::outOfMemory();
-    else
-        return Result{};
-}
-
 /// Work of one kind on a worker, of which only the latest counts.
 ///
 /// Starting supersedes what is under way: it is asked to stop, and neither its result nor anything else that
@@ -95,12 +80,7 @@ public:
         abandon();
         m_run = std::make_unique<LatestRun>(m_owner);
         m_workers.start([this, run = *m_run, work = std::move(work), done = std::move(done)]() mutable {
-            auto result = std::make_shared<Result>();
-            try {
-                *result = work(run);
-            } catch (const std::bad_alloc&) {
-                *result = resultOutOfMemory<Result>();
-            }
+            auto result = std::make_shared<Result>(resultOf(work, run));
             // What is posted runs only while this object lives: its end abandons the run.
             run.post([this, result = std::move(result), done = std::move(done)]() mutable {
                 m_run.reset();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "workers/DetachedWorkers.h"
+#include "workers/OutOfMemory.h"
 
 #include <QMetaObject>
 
@@ -49,7 +50,7 @@ template <typename Target, typename Work, typename Done>
 void runInBackground(DetachedWorkers& workers, std::shared_ptr<ObjectLink<Target>> link, Work work, Done done)
 {
     workers.start([link = std::move(link), work = std::move(work), done = std::move(done)]() mutable {
-        link->post([done = std::move(done), result = work()](Target& target) mutable {
+        link->post([done = std::move(done), result = resultOf(work)](Target& target) mutable {
             done(target, std::move(result));
         });
     });

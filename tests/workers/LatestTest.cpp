@@ -34,6 +34,7 @@ TEST(Latest, ReportsWorkThatRunsOutOfMemory)
     int argc = 0;
     const QCoreApplication application(argc, nullptr);
     EXPECT_EQ(resultOfTooMuch<std::error_code>(), std::errc::not_enough_memory);
+    EXPECT_NE(resultOfTooMuch<std::optional<QString>>(), std::nullopt);
     EXPECT_FALSE(resultOfTooMuch<Outcome>().good);
     EXPECT_EQ(resultOfTooMuch<std::vector<int>>(), std::vector<int>());
 }

@@ -400,8 +400,8 @@ void MRVSettingController::saved(const std::string& path, std::uint32_t speedUni
         showMessageSheet(this, QStringLiteral("Warn"), localised("msg.write_protected_disk"));
         return;
     }
-    showAlertSheet(this, QStringLiteral("Information"),
-                   localised("msg.saved") + QFile::decodeName(path.c_str()), [this] { onCloseCmd(); });
+    showAlertSheet(this, QStringLiteral("Information"), localised("msg.saved") + displayText(path),
+                   [this] { onCloseCmd(); });
     if (m_delegate)
         m_delegate->setDisplayMile(speedUnit);
 }
