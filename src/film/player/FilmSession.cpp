@@ -18,9 +18,14 @@ using Clock = std::chrono::steady_clock;
 constexpr int StartTimeoutMs = 15'000;
 /// For so long after the first pause libVLC may never show what it is sent to.
 constexpr int SettleMs = 100;
+/// libVLC pauses sooner than this, and says so.
+constexpr int PauseMs = 150;
 /// libVLC shows the picture of a seek within some 100 ms; now and then it forgets to, and is asked again.
 constexpr int SeekRetryMs = 200;
-constexpr int MostSeekTries = 6;
+/// Once libVLC has read enough it decodes from the key picture on, which a busy machine takes its time for.
+constexpr int DecodingMs = 500;
+constexpr int MostSeekTries = 4;
+constexpr int KickMs = 60;
 /// A picture that comes so long after libVLC has read enough is the one sought, even if it looks like the one
 /// before.
 constexpr auto SamePictureDelay = 30ms;
@@ -109,10 +114,20 @@ void FilmSession::waitFor(Step step, int atMostMs)
 
 void FilmSession::waitedEnough()
 {
-    if (m_step == Step::Settled)
+    if (m_step == Step::Settled || m_step == Step::Paused)
         return seek();
-    if (m_step == Step::Picture && m_seekTries < MostSeekTries)
+    if (m_step == Step::Kicked) {
+        m_session->setPaused(true);
+        return waitFor(Step::Settled, SettleMs);
+    }
+    if (m_step == Step::Picture && m_seekTries == 1)
         return seek();
+    if (m_step == Step::Picture && m_seekTries < MostSeekTries) {
+        // Now and then it hears nothing more until it has played.
+        m_session->setVolume(0, true);
+        m_session->setPaused(false);
+        return waitFor(Step::Kicked, KickMs);
+    }
     if (m_step == Step::Picture)
         return setShown(); // of what cannot be shown the picture before stays
     breakOff({});
@@ -136,12 +151,13 @@ void FilmSession::show(std::int64_t filmMs)
     }
     if (m_isDead)
         return breakOff({});
-    if (m_state == State::Running) {
-        m_session->setPaused(true);
-        setFactor(1);
-    }
-    m_state = State::Resting;
+    setFactor(1);
     m_seekTries = 0;
+    if (std::exchange(m_state, State::Resting) == State::Running) {
+        m_session->setPaused(true);
+        waitFor(Step::Paused, PauseMs);
+        return;
+    }
     seek();
 }
 
@@ -159,6 +175,7 @@ void FilmSession::setShown()
 {
     m_step = Step::Shown;
     m_waiting.stop();
+    m_seekTries = 0;
     m_hasBeenShown = true;
     if (m_isHeldNew)
         Q_EMIT pictureCame();
@@ -243,8 +260,7 @@ void FilmSession::handle(const VlcEvent& event)
     case VlcEvent::Kind::Frame:
         return handleFrame();
     case VlcEvent::Kind::Buffered:
-        m_bufferedAt = event.at;
-        return;
+        return handleBuffered(event.at);
     case VlcEvent::Kind::TimeChanged:
         m_session->dropSoundIfFailed();
         if (m_state == State::Running)
@@ -261,11 +277,25 @@ void FilmSession::handle(const VlcEvent& event)
             filmMs() > static_cast<double>(m_film->lengthMs()) - EndToleranceMs * m_speed)
             return end();
         return m_state == State::Ended ? void() : breakOff({});
-    case VlcEvent::Kind::Playing:
     case VlcEvent::Kind::Paused:
+        if (m_state == State::Resting && m_step == Step::Paused)
+            seek();
+        return;
+    case VlcEvent::Kind::Playing:
     case VlcEvent::Kind::LengthChanged:
         return;
     }
+}
+
+/// What was shown before is not the picture sought, unless it is still there some time later.
+void FilmSession::handleBuffered(FilmClock::Moment at)
+{
+    if (m_step != Step::Picture || at < m_seekAt || m_bufferedAt)
+        return;
+    m_bufferedAt = at;
+    m_waiting.start(DecodingMs * m_seekTries);
+    if (const VlcDisplay display = m_session->lastDisplay(); display.at < at)
+        m_fingerprintBefore = display.fingerprint;
 }
 
 void FilmSession::handleFrame()
@@ -282,12 +312,11 @@ void FilmSession::handleFrame()
     if (m_step == Step::FirstFrame) {
         m_session->setPaused(true);
         waitFor(Step::Settled, SettleMs);
-    } else if (m_step == Step::Picture && display.at > m_seekAt &&
+    } else if (m_step == Step::Picture && m_bufferedAt && display.at > *m_bufferedAt &&
                (display.fingerprint != m_fingerprintBefore ||
-                (m_bufferedAt && *m_bufferedAt > m_seekAt &&
-                 display.at > *m_bufferedAt + SamePictureDelay))) {
+                display.at > *m_bufferedAt + SamePictureDelay)) {
         setShown();
-    } else if (m_hasBeenShown && isOther) {
+    } else if (m_hasBeenShown && isOther && m_seekTries < 2) {
         Q_EMIT pictureCame();
     }
 }

@@ -82,6 +82,8 @@ private:
     enum class Step {
         Created,    ///< the worker's player
         FirstFrame, ///< libVLC's first picture
+        Paused,     ///< libVLC's word that it has paused
+        Kicked,     ///< a moment in which it plays, as it would hear nothing in pause
         Settled,    ///< some time after the first pause, in which it would not hear
         Picture,    ///< the picture sought
         Shown
@@ -90,6 +92,7 @@ private:
     void adopt(std::shared_ptr<VlcSession> session);
     void handle(const VlcEvent& event);
     void handleFrame();
+    void handleBuffered(FilmClock::Moment at);
     void seek();
     void waitFor(Step step, int atMostMs);
     void waitedEnough();
