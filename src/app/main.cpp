@@ -108,7 +108,6 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("MARVO"));
     QCoreApplication::setApplicationName(QStringLiteral("marvo"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MARVO_VERSION));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("MARVO"));
     QGuiApplication::setDesktopFileName(QStringLiteral("marvo"));
     QApplication application(argc, argv);
     const marvo::StartOptions options = marvo::readStartOptions(argc, argv);

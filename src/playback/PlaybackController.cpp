@@ -253,6 +253,8 @@ void PlaybackController::mediaPlayerTimeChanged()
         m_timeChangeCount = -1;
         if (m_movingPosition > 0)
             m_playInfo.setPosition(m_movingPosition);
+    } else if (m_player.isPaused()) {
+        showRestingMoment();
     } else {
         m_timeChangeCount = (m_timeChangeCount + 1) % timeChangesPerPosition;
         if (m_timeChangeCount == 0)
@@ -318,7 +320,18 @@ void PlaybackController::videoPositionSliderMoved(double sliderValue)
 void PlaybackController::syncVideoPositionDelay(int delayMs)
 {
     if (m_player.hasMedia())
-        after(delayMs, [this] { m_moving = false; });
+        after(delayMs, [this] {
+            m_moving = false;
+            if (m_player.isPaused())
+                showRestingMoment();
+        });
+}
+
+/// A player that rests reports a seek once, and nothing follows that would put the views right.
+void PlaybackController::showRestingMoment()
+{
+    m_playInfo.setPosition(m_player.position());
+    Q_EMIT restingMomentShown();
 }
 
 void PlaybackController::jumpForward()

@@ -78,6 +78,9 @@ public:
     void setTimings(const PlaybackTimings& timings) { m_timings = timings; }
 
 Q_SIGNALS:
+    /// The player rests and shows the picture of its own position, which the play state has now, too; it may have
+    /// had that position before the picture came.
+    void restingMomentShown();
     void volumeChanged(int volume);
     /// A recording is being started; its row may have the number of the one before, in another list.
     void mediaIndexChanged(std::int64_t index);
@@ -98,6 +101,7 @@ private:
     void updateAudioUI();
     void setVideoScaleIndex(int step);
     void syncVideoPositionDelay(int delayMs);
+    void showRestingMoment();
 
     bool isPlaying() const;
     bool hasAudio() const;

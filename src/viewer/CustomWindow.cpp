@@ -5,8 +5,8 @@
 #include "texts/Localisation.h"
 #include "viewer/WindowEdges.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
@@ -159,8 +159,9 @@ void CustomWindow::toggleZoom()
 bool CustomWindow::event(QEvent* event)
 {
     const bool handled = QWidget::event(event);
-    // A dialog has closed; not every desktop gives the keyboard back by itself.
-    if (event->type() == QEvent::WindowUnblocked)
+    // A dialog has closed; not every desktop gives the keyboard back by itself. One that asked within another
+    // dialog gives it back to that.
+    if (event->type() == QEvent::WindowUnblocked && QApplication::activeModalWidget() == nullptr)
         activateWindow();
     return handled;
 }

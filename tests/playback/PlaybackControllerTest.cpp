@@ -96,6 +96,22 @@ class PlaybackTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    /// Positions are thinned while the player plays; the one report of a seek at rest is not.
+    void aSeekAtRestIsShownByItsOnlyReport()
+    {
+        FakeStage stage;
+        stage.startPlaying(0);
+        stage.rest(1000);
+        QSignalSpy shown(stage.controller.get(), &PlaybackController::restingMomentShown);
+        for (const double target : {0.5, 0.25, 0.75}) {
+            stage.controller->videoPositionSliderMoved(target);
+            stage.player->nowMs += 7; // the picture begins a little later
+            Q_EMIT stage.player->timeChanged();
+            QCOMPARE(stage.info.position(), stage.player->position());
+        }
+        QVERIFY(shown.size() >= 3);
+    }
+
     void startsTheNearestRow()
     {
         const std::pair<int, int> rows[] = {{-5, 0}, {1, 1}, {3, 2}};

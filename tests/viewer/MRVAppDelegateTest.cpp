@@ -332,6 +332,37 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), &stage.list());
     }
 
+    /// At rest nothing follows a seek that would put right what it left behind.
+    void everySeekAtRestEndsAtThePicturesMoment()
+    {
+        WindowStage stage;
+        QVERIFY(stage.open(m_card.path()));
+        stage.doubleClickRow(1);
+        QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
+        stage.key(Qt::Key_Space);
+        QTRY_VERIFY(stage.player().isPaused());
+        const MainViews& views = stage.delegate.views();
+        FractionSlider& slider = *views.mediaControlBox->videoPositionSlider();
+        const auto agree = [&] {
+            const double shown = stage.player().position();
+            return std::abs(stage.delegate.playInfo().position() - shown) < 1e-6 &&
+                   std::abs(views.graphView->timePosition() - shown) < 1e-6 &&
+                   std::abs(slider.fraction() - shown) < 0.001;
+        };
+        const double targets[] = {0.7, 0.2, 0.5, 0.999, 0.1, 0.9, 0.3};
+        for (const double target : targets) {
+            Q_EMIT views.graphView->seekRequested(target);
+            QTRY_VERIFY2(std::abs(stage.player().position() - target) < 0.05,
+                         qPrintable(QString::number(target)));
+            QTRY_VERIFY2(agree(), qPrintable(QString::number(target)));
+        }
+        Q_EMIT views.graphView->seekRequested(0.5);
+        QTest::qWait(400);
+        stage.key(Qt::Key_Right); // less than a jump is left: the end
+        QTRY_COMPARE(stage.delegate.playInfo().position(), 1.0);
+        QTRY_VERIFY(agree());
+    }
+
     void theLanguagePreferenceIsOverwritten()
     {
         if (supportLanguage() == QLatin1StringView("auto"))

@@ -32,10 +32,13 @@ DataPanelUpdater::DataPanelUpdater(const DataPanelFields& fields, GraphView& gra
       m_blackBoxData(blackBoxData),
       m_playInfo(playInfo)
 {
-    connect(&playInfo, &MRVPlayInfo::positionChanged, this, [this] {
-        updateGsensorUIByPlayPositon();
-        updateGpsUIByPlayPosition();
-    });
+    connect(&playInfo, &MRVPlayInfo::positionChanged, this, &DataPanelUpdater::refresh);
+}
+
+void DataPanelUpdater::refresh()
+{
+    updateGsensorUIByPlayPositon();
+    updateGpsUIByPlayPosition();
 }
 
 void DataPanelUpdater::extractionStarted()

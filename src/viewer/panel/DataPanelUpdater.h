@@ -47,6 +47,8 @@ public:
     void extractionFinished();
     void resetDataFields();
     /// Holds from the next change of the position on.
+    /// Shows the moment of the play state again, whether it has changed or not.
+    void refresh();
     void setSpeedUnit(SpeedUnit unit) { m_speedUnit = unit; }
 
     void updateGsensorUIByPlayPositon();
