@@ -9,12 +9,13 @@ as_root() {
     if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# Installs the packages of packaging/apt-packages.txt that are missing; asks apt nothing when none is.
+# install_missing_packages [PACKAGE...]: installs those of packaging/apt-packages.txt, and the named ones, that are
+# missing; asks apt nothing when none is.
 install_missing_packages() {
     command -v dpkg-query >/dev/null ||
         die "This is not a Debian system. Needed: $(tr '\n' ' ' < packaging/apt-packages.txt)"
     local wanted=() missing=()
-    mapfile -t wanted < <(grep -v '^#' packaging/apt-packages.txt)
+    mapfile -t wanted < <(grep -v '^#' packaging/apt-packages.txt; [ $# -eq 0 ] || printf '%s\n' "$@")
     # A Node.js from elsewhere does as well as Debian's.
     if command -v node >/dev/null && command -v npm >/dev/null; then
         mapfile -t wanted < <(printf '%s\n' "${wanted[@]}" | grep -vx -e nodejs -e npm)
