@@ -63,8 +63,8 @@ public:
     /// Where a record was logged, as its cells show it, in decimal degrees; a log knows no hemispheres.
     DecimalPosition position(std::uint64_t row) const;
 
-    /// The whole route in the order of the records, for a map: without records that have no position or repeat
-    /// the one before, and thinned, the wider the longer the log, where it has too many.
+    /// The whole route in the order of the records, for a map: without records that have no position or
+    /// repeat the one before, and thinned, the wider the longer the log, where it has too many.
     std::vector<DecimalPosition> way() const;
 
 private:

@@ -29,8 +29,8 @@ public:
     explicit MapView(QWidget* parent = nullptr);
     ~MapView() override;
 
-    /// Which page is shown: one of the application's resources, see mapPageName(). Call it once, before the map is
-    /// first shown; without it the page is "map2_eng".
+    /// Which page is shown: one of the application's resources, see mapPageName(). Call it once, before the
+    /// map is first shown; without it the page is "map2_eng".
     void loadPage(const QString& pageName);
 
     /// Centres and marks a position, in signed decimal degrees, and draws the way there: runs

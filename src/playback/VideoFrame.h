@@ -19,8 +19,8 @@ enum class PixelLayout { I420, I422, I444, J420, J422, J444 };
 /// (high definition).
 enum class ColourMatrix { BT601, BT709 };
 
-/// libVLC does not tell what a film says of its colours. Where none does, players go by its size; JPEG has but
-/// one matrix.
+/// libVLC does not tell what a film says of its colours. Where none does, players go by its size; JPEG has
+/// but one matrix.
 constexpr ColourMatrix usualColourMatrix(int lines, bool isJpeg)
 {
     constexpr int standardLines = 576;

@@ -46,8 +46,8 @@ public:
     using SentenceListener = std::function<void(std::string_view sentence)>;
     void setSentenceListener(SentenceListener listener) { m_sentenceListener = std::move(listener); }
 
-    /// Tells somebody else of every GPS record, behind its sentences and before it is paired with readings: its
-    /// first sample will be entry m_vGpsData().size(). On the walk's thread; clear() keeps the listener.
+    /// Tells somebody else of every GPS record, behind its sentences and before it is paired with readings:
+    /// its first sample will be entry m_vGpsData().size(). On the walk's thread; clear() keeps the listener.
     using FixListener = std::function<void(const _AVI_GPS_DATA_T& header)>;
     void setFixListener(FixListener listener) { m_fixListener = std::move(listener); }
 
