@@ -79,7 +79,7 @@ void SumsList::read(std::string_view text)
             line.remove_prefix(1);
         constexpr std::size_t pathStart = 66;
         const auto sum = readSha256(line.substr(0, 64));
-        const bool isLine = isWhole && sum && line.size() > pathStart && line[64] == ' ' &&
+        const bool isLine = sum && line.size() > pathStart && line[64] == ' ' &&
                             (line[65] == ' ' || line[65] == '*');
         std::optional<std::string> path;
         if (isLine)
@@ -116,7 +116,7 @@ void SumsList::remove(std::string_view path)
         m_entries.erase(entry);
 }
 
-std::error_code readTextAt(int folder, const char* name, std::string& text)
+std::error_code readTextAt(int folder, const char* name, std::string& text, std::int64_t largest)
 {
     text.clear();
     const Descriptor file(::openat(folder, name, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
@@ -125,7 +125,6 @@ std::error_code readTextAt(int folder, const char* name, std::string& text)
     struct stat facts;
     if (::fstat(*file, &facts) != 0)
         return systemError();
-    constexpr off_t largest = 1 << 30;
     if (!S_ISREG(facts.st_mode) || facts.st_size > largest)
         return std::make_error_code(std::errc::invalid_argument);
     text.resize(static_cast<std::size_t>(facts.st_size));

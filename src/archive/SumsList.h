@@ -45,7 +45,8 @@ std::string sumsLine(std::string_view path, const Sha256Sum& sum);
 bool isPathWithin(std::string_view path);
 
 /// Reads a small text file of a folder (a descriptor); a missing one is empty. Nothing but a regular file is
-/// read, and none of more than 1 GiB.
-std::error_code readTextAt(int folder, const char* name, std::string& text);
+/// read, and none that is larger than told.
+std::error_code readTextAt(int folder, const char* name, std::string& text,
+                           std::int64_t largest = std::int64_t{1} << 30);
 
 } // namespace marvo

@@ -29,6 +29,7 @@ extern const Command settingsCommand; ///< SettingsCommand.cpp
 extern const Command logCommand;      ///< LogCommand.cpp
 extern const Command archiveCommand;  ///< ArchiveCommand.cpp
 extern const Command trackCommand;    ///< TrackCommand.cpp
+extern const Command verifyCommand;   ///< VerifyCommand.cpp
 extern const Command demoCommand;     ///< DemoCommand.cpp
 
 /// Prints "marvo-cli NAME: MESSAGE" and where to find help to stderr; returns WrongUsage.
