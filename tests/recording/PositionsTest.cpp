@@ -89,7 +89,8 @@ TEST(Summary, LeavesOutWhatIsNoPlaceAndNoNumber)
     std::int64_t time = 0;
     for (const auto& [latitude, longitude] : places) {
         area.reading(time, 0, time == 300 ? -512 : 0, 256);
-        area = gpsAt(area, time, latitude, longitude, time == 200 ? nan : static_cast<double>(time) / 10);
+        area =
+            gpsAt(area, time, latitude, longitude, time == 200 ? infinity : static_cast<double>(time) / 10);
         time += 100;
     }
     const std::string file = test::avi(area);
