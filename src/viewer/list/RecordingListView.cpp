@@ -89,6 +89,8 @@ void RecordingListView::setModel(QAbstractItemModel* model)
 }
 
 /// Kind, date and time get what their widest text takes; the file name has the rest, its middle left out.
+/// Where that is too little for the ending, which tells the camera, the kind's text gives way: its icon
+/// stays.
 void RecordingListView::layoutColumns()
 {
     if (!model())
@@ -112,6 +114,11 @@ void RecordingListView::layoutColumns()
     fit(Model::SaveMode, kinds, iconWidth + textMargins);
     fit(Model::Date, {QStringLiteral("2000-00-00")}, 0);
     fit(Model::Time, {QStringLiteral("00:00:00")}, 0);
+
+    const int file = leastFileNameWidth(cell) + textMargins + 1;
+    const int left = viewport()->width() - columnWidth(Model::Date) - columnWidth(Model::Time) - file;
+    const int least = iconWidth + 2 * textMargins;
+    setColumnWidth(Model::SaveMode, std::clamp(left, least, std::max(least, columnWidth(Model::SaveMode))));
 }
 
 int RecordingListView::allRows() const
@@ -172,8 +179,11 @@ void RecordingListView::filterChanged()
     const int shown = m_filter->rowCount();
     if (allRows() > 0 && m_scanLine->isHidden())
         showRecordings();
+    const auto* recordings = qobject_cast<const RecordingTableModel*>(m_filter->sourceModel());
     if (m_filter->isFiltering() && shown > 0 && selectedRow() < 0)
         stepSelection(0); // so that the Enter key has something to play
+    else if (!m_filter->isFiltering() && recordings && recordings->playingRow() >= 0)
+        scrollTo(m_filter->mapFromSource(recordings->index(static_cast<int>(recordings->playingRow()), 0)));
     else if (selectedRow() >= 0)
         scrollTo(currentIndex());
     Q_EMIT shownRowsChanged(shown, allRows());
@@ -276,10 +286,28 @@ bool RecordingListView::event(QEvent* event)
     return QTableView::event(event);
 }
 
+bool RecordingListView::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)
+        setHoveredRow(rowAt(static_cast<QHoverEvent*>(event)->position().toPoint().y()));
+    else if (event->type() == QEvent::HoverLeave)
+        setHoveredRow(-1);
+    return QTableView::viewportEvent(event);
+}
+
+/// The whole row is lit, not only the cell: a double click plays the row.
+void RecordingListView::setHoveredRow(int row)
+{
+    if (row == m_hoveredRow)
+        return;
+    m_hoveredRow = row;
+    viewport()->update();
+}
+
 void RecordingListView::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && selectedRow() >= 0)
+    if (enter) // without a selection it means nothing; the window must not take it for another row's
         return activateSelection();
     const QString typed = event->text();
     if (typed.size() == 1 && typed[0].isDigit() &&
@@ -332,6 +360,8 @@ void RecordingListView::contextMenuEvent(QContextMenuEvent* event)
 void RecordingListView::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
+    if (event->oldSize().width() != event->size().width()) // a scroll bar has come or gone
+        layoutColumns();
     placeStatus();
 }
 

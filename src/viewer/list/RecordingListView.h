@@ -36,6 +36,8 @@ public:
     void stepSelection(int rows);
     /// Plays the selected row.
     void activateSelection();
+    /// The row under the pointer among those shown, or -1.
+    int hoveredRow() const { return m_hoveredRow; }
 
     /// See RecordingFilter.
     void setSearch(const QString& text);
@@ -65,6 +67,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -75,6 +78,7 @@ private:
     void layoutColumns();
     int allRows() const;
     void filterChanged();
+    void setHoveredRow(int row);
     void showEmptyState(const QString& title, const QString& text, ListEmptyState::Offer offer);
     void placeStatus();
     void endScanning();
@@ -83,6 +87,7 @@ private:
     ListEmptyState* m_emptyState;
     QLabel* m_scanLine;
     PMProgressIndicator* m_scanProgress; ///< stands in the scan line
+    int m_hoveredRow = -1;
 };
 
 } // namespace marvo

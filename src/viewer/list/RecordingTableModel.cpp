@@ -128,7 +128,7 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
     if (!media)
         return {};
     const int row = index.row();
-    const bool playing = row == m_playingRow;
+    const bool playing = row == m_playingRow && !m_unplayable.contains(row);
     switch (role) {
     case Qt::DisplayRole:
         return text(*media, index.column());

@@ -28,7 +28,7 @@ public:
     static constexpr int IdentifierRole = Qt::UserRole + 1;
     /// Whether the recording could not be played; the reason is the row's tool tip.
     static constexpr int UnplayableRole = Qt::UserRole + 2;
-    /// Whether the recording is the one in the player.
+    /// Whether the recording is the one in the player, and can be played.
     static constexpr int PlayingRole = Qt::UserRole + 3;
     /// The kind's code; -1 for an unknown one.
     static constexpr int KindRole = Qt::UserRole + 4;
@@ -40,6 +40,7 @@ public:
     void reload();
     /// Marks one row as the one in the player; -1 marks none.
     void setPlayingRow(std::int64_t row);
+    std::int64_t playingRow() const { return m_playingRow; }
     void markUnplayable(std::int64_t row, const QString& reason);
     void markPlayable(std::int64_t row);
 
