@@ -75,6 +75,7 @@ bool PlaybackController::playAtIndex(std::int64_t index)
     if (m_mediaList.count() == 0 || m_waitingForPlayStart)
         return false;
     m_waitingForPlayStart = true;
+    m_followsByItself = false;
     dropDelayedSteps();
     m_player.stop();
     m_player.setMedia({});
@@ -108,7 +109,8 @@ void PlaybackController::initMediaControlView()
 {
     m_waitingForPlayStart = true;
     m_host.setPositionSliderValue(0);
-    setVideoScaleIndex(0);
+    if (!m_keepsWindow || !m_followsByItself)
+        setVideoScaleIndex(0);
     m_host.updateSideViewButton();
     m_playInfo.setSpeed(1);
     m_player.setRate(1);
@@ -209,7 +211,8 @@ void PlaybackController::timerPlayNext()
 
 bool PlaybackController::playNext()
 {
-    return m_mediaIndex + 1 < m_mediaList.count() && playAtIndex(m_mediaIndex + 1);
+    m_followsByItself = m_mediaIndex + 1 < m_mediaList.count() && playAtIndex(m_mediaIndex + 1);
+    return m_followsByItself;
 }
 
 void PlaybackController::didFinishPlay()

@@ -75,11 +75,14 @@ public:
     int volume() const { return m_volume; }                  ///< 0 to 200
     bool waitingForPlayStart() const { return m_waitingForPlayStart; }
 
+    /// Whether a recording that follows another by itself leaves the window as it is: its size, and full
+    /// screen.
+    void setKeepsWindow(bool keeps) { m_keepsWindow = keeps; }
     void setTimings(const PlaybackTimings& timings) { m_timings = timings; }
 
 Q_SIGNALS:
-    /// The player rests and shows the picture of its own position, which the play state has now, too; it may have
-    /// had that position before the picture came.
+    /// The player rests and shows the picture of its own position, which the play state has now, too; it may
+    /// have had that position before the picture came.
     void restingMomentShown();
     void volumeChanged(int volume);
     /// A recording is being started; its row may have the number of the one before, in another list.
@@ -131,6 +134,8 @@ private:
     bool m_waitingForPlayStart = false;
     bool m_preparingPlayNext = false;
     bool m_moving = false;
+    bool m_keepsWindow = false;
+    bool m_followsByItself = false; ///< the recording that starts
 };
 
 } // namespace marvo

@@ -186,6 +186,13 @@ void MRVAppDelegate::connectCommands()
     on(Command::ClickMapViewButton, this, &MRVAppDelegate::clickMapViewButton);
     on(Command::CloseWindow, this, &MRVAppDelegate::closeWindow);
     on(Command::Quit, this, &MRVAppDelegate::closeWindow);
+    QAction* keepWindow = m_commands->action(Command::KeepWindow);
+    const QString keepWindowKey = QStringLiteral("keepWindow");
+    connect(keepWindow, &QAction::toggled, playback, [playback, keepWindowKey](bool keeps) {
+        playback->setKeepsWindow(keeps);
+        QSettings().setValue(keepWindowKey, keeps);
+    });
+    keepWindow->setChecked(QSettings().value(keepWindowKey).toBool());
     auto* languages = new LanguageMenu(m_commands->menu());
     m_commands->insertLanguages(*languages);
     connect(languages, &LanguageMenu::languageChosen, this, [this] {

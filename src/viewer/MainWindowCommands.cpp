@@ -33,7 +33,8 @@ const std::vector<MenuSection>& menuTable()
          {ChangeAndPlay, ClickPlayButton, JumpBackward, JumpForward, DecreaseSpeed, IncreaseSpeed}},
         {"viewer.menu.sound", {VolumeDown, VolumeUp}},
         {"viewer.menu.view",
-         {ClickMediaListViewButton, ClickMapViewButton, FindRecording, SizeDown, SizeUp, ToggleFullScreen}},
+         {ClickMediaListViewButton, ClickMapViewButton, FindRecording, SizeDown, SizeUp, KeepWindow,
+          ToggleFullScreen}},
         {nullptr, {CloseWindow, Quit}},
     };
     return table;
@@ -65,6 +66,7 @@ const std::vector<CommandRow>& commandTable()
         {SizeDown, "sizeDown", {key(Qt::Key_Minus)}},
         // The plus sign shares its key with the equals sign on many keyboards.
         {SizeUp, "sizeUp", {key(Qt::Key_Plus), key(Qt::Key_Equal)}},
+        {KeepWindow, "keepWindow", {}, Once, CommandRow::Kind::Toggles},
         {ToggleFullScreen, "toggleFullScreen", {key(Qt::Key_F), key(Qt::Key_F11)}},
         {ClickMediaListViewButton, "clickMediaListViewButton", {key(Qt::Key_L)}},
         {ClickMapViewButton, "clickMapViewButton", {key(Qt::Key_M)}},
@@ -89,9 +91,12 @@ MainWindowCommands::MainWindowCommands(QWidget& window) : QObject(&window), m_me
         action->setIconText(title);
         action->setShortcuts(QList<QKeySequence>(row.shortcuts.begin(), row.shortcuts.end()));
         action->setAutoRepeat(row.repeat == CommandRow::Repeat::WhileHeld);
-        const QString keyText = row.shortcuts.front().toString(QKeySequence::NativeText);
+        action->setCheckable(row.kind == CommandRow::Kind::Toggles);
         const QString name = title.endsWith(QChar(0x2026)) ? title.chopped(1) : title; // "Open folder…"
-        action->setToolTip(QStringLiteral("%1  (%2)").arg(name, keyText));
+        const QString keyText =
+            row.shortcuts.empty() ? QString() : row.shortcuts.front().toString(QKeySequence::NativeText);
+        action->setToolTip(keyText.isEmpty() ? localised("viewer.keepWindowTip")
+                                             : QStringLiteral("%1  (%2)").arg(name, keyText));
         window.addAction(action);
         m_actions.push_back(action);
     }

@@ -32,6 +32,7 @@ enum class Command {
     VolumeUp,
     SizeDown,
     SizeUp,
+    KeepWindow,
     ToggleFullScreen,
     ClickMediaListViewButton,
     ClickMapViewButton,
@@ -45,11 +46,13 @@ enum class Command {
 struct CommandRow
 {
     enum class Repeat { Once, WhileHeld };
+    enum class Kind { Does, Toggles };
 
     Command command;
     const char* name; ///< the action's object name; "viewer.command." and the name make the key of its title
-    std::vector<QKeySequence> shortcuts;
+    std::vector<QKeySequence> shortcuts; ///< may be none
     Repeat repeat = Repeat::Once;
+    Kind kind = Kind::Does;
 };
 
 const std::vector<CommandRow>& commandTable();

@@ -370,6 +370,22 @@ private Q_SLOTS:
         }
     }
 
+    void theWindowStaysOnlyForWhatFollowsByItself()
+    {
+        for (const bool keeps : {false, true}) {
+            FakeStage stage;
+            stage.controller->setKeepsWindow(keeps);
+            stage.startPlaying(0);
+            stage.host.fullScreen = true;
+            QVERIFY(stage.controller->playNext());
+            QVERIFY(stage.isAskedToPlay());
+            QCOMPARE(stage.host.fullScreen, keeps);
+            stage.player->become(State::Playing);
+            stage.controller->changeAndPlay(2);
+            QTRY_VERIFY(!stage.host.fullScreen);
+        }
+    }
+
     void speedVolumeAndSizeKeepTheirLimits()
     {
         FakeStage stage;
