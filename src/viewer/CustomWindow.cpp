@@ -60,6 +60,19 @@ QRect frameOnScreen(QRect frame, const QScreen& other)
 
 } // namespace
 
+QRect fittedFrame(QRect frame, const QRect& visibleArea)
+{
+    if (frame.width() > visibleArea.width()) {
+        frame.setWidth(visibleArea.width());
+        frame.moveLeft(visibleArea.left());
+    }
+    if (frame.height() > visibleArea.height()) {
+        frame.setHeight(visibleArea.height());
+        frame.moveTop(visibleArea.top());
+    }
+    return frame;
+}
+
 QPoint draggedOrigin(QPoint currentOrigin, QPoint location, QPoint initialLocation, const QRect& visibleArea)
 {
     const QPoint moved = currentOrigin + location - initialLocation;
@@ -132,9 +145,11 @@ QRect CustomWindow::frame() const
                                                                 : geometry();
 }
 
-void CustomWindow::setFrame(const QRect& newFrame, FrameChange change)
+void CustomWindow::setFrame(const QRect& wanted, FrameChange change)
 {
     m_frameChange.stop();
+    const QScreen* target = QGuiApplication::screenAt(wanted.center());
+    const QRect newFrame = fittedFrame(wanted, (target ? target : screen())->availableGeometry());
     const bool animate = change == FrameChange::Animated && isVisible() &&
                          style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
     if (!animate || newFrame == geometry()) {

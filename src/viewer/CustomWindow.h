@@ -95,6 +95,9 @@ private:
     QLabel* m_dropHint; ///< over everything while a folder is held over the window
 };
 
+/// A frame that is larger than the screen's free area, cut to it and moved inside; any other as it is.
+QRect fittedFrame(QRect frame, const QRect& visibleArea);
+
 /// Where a drag brings the window: the pointer keeps its place in it, but its top stops at the top of the
 /// screen's free area.
 QPoint draggedOrigin(QPoint currentOrigin, QPoint location, QPoint initialLocation, const QRect& visibleArea);

@@ -150,9 +150,9 @@ void MRVAppDelegate::applicationDidFinishLaunching()
     storeLanguagePreference(preferences);
     m_korean = supportLanguage() == QLatin1StringView("ko");
 
-    m_window->setFrame(minWindowFrame(m_window->screen()->availableGeometry()),
-                       CustomWindow::FrameChange::AtOnce);
-    m_window->setInitialFrame(m_window->frame());
+    const QRect frame = minWindowFrame(m_window->screen()->availableGeometry());
+    m_window->setFrame(frame, CustomWindow::FrameChange::AtOnce);
+    m_window->setInitialFrame(frame);
     connect(m_views->bodyRightBox->mediaListTableView(), &RecordingListView::rowActivated, m_playback.get(),
             &PlaybackController::changeAndPlay);
     m_window->show();
