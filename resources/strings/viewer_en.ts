@@ -10,6 +10,8 @@
     <message id="viewer.list.name"><source></source><translation>Recordings</translation></message>
     <message id="viewer.list.unplayable"><source></source><translation>Cannot be played: %1</translation></message>
     <message id="viewer.list.playing"><source></source><translation>In the player</translation></message>
+    <message id="viewer.playing.front"><source></source><translation>%1, front</translation></message>
+    <message id="viewer.playing.rear"><source></source><translation>%1, rear</translation></message>
     <message id="viewer.list.scanning"><source></source><translation>Reading folder… %1</translation></message>
     <message id="viewer.list.noFolder"><source></source><translation>No folder open</translation></message>
     <message id="viewer.list.empty"><source></source><translation>No recordings in this folder</translation></message>

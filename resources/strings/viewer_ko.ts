@@ -10,6 +10,8 @@
     <message id="viewer.list.name"><source></source><translation>녹화 목록</translation></message>
     <message id="viewer.list.unplayable"><source></source><translation>재생할 수 없음: %1</translation></message>
     <message id="viewer.list.playing"><source></source><translation>재생 중인 녹화</translation></message>
+    <message id="viewer.playing.front"><source></source><translation>%1, 전방</translation></message>
+    <message id="viewer.playing.rear"><source></source><translation>%1, 후방</translation></message>
     <message id="viewer.list.scanning"><source></source><translation>폴더 읽는 중… %1</translation></message>
     <message id="viewer.list.noFolder"><source></source><translation>열린 폴더 없음</translation></message>
     <message id="viewer.list.empty"><source></source><translation>이 폴더에 녹화가 없습니다</translation></message>

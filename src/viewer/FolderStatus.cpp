@@ -52,6 +52,27 @@ void FolderStatus::showNothingOpen()
     m_views.headBox->showFolder({}, {}, {});
 }
 
+void FolderStatus::showPlaying(std::int64_t row)
+{
+    const MRVMedia* media = m_mediaList.mediaAtIndex(row);
+    if (!media)
+        return m_views.headBox->showPlaying({}, {});
+    const auto cell = [&](int column) {
+        return m_recordings.index(static_cast<int>(row), column).data().toString();
+    };
+    using Model = RecordingTableModel;
+    const int camera = mediaDirection(media->path());
+    const QString kind = cell(Model::SaveMode);
+    const QString title =
+        camera == UnknownMedia
+            ? kind
+            : localised(camera == FrontMedia ? "viewer.playing.front" : "viewer.playing.rear").arg(kind);
+    const QString time = cell(Model::Date).isEmpty() // its name tells no time
+                             ? cell(Model::File)
+                             : QStringLiteral("%1 %2").arg(cell(Model::Date), cell(Model::Time));
+    m_views.headBox->showPlaying(title, time);
+}
+
 void FolderStatus::showScanning(qint64 found)
 {
     showFolder(localised("viewer.folder.reading"));

@@ -25,6 +25,8 @@ public:
     void showListed();
     /// No folder is open.
     void showNothingOpen();
+    /// The head strip names the recording of a row; -1 names none.
+    void showPlaying(std::int64_t row);
 
 private:
     void showFolder(const QString& detail);

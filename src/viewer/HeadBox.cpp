@@ -32,6 +32,19 @@ ImageButton* headButton(const char* name, const char* image, const char* titleKe
     return button;
 }
 
+/// Two lines in the strip, the upper one the more important.
+QWidget* twoLines(ElidedLabel* upper, ElidedLabel* lower, QWidget* box)
+{
+    auto* lines = new QVBoxLayout(box);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(0);
+    lines->addStretch();
+    lines->addWidget(upper);
+    lines->addWidget(lower);
+    lines->addStretch();
+    return box;
+}
+
 } // namespace
 
 HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
@@ -41,7 +54,10 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
       m_brand(new QLabel(this)),
       m_folder(new QWidget(this)),
       m_folderName(new ElidedLabel(m_folder)),
-      m_folderDetail(new ElidedLabel(m_folder))
+      m_folderDetail(new ElidedLabel(m_folder)),
+      m_playing(new QWidget(this)),
+      m_playingTitle(new ElidedLabel(m_playing)),
+      m_playingTime(new ElidedLabel(m_playing))
 {
     setObjectName(QStringLiteral("headBox"));
 
@@ -55,13 +71,13 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
 
     m_folderName->setObjectName(QStringLiteral("folderName"));
     m_folderDetail->setObjectName(QStringLiteral("folderDetail"));
-    auto* folder = new QVBoxLayout(m_folder);
-    folder->setContentsMargins(0, 0, 0, 0);
-    folder->setSpacing(0);
-    folder->addStretch();
-    folder->addWidget(m_folderName);
-    folder->addWidget(m_folderDetail);
-    folder->addStretch();
+    twoLines(m_folderName, m_folderDetail, m_folder);
+
+    m_playing->setObjectName(QStringLiteral("playingBox"));
+    m_playingTitle->setObjectName(QStringLiteral("playingTitle"));
+    m_playingTime->setObjectName(QStringLiteral("playingTime"));
+    m_playingTitle->setAccessibleName(localised("viewer.list.playing"));
+    twoLines(m_playingTitle, m_playingTime, m_playing);
 
     auto* open = headButton("openButton", "icon_folder", "viewer.command.openMediaDirectoryDialog", this);
     open->setCommand(commands.action(Command::OpenMediaDirectoryDialog));
@@ -69,6 +85,7 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
     open->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     open->setMinimumWidth(0);
     open->setMaximumWidth(QWIDGETSIZE_MAX);
+    m_openButton = open;
     auto* minimise = headButton("minimiseButton", "icon_minimise", "viewer.window.minimise", this);
     auto* zoom = headButton("zoomButton", "icon_zoom", "viewer.window.zoom", this);
     auto* close = headButton("closeButton", "icon_close", "viewer.command.closeWindow", this);
@@ -97,6 +114,14 @@ void HeadBox::showFolder(const QString& name, const QString& path, const QString
     m_folderDetail->setFullText(detail);
 }
 
+void HeadBox::showPlaying(const QString& title, const QString& time)
+{
+    m_playing->setToolTip(title.isEmpty() ? QString()
+                                          : plainToolTip(QStringLiteral("%1\n%2").arg(title, time)));
+    m_playingTitle->setFullText(title);
+    m_playingTime->setFullText(time);
+}
+
 void HeadBox::popUpMenu()
 {
     m_commands.menu()->popup(m_menuButton->mapToGlobal(QPoint(0, m_menuButton->height() + 2)));
@@ -111,10 +136,14 @@ void HeadBox::mouseDoubleClickEvent(QMouseEvent* event)
 void HeadBox::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    // The folder's name keeps out of the middle, where the loading indicator appears.
+    // Both names keep out of the middle, where the loading indicator appears.
     const int left = 10 + buttonSize + 8 + m_brand->sizeHint().width() + 24;
     const int right = (width() - indicatorRoom) / 2 - 12;
     m_folder->setGeometry(left, 0, std::max(0, right - left), height());
+    layout()->activate(); // the button's place is that of this width
+    const int playingLeft = (width() + indicatorRoom) / 2 + 12;
+    const int playingRight = m_openButton->x() - 10;
+    m_playing->setGeometry(playingLeft, 0, std::max(0, playingRight - playingLeft), height());
 }
 
 } // namespace marvo

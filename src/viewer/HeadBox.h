@@ -21,6 +21,8 @@ public:
 
     /// The folder's name, its whole path, and what is known of it, such as the number of its recordings.
     void showFolder(const QString& name, const QString& path, const QString& detail);
+    /// What is in the player: kind and camera, and below it when it was recorded. Empty when nothing is.
+    void showPlaying(const QString& title, const QString& time);
     /// Opens the menu below its button.
     void popUpMenu();
 
@@ -39,6 +41,10 @@ private:
     QWidget* m_folder;
     ElidedLabel* m_folderName;
     ElidedLabel* m_folderDetail;
+    QWidget* m_openButton;
+    QWidget* m_playing;
+    ElidedLabel* m_playingTitle;
+    ElidedLabel* m_playingTime;
 };
 
 } // namespace marvo

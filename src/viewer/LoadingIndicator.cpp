@@ -32,7 +32,7 @@ void LoadingIndicator::showLoading(const QString& text)
     m_progress = 0;
     m_indicator.setDoubleValue(m_indicator.minValue());
     const int x = (m_indicator.parentWidget()->width() - m_indicator.width()) / 2;
-    m_indicator.move(x, m_indicator.y());
+    m_indicator.move(x, (m_indicator.parentWidget()->height() - m_indicator.height()) / 2);
     m_indicator.show();
     m_indicator.raise();
     m_indicator.startAnimation();

@@ -33,6 +33,7 @@
 #include "viewer/PlaybackViews.h"
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/ToolWindows.h"
+#include "viewer/VideoNotice.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -105,6 +106,8 @@ void MRVAppDelegate::setupInitialValues()
             &DataPanelUpdater::refresh);
     connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
             &RecordingTableModel::setPlayingRow);
+    connect(m_playback.get(), &PlaybackController::mediaIndexChanged, m_folderStatus.get(),
+            &FolderStatus::showPlaying);
     m_toolWindows = std::make_unique<ToolWindows>(*m_window, m_configuration.disks, this);
     connectCommands();
     connect(m_window.get(), &CustomWindow::contentResized, this, [this] {
@@ -225,6 +228,8 @@ void MRVAppDelegate::openDirectory(const std::string& path)
     m_folders->folderWillChange();
     m_playback->stop();
     m_recordings.setPlayingRow(-1);
+    m_views->videoReason->hide();
+    m_folderStatus->showPlaying(-1);
     m_mediaList.setDirectoryPath(path);
     m_cardSettings.lookUp(path);
     m_folderStatus->showScanning(0);
@@ -233,6 +238,9 @@ void MRVAppDelegate::openDirectory(const std::string& path)
 void MRVAppDelegate::mediaListChanged()
 {
     setRightViewMode(RecordingListMode);
+    // Wherever it was: a button that opened the folder would keep the Space key.
+    if (!m_window->isFullScreen())
+        m_views->bodyRightBox->mediaListTableView()->setFocus();
     m_folderStatus->showListed();
     if (!m_folders->folderListed())
         m_folderStatus->showNothingOpen();

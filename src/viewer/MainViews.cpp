@@ -52,6 +52,7 @@ MainViews::MainViews(CustomWindow& mainWindow, const MainWindowCommands& command
       player1BackgroundView(new TKVideoBackgroundImageView(videoBox)),
       videoContainerView(new MRVScrollableVideoContainerView(videoBox)),
       video1View(new VideoView(videoContainerView)),
+      videoReason(new VideoReason(videoContainerView)),
       videoNotice(new VideoNotice(videoContainerView)),
       graphView(new GraphView),
       gsensorBox(new GsensorBox(graphView, bodyLeftBox)),

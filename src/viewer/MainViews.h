@@ -21,6 +21,7 @@ class PMProgressIndicator;
 class SidePanel;
 class TKVideoBackgroundImageView;
 class VideoNotice;
+class VideoReason;
 class VideoView;
 
 /// The main window's boxes and what stands in them, placed by MainWindowLayout. All of it belongs to the
@@ -63,6 +64,7 @@ public:
     TKVideoBackgroundImageView* player1BackgroundView;
     MRVScrollableVideoContainerView* videoContainerView;
     VideoView* video1View;
+    VideoReason* videoReason;
     VideoNotice* videoNotice;
 
     GraphView* graphView;

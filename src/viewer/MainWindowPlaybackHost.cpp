@@ -5,6 +5,7 @@
 #include "controls/FractionSlider.h"
 #include "controls/InterfaceScale.h"
 #include "playback/VideoView.h"
+#include "texts/Localisation.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/list/RecordingListView.h"
 #include "viewer/list/RecordingTableModel.h"
@@ -16,6 +17,7 @@
 #include "viewer/panel/DataPanelUpdater.h"
 #include "viewer/SidePanel.h"
 #include "viewer/TKVideoBackgroundImageView.h"
+#include "viewer/VideoNotice.h"
 
 #include <QScreen>
 
@@ -41,11 +43,16 @@ void MainWindowPlaybackHost::selectRow(std::int64_t row)
 void MainWindowPlaybackHost::markUnplayable(std::int64_t row, const QString& reason)
 {
     m_recordings.markUnplayable(row, reason);
+    m_views.videoReason->tell(localised("viewer.list.unplayable").arg(reason));
 }
 
 void MainWindowPlaybackHost::markPlayable(std::int64_t row) { m_recordings.markPlayable(row); }
 
-void MainWindowPlaybackHost::showLoading(const QString& text) { m_loading.showLoading(text); }
+void MainWindowPlaybackHost::showLoading(const QString& text)
+{
+    m_views.videoReason->hide();
+    m_loading.showLoading(text);
+}
 
 void MainWindowPlaybackHost::hideLoading() { m_loading.hideLoading(); }
 

@@ -145,8 +145,12 @@ void SidePanel::connectFilterBar()
     connect(m_filterBar, &RecordingFilterBar::searchChanged, list, &RecordingListView::setSearch);
     connect(m_filterBar, &RecordingFilterBar::kindsChanged, list, &RecordingListView::setKinds);
     connect(m_filterBar, &RecordingFilterBar::rowStepped, list, &RecordingListView::stepSelection);
-    connect(m_filterBar, &RecordingFilterBar::playRequested, list, &RecordingListView::activateSelection);
+    connect(m_filterBar, &RecordingFilterBar::playRequested, list, [list] {
+        list->setFocus(); // Space must pause then, not write into the search
+        list->activateSelection();
+    });
     connect(m_filterBar, &RecordingFilterBar::left, list, [list] { list->setFocus(); });
+    connect(m_returnStrip, &ReturnStrip::left, list, [list] { list->setFocus(); });
     connect(list, &RecordingListView::digitTyped, m_filterBar, &RecordingFilterBar::beginSearch);
     connect(&list->emptyState(), &ListEmptyState::showAllRequested, m_filterBar, &RecordingFilterBar::clear);
 }

@@ -2,6 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/VideoNotice.h"
 
+#include "controls/InterfaceScale.h"
+
+#include <QEvent>
+#include <QStyle>
+
+#include <algorithm>
 #include <chrono>
 
 namespace marvo {
@@ -10,6 +16,7 @@ namespace {
 
 constexpr std::chrono::milliseconds shownFor{1200};
 constexpr int edgeGap = 16;
+constexpr int widestReason = 460;
 
 } // namespace
 
@@ -30,6 +37,41 @@ void VideoNotice::tell(const QString& text)
     raise();
     show();
     m_gone.start(shownFor);
+}
+
+VideoReason::VideoReason(QWidget* parent) : QLabel(parent)
+{
+    setObjectName(QStringLiteral("videoReason"));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setTextFormat(Qt::PlainText); // it names files
+    setAlignment(Qt::AlignCenter);
+    setWordWrap(true);
+    parent->installEventFilter(this);
+    hide();
+}
+
+void VideoReason::tell(const QString& text)
+{
+    setText(text);
+    place();
+    raise();
+    show();
+}
+
+void VideoReason::place()
+{
+    ensurePolished();
+    const QSize room = parentWidget()->size() - QSize(2 * edgeGap, 2 * edgeGap);
+    const int width = std::max(1, std::min(room.width(), scaledLength(widestReason)));
+    const QSize size(width, std::min(heightForWidth(width), std::max(1, room.height())));
+    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, parentWidget()->rect()));
+}
+
+bool VideoReason::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize)
+        place();
+    return QLabel::eventFilter(watched, event);
 }
 
 } // namespace marvo

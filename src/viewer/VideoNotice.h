@@ -20,4 +20,20 @@ private:
     QTimer m_gone;
 };
 
+/// Why there is no picture: a text in the middle of the video area that stays until it no longer holds.
+class VideoReason : public QLabel
+{
+    Q_OBJECT
+public:
+    explicit VideoReason(QWidget* parent);
+
+    void tell(const QString& text);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void place();
+};
+
 } // namespace marvo

@@ -190,11 +190,34 @@ private Q_SLOTS:
         QVERIFY(broken.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("Cannot be played: ")));
         QTRY_VERIFY(!stage.box("progressIndicator")->isVisible());
         QVERIFY(!stage.delegate.views().video1View->isVisible());
+        QVERIFY(!broken.data(RecordingTableModel::PlayingRole).toBool());
+        QVERIFY(stage.box("videoReason")->isVisible());
+        QVERIFY(stage.text("videoReason").startsWith(QStringLiteral("Cannot be played: ")));
+        QCOMPARE(stage.text("playingTitle"), QStringLiteral("Continuous, front"));
+        QCOMPARE(stage.text("playingTime"), QStringLiteral("2024-05-17 08:00:00"));
         stage.doubleClickRow(1);
         QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
+        QVERIFY(!stage.box("videoReason")->isVisible());
         QVERIFY(broken.data(RecordingTableModel::UnplayableRole).toBool());
         QVERIFY(stage.open(m_card.path()));
         QVERIFY(!stage.list().model()->index(0, 0).data(RecordingTableModel::UnplayableRole).toBool());
+        QCOMPARE(stage.text("playingTitle"), QString());
+    }
+
+    void theKeyboardIsInTheListAfterOpeningAndSearching()
+    {
+        WindowStage stage;
+        stage.box("openButton")->setFocus(); // its Space key would open the dialog again
+        QVERIFY(stage.open(m_card.path()));
+        QCOMPARE(QApplication::focusWidget(), &stage.list());
+        stage.list().clearSelection(); // a place to continue selects its row
+        stage.key(Qt::Key_Return);
+        QCOMPARE(stage.delegate.playback().mediaIndex(), -1);
+        stage.key(Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("0815"));
+        stage.key(Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), &stage.list());
+        QVERIFY(stage.delegate.playback().mediaIndex() >= 0);
     }
 
     void anotherFolderWhilePlayingKeepsThePanels()

@@ -11,6 +11,7 @@
 #include "viewer/Appearance.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/list/RecordingListView.h"
+#include "viewer/list/RecordingRowDelegate.h"
 #include "viewer/list/RecordingTableModel.h"
 #include "viewer/LoadingIndicator.h"
 #include "viewer/MainWindowLayout.h"
@@ -58,6 +59,17 @@ private Q_SLOTS:
         for (const QRect& rect :
              {layout.bodyLeftBox, layout.videoBox, layout.gsensorBox, layout.mediaListBox})
             QVERIFY(rect.width() >= 0 && rect.height() >= 0);
+    }
+
+    void framesLargerThanTheScreenAreCutToIt()
+    {
+        const std::pair<QRect, QRect> rows[] = {
+            {{-30, -50, 1020, 640}, {0, 30, 960, 510}}, // both too large
+            {{900, 0, 800, 640}, {900, 30, 800, 510}},  // beyond the right edge by the user's own hand
+            {{100, 100, 800, 500}, {100, 100, 800, 500}},
+        };
+        for (const auto& [frame, fitted] : rows)
+            QCOMPARE(fittedFrame(frame, {0, 30, 960, 510}), fitted);
     }
 
     void draggingStopsAtTheTopOnly()
@@ -171,7 +183,12 @@ private Q_SLOTS:
                 if (language == InterfaceLanguage::English)
                     QVERIFY2(expected.contains(texts.join(u'|')), qPrintable(texts.join(u'|')));
             }
-            QVERIFY(view.columnWidth(3) >= 40);
+            view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+            QCoreApplication::processEvents();
+            const QFontMetrics metrics(model.index(0, 3).data(Qt::FontRole).value<QFont>());
+            const QString shown =
+                elidedFileName(expected[2].section(u'|', 3), metrics, view.columnWidth(3) - 7);
+            QVERIFY2(shown.endsWith(QStringLiteral("_F.avi")), qPrintable(shown));
         }
     }
 

@@ -31,8 +31,14 @@ ReturnStrip::ReturnStrip(QWidget* parent)
     auto* close = new ImageButton(QStringLiteral("icon_close"), localised("folders.returnNot"), this);
     close->setObjectName(QStringLiteral("returnCloseButton"));
     close->setFixedSize(26, 26);
-    connect(m_return, &QPushButton::clicked, this, &ReturnStrip::accepted);
-    connect(close, &ImageButton::clicked, this, &QWidget::hide);
+    connect(m_return, &QPushButton::clicked, this, [this] {
+        Q_EMIT left();
+        Q_EMIT accepted();
+    });
+    connect(close, &ImageButton::clicked, this, [this] {
+        Q_EMIT left();
+        hide();
+    });
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 4, 6, 4);

@@ -24,6 +24,8 @@ public:
 
 Q_SIGNALS:
     void accepted();
+    /// One of its buttons was pressed: the keyboard needs another place.
+    void left();
 
 private:
     QPushButton* m_return;
