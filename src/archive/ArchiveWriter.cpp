@@ -68,7 +68,8 @@ std::string folderPart(const std::string& path)
 bool concernsOneFile(const std::error_code& error)
 {
     return error == std::errc::invalid_argument || error == std::errc::filename_too_long ||
-           error == std::errc::file_too_large || error == std::errc::illegal_byte_sequence || isTaken(error);
+           error == std::errc::file_too_large || error == std::errc::illegal_byte_sequence ||
+           error == std::errc::operation_not_permitted || isTaken(error);
 }
 
 ArchiveWriter::ArchiveWriter(std::string car, WorkControl& control)
@@ -254,9 +255,13 @@ std::error_code ArchiveWriter::verify(Staged& staged)
         return systemError();
     if (::fsync(*staged.file) != 0)
         return systemError();
+    // Opened anew, as others see it: some file systems give back what the writer's own descriptor remembers.
+    const Descriptor written = openFileWithin(*m_dayFolder, staged.name);
+    if (!written)
+        return systemError();
     for (int attempt = 0; attempt < 2; ++attempt) {
         const MediumReading reading =
-            readMedium(*staged.file, [this](std::uint64_t) { return m_control.mayGoOn(); });
+            readMedium(*written, [this](std::uint64_t) { return m_control.mayGoOn(); });
         if (reading.cancelled)
             return std::make_error_code(std::errc::operation_canceled);
         if (reading.error != 0)
@@ -396,14 +401,22 @@ std::error_code ArchiveWriter::place(Staged& staged, const std::string& chosen, 
         error = rename(staged, path);
     }
     if (!error) {
-        removeSupersededPartials(staged);
+        removeSupersededPartials(staged, path);
         takePlace(staged, path, PlacedFile::Result::Placed);
     }
     return error;
 }
 
+/// Of the first bytes of a file that has just got its name.
+Sha256Sum ArchiveWriter::prefixSum(const Staged& staged, const std::string& pathInDay,
+                                   std::uint64_t size) const
+{
+    const Descriptor file = openFileWithin(*m_dayFolder, pathInDay);
+    return file && size <= staged.size ? readMedium(*file, {}, size).sum : Sha256Sum{};
+}
+
 /// A file kept in part goes when the whole begins with the same bytes.
-void ArchiveWriter::removeSupersededPartials(const Staged& staged)
+void ArchiveWriter::removeSupersededPartials(const Staged& staged, const std::string& placed)
 {
     if (staged.outcome.isPartial)
         return;
@@ -413,7 +426,7 @@ void ArchiveWriter::removeSupersededPartials(const Staged& staged)
         if (!sum)
             return;
         const auto size = listedSize(path);
-        if (!size || *size > staged.size || readMedium(*staged.file, {}, *size).sum != *sum)
+        if (!size || *size > staged.size || prefixSum(staged, placed, *size) != *sum)
             continue;
         const Descriptor folder = openFolderWithin(*m_dayFolder, folderPart(path));
         const DeletionEntry entry{.time = utcTimeText(),

@@ -103,7 +103,8 @@ private:
     std::error_code rename(const Staged& staged, const std::string& pathInDay);
     std::error_code place(Staged& staged, const std::string& chosen, int variant);
     void takePlace(Staged& staged, const std::string& pathInDay, PlacedFile::Result result);
-    void removeSupersededPartials(const Staged& staged);
+    Sha256Sum prefixSum(const Staged& staged, const std::string& pathInDay, std::uint64_t size) const;
+    void removeSupersededPartials(const Staged& staged, const std::string& placed);
     void dropTemporary(Staged& staged);
     std::error_code noteRestored() const;
 

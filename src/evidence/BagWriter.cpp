@@ -134,7 +134,8 @@ std::error_code BagWriter::addFile(const std::string& path, ByteSource& source, 
     if (::fsync(*file) != 0)
         return keep(systemError());
     const Sha256Sum written = sum.finish();
-    const MediumReading reading = readMedium(*file);
+    const Descriptor again = openFileWithin(*m_folder, path);
+    const MediumReading reading = again ? readMedium(*again) : MediumReading();
     if (!reading.isWhole || reading.bytes != size || reading.sum != written)
         return keep(std::make_error_code(std::errc::io_error));
     list.files.emplace(path, written);
