@@ -27,6 +27,8 @@ extern const Command nmeaCommand;     ///< NmeaCommand.cpp
 extern const Command listCommand;     ///< ListCommand.cpp
 extern const Command settingsCommand; ///< SettingsCommand.cpp
 extern const Command logCommand;      ///< LogCommand.cpp
+extern const Command drivesCommand;   ///< DrivesCommand.cpp
+extern const Command eventsCommand;   ///< EventsCommand.cpp
 extern const Command archiveCommand;  ///< ArchiveCommand.cpp
 extern const Command trackCommand;    ///< TrackCommand.cpp
 extern const Command verifyCommand;   ///< VerifyCommand.cpp

@@ -14,9 +14,9 @@ namespace marvo::cli {
 
 namespace {
 
-constexpr const Command* commands[] = {&inspectCommand,  &nmeaCommand,   &listCommand,
-                                       &settingsCommand, &logCommand,    &archiveCommand,
-                                       &trackCommand,    &verifyCommand, &demoCommand};
+constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand,   &listCommand,   &settingsCommand,
+                                       &logCommand,     &drivesCommand, &eventsCommand, &archiveCommand,
+                                       &trackCommand,   &verifyCommand, &demoCommand};
 
 void say(const Command& command, std::string_view message, std::string_view hint)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace marvo {
@@ -32,6 +33,9 @@ struct ClipIndex
 {
     std::vector<ClipStream> streams;
     std::vector<ClipChunk> chunks;
+    /// The first video stream; none without a picture.
+    std::optional<std::uint8_t> video;
+    std::uint64_t picturesTold = 0; ///< by the header of that stream
 };
 
 } // namespace marvo

@@ -261,6 +261,8 @@ ClipIndex IndexReader::read()
     findParts();
     if (!m_video)
         return {};
+    m_index.video = m_video;
+    m_index.picturesTold = m_picturesTold;
     if (!readIndexChunk()) {
         m_index.chunks.clear();
         for (const Part& part : m_movie)

@@ -22,14 +22,14 @@ namespace marvo {
 
 namespace {
 
-bool isRecordingFileName(std::string_view fileName)
+bool isRecordingFileName(std::string_view fileName, NameFilter isWanted)
 {
-    const auto [base, extension] = splitFileName(fileName);
+    const std::string_view extension = splitFileName(fileName).extension;
     const auto is = [](char letter, char small, char capital) {
         return letter == small || letter == capital;
     };
     return extension.size() == 3 && is(extension[0], 'a', 'A') && is(extension[1], 'v', 'V') &&
-           is(extension[2], 'i', 'I') && isMediaName(base);
+           is(extension[2], 'i', 'I') && isWanted(fileName);
 }
 
 struct DirectoryCloser
@@ -58,8 +58,9 @@ EntryKind kindOf(const dirent& entry, int directory)
 class FolderWalk
 {
 public:
-    FolderWalk(const std::stop_token& stop, const std::function<void(std::size_t)>& onFound)
-        : m_stop(stop), m_onFound(onFound)
+    FolderWalk(NameFilter isWanted, const std::stop_token& stop,
+               const std::function<void(std::size_t)>& onFound)
+        : m_isWanted(isWanted), m_stop(stop), m_onFound(onFound)
     {}
 
     /// Walks a folder and all below it; returns why the folder itself could not be read.
@@ -87,6 +88,7 @@ private:
     std::error_code readEntries(DIR* directory, Level& level) const;
     void takeFile(Level& level);
 
+    NameFilter m_isWanted;
     const std::stop_token& m_stop;
     const std::function<void(std::size_t)>& m_onFound;
     std::deque<MRVMedia> m_found; ///< grows without moving what is there
@@ -155,7 +157,7 @@ std::error_code FolderWalk::readEntries(DIR* directory, Level& level) const
         if (name == "." || name == "..")
             continue;
         const EntryKind kind = kindOf(*entry, ::dirfd(directory));
-        if (kind == EntryKind::File && !isRecordingFileName(name))
+        if (kind == EntryKind::File && !isRecordingFileName(name, m_isWanted))
             continue;
         level.entries.push_back({level.names.size(), kind});
         level.names.append(name).push_back('\0');
@@ -214,7 +216,15 @@ std::optional<MRVMedia> createMediaByPath(std::string_view path)
 MediaScan scanFolder(const std::string& folder, const std::stop_token& stop,
                      const std::function<void(std::size_t)>& onFound)
 {
-    FolderWalk walk(stop, onFound);
+    return scanFolder(
+        folder, [](std::string_view fileName) { return isMediaName(splitFileName(fileName).base); }, stop,
+        onFound);
+}
+
+MediaScan scanFolder(const std::string& folder, NameFilter isWanted, const std::stop_token& stop,
+                     const std::function<void(std::size_t)>& onFound)
+{
+    FolderWalk walk(isWanted, stop, onFound);
     MediaScan scan;
     try {
         // An empty path is no folder, least of all the current one.

@@ -39,4 +39,9 @@ struct MediaScan
 MediaScan scanFolder(const std::string& folder, const std::stop_token& stop = {},
                      const std::function<void(std::size_t)>& onFound = {});
 
+/// The same for files of other names: those that end in ".avi", in any case, and whose names are wanted.
+using NameFilter = bool (*)(std::string_view fileName);
+MediaScan scanFolder(const std::string& folder, NameFilter isWanted, const std::stop_token& stop = {},
+                     const std::function<void(std::size_t)>& onFound = {});
+
 } // namespace marvo

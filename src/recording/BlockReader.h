@@ -33,6 +33,8 @@ public:
             fill();
         return {m_block->bytes + m_cursor, m_filled - m_cursor};
     }
+    /// Of the next byte in the source.
+    std::uint64_t position() const { return m_blockOffset + m_cursor; }
     /// Moves forward by bytes that ahead() returned.
     void advance(std::size_t count) { m_cursor += count; }
     /// Moves the position by any distance, also beyond the end; never to before the start.

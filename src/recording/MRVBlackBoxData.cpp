@@ -52,17 +52,20 @@ std::optional<std::uint32_t> readSize(BlockReader& reader)
     return size;
 }
 
-/// Skips to the next record's tag and reads it; none at the end.
-std::optional<Tag> nextRecordTag(BlockReader& reader)
+/// Skips to the next record's tag that begins before an offset, and reads it; none at the end.
+std::optional<Tag> nextRecordTag(BlockReader& reader, std::uint64_t end)
 {
-    for (;;) {
+    while (reader.position() < end) {
         const auto bytes = reader.ahead(tagSize);
         if (bytes.size() < tagSize)
             return std::nullopt;
         reader.advance(wordsWithoutTag(bytes) * tagSize);
+        if (reader.position() >= end)
+            return std::nullopt;
         if (const auto tag = readTag(reader); tag == gpsTag || tag == gSensorTag)
             return tag;
     }
+    return std::nullopt;
 }
 
 /// Moves to the data area and reads its budget; none when the file has no data area.
@@ -159,12 +162,22 @@ bool MRVBlackBoxData::ExtractStreamInformation(const std::string& path, std::sto
 
 bool MRVBlackBoxData::ExtractStreamInformation(ByteSource& source, std::stop_token stop)
 {
+    return extract(source, Reach::WalkOn, std::move(stop));
+}
+
+bool MRVBlackBoxData::ExtractDataArea(ByteSource& source, std::stop_token stop)
+{
+    return extract(source, Reach::DataAreaOnly, std::move(stop));
+}
+
+bool MRVBlackBoxData::extract(ByteSource& source, Reach reach, std::stop_token stop)
+{
     clear();
     logLine("#############################   START");
     try {
         BlockReader reader(source, stop);
         const std::uint64_t memory = availableMemory().value_or(std::numeric_limits<std::uint64_t>::max());
-        return walk(reader, memory / 4) && !stop.stop_requested();
+        return walk(reader, reach, memory / 4) && !stop.stop_requested();
     } catch (const std::bad_alloc&) {
         dropUnpaired();
         return false;
@@ -201,15 +214,17 @@ void MRVBlackBoxData::clear()
     m_lastTimeEventType = 0;
 }
 
-bool MRVBlackBoxData::walk(BlockReader& reader, std::uint64_t memory)
+bool MRVBlackBoxData::walk(BlockReader& reader, Reach reach, std::uint64_t memory)
 {
     const auto size = findDataArea(reader);
     if (!size)
         return false;
     // Records that overrun the budget make it wrap, and the walk goes on to the end of the file.
     std::uint32_t budget = *size;
+    const std::uint64_t end =
+        reach == Reach::DataAreaOnly ? reader.position() + *size : std::numeric_limits<std::uint64_t>::max();
     while (budget != 0) {
-        const auto tag = nextRecordTag(reader);
+        const auto tag = nextRecordTag(reader, end);
         if (!tag)
             return true;
         const bool whole = tag == gpsTag ? readGpsRecord(reader, budget) : readGSensorRecord(reader, budget);

@@ -39,6 +39,10 @@ public:
     /// much. A walk that is asked to stop soon ends with false. Only a regular file is opened.
     bool ExtractStreamInformation(const std::string& path, std::stop_token stop = {});
     bool ExtractStreamInformation(ByteSource& source, std::stop_token stop = {});
+    /// The same, but no record is begun behind the end of the data area's declared size: what follows, the
+    /// film, is not searched, so that a recording costs as much as its data area. For many recordings in a
+    /// row.
+    bool ExtractDataArea(ByteSource& source, std::stop_token stop = {});
     void clear();
 
     /// Sets a listener for every sentence that goes to the parser, in the same order and on the same thread.
@@ -86,7 +90,9 @@ public:
     const MRVNMEASentenceParser& m_NMEAParser() const { return m_parser; }
 
 private:
-    bool walk(BlockReader& reader, std::uint64_t memory);
+    enum class Reach { WalkOn, DataAreaOnly };
+    bool extract(ByteSource& source, Reach reach, std::stop_token stop);
+    bool walk(BlockReader& reader, Reach reach, std::uint64_t memory);
     std::uint64_t bytesKept() const;
     void dropUnpaired();
     bool readGpsRecord(BlockReader& reader, std::uint32_t& budget);

@@ -35,7 +35,15 @@ Hemispheres hemispheresAt(const std::vector<std::shared_ptr<const MRVGpsData>>& 
 {
     if (snapshots.empty())
         return {};
-    const MRVGpsData& state = *snapshots[std::min(index, snapshots.size() - 1)];
+    const auto tellsNothing = [](const std::shared_ptr<const MRVGpsData>& snapshot) {
+        return snapshot->NS == 'N' && snapshot->EW == 'E' && snapshot->Latitude == 0 &&
+               snapshot->Longitude == 0;
+    };
+    // Sentences keep what those before them told, so the first snapshot with a place ends all that have none.
+    auto snapshot = snapshots.begin() + static_cast<std::ptrdiff_t>(std::min(index, snapshots.size() - 1));
+    if (tellsNothing(*snapshot))
+        snapshot = std::partition_point(snapshot, snapshots.end(), tellsNothing);
+    const MRVGpsData& state = snapshot == snapshots.end() ? *snapshots.back() : **snapshot;
     return {.south = state.NS != 'N', .west = state.EW != 'E'};
 }
 

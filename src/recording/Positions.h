@@ -19,7 +19,7 @@ double nmeaToDegrees(double value);
 /// that is no index, NaN included, gives the last entry. 0 when there are no entries.
 std::size_t indexOfPosition(double position, std::size_t n);
 
-/// Which halves of the globe a position lies in; north and east until a sentence says otherwise.
+/// Which halves of the globe a position lies in; north and east where no sentence tells.
 struct Hemispheres
 {
     bool south = false;
@@ -29,8 +29,9 @@ struct Hemispheres
 };
 
 /// The hemispheres for the GPS sample of this index: those of the snapshot of the same index, or of the last
-/// snapshot when the list ends before it. A recording without any snapshot lies north and east, whatever was
-/// played before it.
+/// snapshot when the list ends before it. Before the first snapshot that a sentence has told of a place, that
+/// snapshot's count: a drive does not begin on another continent. A recording without any lies north and
+/// east, whatever was played before it.
 Hemispheres hemispheresAt(const std::vector<std::shared_ptr<const MRVGpsData>>& snapshots, std::size_t index);
 
 /// A place in decimal degrees, north and east positive.

@@ -45,6 +45,7 @@ TEST(HemispheresOfAnIndex, FollowEachSnapshot)
         MRVGpsData state;
         state.NS = NS;
         state.EW = EW;
+        state.Latitude = 3733; // a place has been told
         return std::make_shared<const MRVGpsData>(state);
     };
     const std::vector snapshots = {snapshot('S', 'W'), snapshot('N', 'E'), snapshot('?', 'E')};
@@ -58,6 +59,24 @@ TEST(HemispheresOfAnIndex, FollowEachSnapshot)
         decimalPosition({.fLatitude = -3733.1234, .fLongitude = 12630}, hemispheresAt(snapshots, 0));
     EXPECT_NEAR(place.latitude, -37.552057, 5e-7);
     EXPECT_NEAR(place.longitude, -126.5, 1e-9);
+}
+
+TEST(HemispheresAt, BeforeASentenceTellsTheFirstOneToldCounts)
+{
+    const auto snapshot = [](char ns, char ew, double latitude) {
+        MRVGpsData state;
+        state.NS = ns;
+        state.EW = ew;
+        state.Latitude = latitude;
+        return std::make_shared<const MRVGpsData>(state);
+    };
+    const auto untold = snapshot('N', 'E', 0);
+    const std::vector<std::shared_ptr<const MRVGpsData>> south{untold, untold, snapshot('S', 'W', 3350),
+                                                               snapshot('N', 'E', 3350)};
+    for (const std::size_t index : {0, 1, 2})
+        EXPECT_EQ(hemispheresAt(south, index), (Hemispheres{true, true})) << index;
+    EXPECT_EQ(hemispheresAt(south, 3), Hemispheres{}) << "told to be north and east";
+    EXPECT_EQ(hemispheresAt({untold, untold}, 0), Hemispheres{});
 }
 
 TEST(Distance, IsThatOfTheGreatCircle)
