@@ -76,7 +76,7 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
     m_playing->setObjectName(QStringLiteral("playingBox"));
     m_playingTitle->setObjectName(QStringLiteral("playingTitle"));
     m_playingTime->setObjectName(QStringLiteral("playingTime"));
-    m_playingTitle->setAccessibleName(localised("viewer.list.playing"));
+    m_playingTitle->setAccessibleDescription(localised("viewer.list.playing"));
     twoLines(m_playingTitle, m_playingTime, m_playing);
 
     auto* open = headButton("openButton", "icon_folder", "viewer.command.openMediaDirectoryDialog", this);
