@@ -27,8 +27,8 @@ struct DriveRecording
 /// grouped.
 struct Clip
 {
-    std::optional<std::size_t> front;
-    std::optional<std::size_t> rear;
+    std::optional<std::size_t> front = {};
+    std::optional<std::size_t> rear = {};
     std::int64_t startMs = 0; ///< on the camera's clock; 0 in the group without a time
     std::int64_t endMs = 0;
     /// The one that begins it, the front's at a tie.
@@ -41,7 +41,7 @@ struct Drive
     bool hasTime = true;
     std::int64_t startMs = 0;
     std::int64_t endMs = 0; ///< the latest end of its clips
-    std::vector<Clip> clips;
+    std::vector<Clip> clips = {};
 };
 
 /// A front and a rear recording of a kind are one clip when they begin within so many seconds.

@@ -26,9 +26,9 @@ struct DriveEvent
     enum class Kind { Event, Motion, Impact, Braking, Acceleration };
 
     Kind kind = Kind::Event;
-    std::int64_t offsetMs = 0;      ///< in its recording
-    std::optional<double> strength; ///< g; none of an event or motion recording
-    std::optional<DecimalPosition> place;
+    std::int64_t offsetMs = 0;           ///< in its recording
+    std::optional<double> strength = {}; ///< g; none of an event or motion recording
+    std::optional<DecimalPosition> place = {};
 };
 
 /// The name of a kind, as the command line tool writes it.

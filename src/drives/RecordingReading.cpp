@@ -16,6 +16,8 @@ namespace marvo {
 namespace {
 
 constexpr double kmhPerKnot = 1.852;
+/// A rate that makes a film longer than a week is damage.
+constexpr std::uint64_t longestFilmSeconds = 7 * 24 * 3600;
 
 void readFilm(FileSource& file, RecordingReading& reading)
 {
@@ -27,9 +29,13 @@ void readFilm(FileSource& file, RecordingReading& reading)
     const ClipStream& video = index.streams[*index.video];
     reading.isPlayable = pictures > 0;
     reading.isDamaged = pictures == 0 || pictures != index.picturesTold;
-    if (video.rate > 0) // at most 12 million pictures of 32 bits each: below 2^63
-        reading.durationMs = static_cast<std::int64_t>(static_cast<unsigned __int128>(pictures) *
-                                                       video.scale * 1000 / video.rate);
+    if (video.rate == 0)
+        return;
+    const std::uint64_t units = pictures * video.scale; // 12 million pictures at most: below 2^56
+    const std::uint64_t wholeSeconds = units / video.rate;
+    if (wholeSeconds <= longestFilmSeconds)
+        reading.durationMs =
+            static_cast<std::int64_t>(wholeSeconds * 1000 + units % video.rate * 1000 / video.rate);
 }
 
 void readData(const MRVBlackBoxData& data, const ReadingRequest& request, RecordingReading& reading)

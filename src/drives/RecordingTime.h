@@ -15,9 +15,9 @@ namespace marvo {
 /// too long for the recording list, yet it is part of a drive.
 struct NameFacts
 {
-    int kind = 0;                  ///< as MRVMedia::mediaDivision
-    bool isRear = false;           ///< all others stand in the front's lane
-    std::optional<MediaTime> time; ///< none when the name tells none
+    int kind = 0;                       ///< as MRVMedia::mediaDivision
+    bool isRear = false;                ///< all others stand in the front's lane
+    std::optional<MediaTime> time = {}; ///< none when the name tells none
 };
 NameFacts nameFacts(std::string_view path);
 
