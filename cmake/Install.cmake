@@ -4,7 +4,7 @@
 include(GNUInstallDirs)
 
 install(TARGETS marvo marvo-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS marvo_webmap marvo_codec LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/marvo)
+install(TARGETS marvo_webmap marvo_codec LIBRARY DESTINATION ${MARVO_MODULE_FOLDER})
 install(FILES resources/desktop/marvo.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES resources/desktop/org.marvo.marvo.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES packaging/completion/marvo-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)

@@ -14,7 +14,6 @@ namespace marvo::test {
 /// A player that does what it is told at once and writes it down, but plays only when the test says so.
 class FakePlayer : public MediaPlayer
 {
-    Q_OBJECT
 public:
     QString calls;
     std::string path;
