@@ -26,6 +26,7 @@ Snapshots snapshots(std::initializer_list<const char*> hemispheres)
         MRVGpsData state;
         state.NS = h[0];
         state.EW = h[1];
+        state.Latitude = 3733; // a snapshot without a place tells no hemisphere
         state.SatelliteUsedCount = static_cast<std::uint32_t>(list.size() + 4);
         state.HDOP = 0.25 + static_cast<double>(list.size());
         list.push_back(std::make_shared<const MRVGpsData>(state));

@@ -114,7 +114,8 @@ QRgb rgb(const QImage& image, double x, double y)
 Samples drive(std::size_t n, double roughness)
 {
     std::mt19937 random(7);
-    std::normal_distribution<double> noise(0, roughness);
+    std::normal_distribution<double> bell(0, 1);
+    const auto noise = [&](std::mt19937& from) { return roughness * bell(from); };
     Samples samples(n);
     for (std::size_t i = 0; i < n; ++i) {
         const double t = 12.0 * static_cast<double>(i) / static_cast<double>(n);
