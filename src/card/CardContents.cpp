@@ -23,7 +23,7 @@ CardContents readCardContents(const std::string& root, const std::stop_token& st
     if (::statvfs(root.c_str(), &space) == 0 && space.f_blocks >= space.f_bfree)
         contents.usedBytes = std::uint64_t{space.f_blocks - space.f_bfree} * space.f_frsize;
     struct stat status = {};
-    const std::string settings = root + '/' + settingsFileName;
+    const std::string settings = std::string(root).append("/").append(settingsFileName);
     contents.settings = readCardSettingsFile(root);
     // Where another user has mounted the card it cannot even be asked whether there are any.
     contents.settingsUnreadable =

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,7 +21,13 @@ namespace marvo {
 
 namespace {
 
-std::string settingsPath(const std::string& root) { return root + '/' + settingsFileName; }
+std::string pathIn(const std::string& root, std::string_view name)
+{
+    std::string path(root);
+    return path.append("/").append(name);
+}
+
+std::string settingsPath(const std::string& root) { return pathIn(root, settingsFileName); }
 
 constexpr std::size_t mostSettingsBytes = std::size_t{64} << 10;
 
@@ -77,7 +84,7 @@ std::error_code restoreSettings(const std::string& root, const std::string& byte
 void makeRecordingFolders(const std::string& root)
 {
     for (const char* name : recordingFolders)
-        ::mkdir((root + '/' + name).c_str(), 0777);
+        ::mkdir(pathIn(root, name).c_str(), 0777);
 }
 
 std::optional<std::string> checkCard(const std::string& root, const std::string& bytes)
@@ -85,11 +92,11 @@ std::optional<std::string> checkCard(const std::string& root, const std::string&
     if (const std::error_code error = writeOut(root))
         return error.message();
     if (readCardSettingsFile(root) != bytes)
-        return std::string(settingsFileName) + " reads back differently";
+        return std::string(settingsFileName).append(" reads back differently");
     for (const char* name : recordingFolders) {
         struct stat status = {};
-        if (::lstat((root + '/' + name).c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
-            return std::string("no folder ") + name;
+        if (::lstat(pathIn(root, name).c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+            return std::string("no folder ").append(name);
     }
     return std::nullopt;
 }

@@ -87,7 +87,7 @@ void openDrivingLogDialog(QWidget* parent, const std::string& folder,
     const auto shown = [](const std::string& path) {
         return QFile::decodeName(QByteArray::fromStdString(path));
     };
-    const std::string logs = folder + '/' + logFolderName;
+    const std::string logs = std::string(folder).append("/").append(logFolderName);
     dialog->setDirectory(!folderAnswers(folder) ? QDir::homePath()
                          : folderAnswers(logs)  ? shown(logs)
                                                 : shown(folder));
