@@ -10,6 +10,7 @@
 #include "MountedFolder.h"
 #include "TemporaryFolder.h"
 
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -91,9 +92,9 @@ TEST_F(CardCopyTest, everyRegularFileGoesToItsDay)
     for (const auto& [name, place] : places)
         m_folder.write("card/" + name, name == "empty" ? "" : "content of " + name);
     m_folder.write("card/SHA256SUMS", "a file of the card");
-    ::symlink("/etc/passwd", m_folder.path("card/link").c_str());
-    ::symlink("..", m_folder.path("card/folder-link").c_str());
-    ::mkfifo(m_folder.path("card/pipe").c_str(), 0600);
+    std::filesystem::create_symlink("/etc/passwd", m_folder.path("card/link"));
+    std::filesystem::create_symlink("..", m_folder.path("card/folder-link"));
+    ASSERT_EQ(::mkfifo(m_folder.path("card/pipe").c_str(), 0600), 0);
     const timespec times[2] = {{.tv_sec = 1'000'000'000, .tv_nsec = 0},
                                {.tv_sec = 1'111'111'111, .tv_nsec = 5}};
     ::utimensat(AT_FDCWD, m_folder.path("card/config.bin").c_str(), times, 0);
@@ -238,8 +239,8 @@ TEST_F(CardCopyTest, whatIsDoneToAnArchiveIsFound)
     std::filesystem::remove(m_folder.path("archive/" + day + "missing_20260102.avi"));
     std::filesystem::rename(m_folder.path("archive/" + day + "linked_20260102.avi"),
                             m_folder.path("elsewhere"));
-    ::symlink(m_folder.path("elsewhere").c_str(),
-              m_folder.path("archive/" + day + "linked_20260102.avi").c_str());
+    std::filesystem::create_symlink(m_folder.path("elsewhere"),
+                                    m_folder.path("archive/" + day + "linked_20260102.avi"));
     m_folder.write("archive/note.txt", "added");
     m_folder.write("archive/" + day + "sub/note.txt", "added");
     m_folder.write("archive/.Trash-1000/files/x", "no part of it");
