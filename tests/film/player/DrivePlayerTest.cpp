@@ -224,7 +224,7 @@ private Q_SLOTS:
             close += distance <= near ? count : 0;
         QVERIFY2(close * 10 >= total * 8, qPrintable(QStringLiteral("%1 of %2").arg(close).arg(total)));
         stage.pause();
-        QCOMPARE(apart(), 0);
+        QTRY_COMPARE(apart(), 0);
         for (int i = 0; i < 20; ++i) {
             stage.player.step(DrivePlayer::Direction::Back);
             stage.rest();
