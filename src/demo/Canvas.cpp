@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "demo/Canvas.h"
 
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <numbers>
 #include <utility>
 
 namespace marvo::demo {
@@ -138,6 +140,16 @@ void Canvas::fillPolygon(std::span<const Point> corners, Colour colour)
     }
     for (int row = top; row < bottom; ++row)
         fillSpan(row, m_left[row], m_right[row], colour);
+}
+
+void Canvas::fillEllipse(Point middle, double halfWidth, double halfHeight, Colour colour)
+{
+    std::array<Point, 40> rim;
+    for (std::size_t i = 0; i < rim.size(); ++i) {
+        const double angle = std::numbers::pi * 2 * static_cast<double>(i) / rim.size();
+        rim[i] = {middle.x + halfWidth * std::cos(angle), middle.y + halfHeight * std::sin(angle)};
+    }
+    fillPolygon(rim, colour);
 }
 
 void Canvas::drawText(int x, int y, int scale, std::string_view text, Colour colour)

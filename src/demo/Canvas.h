@@ -55,6 +55,7 @@ public:
     /// Pixels x0 to x1 of a row, both with a fraction: the ends are blended by their share.
     void fillSpan(int row, double x0, double x1, Colour colour);
     void fillPolygon(std::span<const Point> corners, Colour colour); ///< convex, at least three corners
+    void fillEllipse(Point middle, double halfWidth, double halfHeight, Colour colour);
     /// Text in the built-in 5 x 7 dot font with a dark rim; scale is the size of a dot in pixels. The font
     /// has what the camera's display needs: digits, "N", "E", "/", ":", ".", "-" and "km/h".
     void drawText(int x, int y, int scale, std::string_view text, Colour colour);

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "demo/RoadView.h"
 
-#include "demo/Panorama.h"
-
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -44,7 +42,7 @@ Colour RoadView::lit(Colour colour, double depth, bool inTunnel) const
     if (inTunnel)
         return brightened(mixed(colour, rgb(196, 160, 104), 0.25), m_inside);
     const double hidden = 1 - std::exp(-std::max(0.0, depth - 10) / 320);
-    return brightened(mixed(colour, Panorama::haze(), hidden), m_outside);
+    return brightened(mixed(colour, haze, hidden), m_outside);
 }
 
 void RoadView::face(std::initializer_list<Spot> spots, Colour colour, Paint paint)
@@ -63,6 +61,17 @@ void RoadView::face(std::initializer_list<Spot> spots, Colour colour, Paint pain
     const std::span shape = std::span(corners).first(count);
     const bool isLamp = paint == Paint::Lamp;
     m_picture.fillPolygon(shape, isLamp ? colour : lit(colour, depth(first), isInTunnel(first.along)));
+}
+
+void RoadView::ball(const Spot& middle, double radius, Colour colour)
+{
+    const Point place = relative(middle);
+    if (place.y < 0.4)
+        return;
+    const double scale = m_camera.focalLength / place.y;
+    m_picture.fillEllipse({m_picture.width() / 2.0 + place.x * scale,
+                           m_camera.horizon + (cameraHeight - middle.height) * scale},
+                          radius * scale, radius * scale, lit(colour, place.y, false));
 }
 
 void RoadView::rect(const Spot& a, const Spot& b, Colour colour, Paint paint)

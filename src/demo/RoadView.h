@@ -9,6 +9,8 @@
 
 namespace marvo::demo {
 
+inline constexpr Colour haze = rgb(206, 214, 220); ///< the colour that distance gives
+
 enum class Look { Ahead, Back };
 
 /// A spot by the road: metres along the route, metres to the right of our lane's middle, metres above the
@@ -56,6 +58,8 @@ public:
     void face(std::initializer_list<Spot> corners, Colour colour, Paint paint = Paint::Daylight);
     /// The rectangle between two opposite corners, which share one of the three co-ordinates.
     void rect(const Spot& a, const Spot& b, Colour colour, Paint paint = Paint::Daylight);
+    /// A round thing of one colour, by its radius in metres.
+    void ball(const Spot& middle, double radius, Colour colour);
     /// A colour in daylight at a distance, or in a tunnel.
     Colour lit(Colour colour, double depth, bool inTunnel) const;
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "demo/Drive.h"
 #include "demo/RoadView.h"
 #include "demo/Traffic.h"
 
@@ -13,7 +12,6 @@ inline constexpr double medianAside = -1.5 * laneWidth; ///< the yellow line bet
 inline constexpr double leftKerb = medianAside - 2.6 * laneWidth;
 inline constexpr double rightKerb = 1.5 * laneWidth + 0.4;
 inline constexpr double pavementWidth = 4;
-inline constexpr Colour shadow = rgb(58, 59, 62);
 
 // Each draws what stands on a piece of the way, `from` nearer to the camera than `to`; both in metres along
 // the route. Called from the farthest piece to the nearest.
@@ -21,11 +19,6 @@ void drawRoad(RoadView& view, const Route& route, double from, double to);
 void drawTunnel(RoadView& view, const Stretch& tunnel, double from, double to);
 void drawPortal(RoadView& view, double mouth);
 void drawBuildings(RoadView& view, const Route& route, double from, double to);
-void drawTreesAndLamps(RoadView& view, const Route& route, double from, double to);
 void drawTrafficLight(RoadView& view, double along, bool green);
-
-void drawVehicle(RoadView& view, const Vehicle& vehicle);
-/// Somebody walking across, at a phase of the steps.
-void drawWalker(RoadView& view, const Spot& feet, double phase, Colour coat);
 
 } // namespace marvo::demo

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
+#include <utility>
 #include <vector>
 
 namespace marvo::demo {
@@ -20,22 +22,76 @@ constexpr double horizonShare = 0.44;
 constexpr double farthest = 330; // metres
 constexpr double behindNose = 4; // metres from the front camera to the rear one
 
-/// Distances from the camera at which the way is cut into pieces: fine near by, coarse far away.
-const std::vector<double>& pieces()
+constexpr double degree = std::numbers::pi / 180;
+
+/// A mountain as a bell over a bearing, by its bearing from Sajik-ro; degrees.
+struct Mountain
 {
-    static const std::vector<double> all = [] {
-        std::vector<double> out{RoadView::nearest};
-        while (out.back() < farthest)
-            out.push_back(out.back() + std::max(1.5, out.back() * 0.085));
-        return out;
-    }();
-    return all;
+    double bearing;
+    double height;
+    double width;
+};
+constexpr std::array mountains{Mountain{318, 7.5, 15}, Mountain{250, 5.0, 22}, Mountain{5, 8.0, 12},
+                               Mountain{345, 3.0, 25}, Mountain{152, 4.8, 14}, Mountain{90, 2.2, 40}};
+
+double ridge(double bearing)
+{
+    double height = 0.5;
+    for (const Mountain& mountain : mountains) {
+        const double away = std::remainder(bearing - mountain.bearing, 360.0) / mountain.width;
+        height += mountain.height * std::exp(-away * away);
+    }
+    return height * (1 + 0.10 * smoothNoise(51, bearing / 3.6) + 0.04 * smoothNoise(52, bearing));
+}
+
+/// The sky, the hills and the distant houses in the direction that the camera looks.
+void drawBackdrop(Canvas& picture, const RoadView& view)
+{
+    const double perDegree = view.camera().focalLength * degree; // pixels
+    const double horizon = view.camera().horizon;
+    const Colour zenith = rgb(92, 146, 206);
+    for (int row = 0; row < std::min<double>(picture.height(), horizon + 1); ++row) {
+        const double height = std::max(0.0, (horizon - row) / perDegree);
+        picture.fillSpan(row, 0, picture.width(), mixed(haze, zenith, std::min(1.0, height / 26)));
+    }
+    const double middle = view.bearing() / degree;
+    const double reach = picture.width() / 2.0 / perDegree;
+    const auto column = [&](double bearing) {
+        return picture.width() / 2.0 + std::remainder(bearing - middle, 360.0) * perDegree;
+    };
+    for (std::int64_t puff = 0; puff < 90; ++puff) {
+        const double bearing = 36 * std::floor(double(puff) / 9) + 18 * chance(41, puff);
+        if (std::abs(std::remainder(bearing - middle, 360.0)) > reach + 20)
+            continue;
+        const double height = 11 + 9 * chance(42, puff / 9) + 1.6 * chance(43, puff);
+        const double half = (1.5 + 3 * chance(44, puff)) * perDegree;
+        const Colour white = mixed(haze, rgb(252, 252, 252), 0.35 + 0.5 * chance(45, puff));
+        picture.fillEllipse({column(bearing), horizon - height * perDegree}, half, half * 0.34, white);
+    }
+    const Colour hills = mixed(haze, rgb(64, 96, 72), 0.72);
+    const Colour houses = mixed(haze, rgb(150, 150, 152), 0.6);
+    constexpr double step = 0.25; // degrees, the same ones whichever way the camera looks
+    for (double at = std::floor((middle - reach) / step) * step; at < middle + reach; at += step) {
+        const auto slice = [&](double from, double to, Colour colour) {
+            const Point shape[] = {{column(at), horizon - from * perDegree},
+                                   {column(at + step), horizon - to * perDegree},
+                                   {column(at + step), horizon + 1},
+                                   {column(at), horizon + 1}};
+            picture.fillPolygon(shape, colour);
+        };
+        slice(ridge(at), ridge(at + step), hills);
+        const auto house = static_cast<std::int64_t>(std::floor(std::remainder(at, 360.0) * 1.25));
+        const double roof = 0.6 + 1.5 * chance(31, house) + (chance(32, house) > 0.9 ? 1.6 : 0);
+        slice(roof, roof, houses);
+    }
 }
 
 /// The places where pieces of the way meet, from the nearest to the last that is seen.
 std::vector<double> visibleCuts(const Route& route, const RoadView& view)
 {
-    std::vector<double> cuts = pieces();
+    std::vector<double> cuts{RoadView::nearest};
+    while (cuts.back() < farthest) // fine near by, coarse far away
+        cuts.push_back(cuts.back() + std::max(1.5, cuts.back() * 0.085));
     double sight = farthest;
     for (const Stretch& tunnel : route.tunnels()) {
         // The mouths of tunnels lie between pieces, not within one.
@@ -51,48 +107,17 @@ std::vector<double> visibleCuts(const Route& route, const RoadView& view)
     std::ranges::sort(cuts);
     // Where the way turns off to the side nothing of it is seen any more.
     std::size_t last = 1;
-    double depth = 0;
-    while (last + 1 < cuts.size() && cuts[last] < sight) {
-        const double next = view.depth({view.alongAt(cuts[last]), 0, 0});
-        if (next < depth)
-            break;
-        depth = next;
+    const auto depth = [&](std::size_t cut) { return view.depth({view.alongAt(cuts[cut]), 0, 0}); };
+    while (last + 1 < cuts.size() && cuts[last] < sight && depth(last) >= depth(last - 1))
         ++last;
-    }
     cuts.resize(last + 1);
     return cuts;
-}
-
-/// People who cross before the parked car, those within a piece of the way.
-void drawWalkers(RoadView& view, double seconds, double from, double to)
-{
-    struct Walker
-    {
-        double ahead;
-        double begin; ///< metres to the right at second 0 of the half minute
-        double speed; ///< m/s to the right
-        Colour coat;
-    };
-    static constexpr std::array walkers{Walker{9.0, -13.0, 1.3, rgb(150, 52, 60)},
-                                        Walker{7.4, 15.0, -1.15, rgb(70, 96, 140)},
-                                        Walker{10.2, -19.5, 1.5, rgb(196, 190, 176)}};
-    for (const Walker& walker : walkers) {
-        const double along = view.alongAt(walker.ahead);
-        const double aside = walker.begin + walker.speed * std::fmod(seconds, 30);
-        if ((along - from) * (along - to) <= 0)
-            drawWalker(view, {along, aside, 0}, seconds * 6.5 + walker.ahead, walker.coat);
-    }
 }
 
 } // namespace
 
 Scene::Scene(const Drive& drive, Look look, int width, int height)
-    : m_drive(drive),
-      m_look(look),
-      m_width(width),
-      m_height(height),
-      m_focalLength(focalShare * width),
-      m_panorama(m_focalLength, static_cast<int>(height * 0.56) + 2)
+    : m_drive(drive), m_look(look), m_width(width), m_height(height), m_focalLength(focalShare * width)
 {}
 
 void Scene::draw(Canvas& picture, double seconds, std::string_view stamp) const
@@ -111,7 +136,7 @@ void Scene::draw(Canvas& picture, double seconds, std::string_view stamp) const
     camera.horizon = m_height * horizonShare - (m_look == Look::Ahead ? 1 : -1) * pitch * m_focalLength;
 
     RoadView view(picture, m_drive.route(), camera);
-    m_panorama.drawInto(picture, view.bearing(), static_cast<int>(std::ceil(camera.horizon)));
+    drawBackdrop(picture, view);
     for (int row = std::max(0, static_cast<int>(std::ceil(camera.horizon))); row < picture.height(); ++row) {
         const double away = RoadView::cameraHeight * m_focalLength / (row + 0.5 - camera.horizon);
         picture.fillSpan(row, 0, picture.width(), view.lit(rgb(142, 146, 128), away, false));
@@ -147,7 +172,6 @@ void Scene::drawWorld(RoadView& view, double seconds) const
         drawRoad(view, route, from, to);
         if (tunnel == nullptr) {
             drawBuildings(view, route, from, to);
-            drawTreesAndLamps(view, route, from, to);
         } else if (std::abs(from - tunnel->from) < 0.01 || std::abs(from - tunnel->to) < 0.01) {
             drawPortal(view, from);
         }
@@ -157,37 +181,16 @@ void Scene::drawWorld(RoadView& view, double seconds) const
             if (view.aheadOf(vehicle->distance) < cuts.back())
                 drawVehicle(view, *vehicle);
         }
-        if (seconds >= m_drive.duration() + 60)
-            drawWalkers(view, seconds, from, to);
     }
 }
 
 /// What the camera sees of its own car: the bonnet's edge, or the rear window's frame.
 void Scene::drawOwnCar(Canvas& picture) const
 {
-    const double w = m_width;
-    const double h = m_height;
-    const auto arch = [&](double top, Colour colour) {
-        constexpr int steps = 14;
-        std::array<Point, steps + 3> points{Point{w, h}, Point{0, h}};
-        for (int i = 0; i <= steps; ++i) {
-            const double across = static_cast<double>(i) / steps;
-            points[i + 2] = {across * w, h * (top + 0.055 * (2 * across - 1) * (2 * across - 1))};
-        }
-        picture.fillPolygon(points, colour);
-    };
-    if (m_look == Look::Ahead) {
-        arch(0.905, rgb(66, 72, 80));
-        arch(0.912, rgb(38, 42, 48));
-        return;
-    }
-    arch(0.885, rgb(30, 31, 33));
-    for (const double side : {0.0, w}) {
-        const double in = side == 0 ? w : -w;
-        const Point pillar[] = {
-            {side, 0}, {side + in * 0.10, 0}, {side + in * 0.012, h * 0.66}, {side, h * 0.95}};
-        picture.fillPolygon(pillar, rgb(20, 21, 22));
-    }
+    const bool ahead = m_look == Look::Ahead;
+    for (const auto& [top, colour] : {std::pair(0.905, ahead ? rgb(66, 72, 80) : rgb(40, 41, 43)),
+                                      std::pair(0.912, ahead ? rgb(38, 42, 48) : rgb(30, 31, 33))})
+        picture.fillEllipse({0.5 * m_width, (top + 0.3) * m_height}, 0.9 * m_width, 0.3 * m_height, colour);
 }
 
 } // namespace marvo::demo

@@ -4,7 +4,6 @@
 
 #include "demo/Canvas.h"
 #include "demo/Drive.h"
-#include "demo/Panorama.h"
 #include "demo/RoadView.h"
 
 #include <string_view>
@@ -32,7 +31,6 @@ private:
     int m_width;
     int m_height;
     double m_focalLength;
-    Panorama m_panorama;
 };
 
 } // namespace marvo::demo
