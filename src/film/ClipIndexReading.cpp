@@ -30,17 +30,17 @@ namespace {
 //   RIFF "AVIX"       further parts of large films
 //     LIST "movi"
 
-constexpr std::uint64_t HeadBytes = 8;
-constexpr std::uint64_t ListHeadBytes = 12;
-constexpr std::size_t LargestHeaderList = 1024 * 1024;
-constexpr std::size_t IndexRowBytes = 16;
-constexpr std::uint32_t KeyFlag = 0x10;
-constexpr int MostTopLevelChunks = 4096;
+constexpr std::uint64_t headBytes = 8;
+constexpr std::uint64_t listHeadBytes = 12;
+constexpr std::size_t largestHeaderList = 1024 * 1024;
+constexpr std::size_t indexRowBytes = 16;
+constexpr std::uint32_t keyFlag = 0x10;
+constexpr int mostTopLevelChunks = 4096;
 /// 24 hours of 60 pictures and as many pieces of sound a second.
-constexpr std::size_t MostChunks = 12'000'000;
-constexpr std::uint8_t NoStream = 0xFF;
+constexpr std::size_t mostChunks = 12'000'000;
+constexpr std::uint8_t noStream = 0xFF;
 /// A picture's kind is told within so many bytes: what stands before it tells of the film.
-constexpr std::size_t PictureStartBytes = 96;
+constexpr std::size_t pictureStartBytes = 96;
 
 using Bytes = std::span<const std::uint8_t>;
 
@@ -60,7 +60,7 @@ std::uint8_t streamOf(Bytes id)
 {
     const auto isDigit = [](std::uint8_t c) { return c >= '0' && c <= '9'; };
     return isDigit(id[0]) && isDigit(id[1]) ? static_cast<std::uint8_t>((id[0] - '0') * 10 + id[1] - '0')
-                                            : NoStream;
+                                            : noStream;
 }
 
 /// A JPEG picture, or one of H.264 that begins with a sequence's parameters or is an "instantaneous decoding
@@ -113,11 +113,11 @@ Bytes IndexReader::readAt(std::uint64_t at, std::span<std::uint8_t> into)
 
 void IndexReader::readHeader(Bytes list, int depth)
 {
-    while (list.size() >= HeadBytes) {
-        const std::size_t size = std::min<std::size_t>(u32(list, 4), list.size() - HeadBytes);
-        const Bytes body = list.subspan(HeadBytes, size);
+    while (list.size() >= headBytes) {
+        const std::size_t size = std::min<std::size_t>(u32(list, 4), list.size() - headBytes);
+        const Bytes body = list.subspan(headBytes, size);
         if (hasId(list, 0, "LIST") && hasId(body, 0, "strl") && depth == 0 &&
-            m_index.streams.size() < NoStream) {
+            m_index.streams.size() < noStream) {
             m_index.streams.emplace_back();
             readHeader(body.subspan(4), depth + 1);
         } else if (hasId(list, 0, "strh") && size >= 48 && depth == 1) {
@@ -135,35 +135,35 @@ void IndexReader::readHeader(Bytes list, int depth)
         } else if (hasId(list, 0, "strf") && depth == 1) {
             m_index.streams.back().format.assign(body.begin(), body.end());
         }
-        list = list.subspan(std::min(list.size(), HeadBytes + size + (size & 1U)));
+        list = list.subspan(std::min(list.size(), headBytes + size + (size & 1U)));
     }
 }
 
 void IndexReader::findParts()
 {
     std::uint64_t at = 0;
-    for (int i = 0; i < MostTopLevelChunks && at + HeadBytes <= m_fileBytes; ++i) {
-        std::array<std::uint8_t, ListHeadBytes> buffer{};
+    for (int i = 0; i < mostTopLevelChunks && at + headBytes <= m_fileBytes; ++i) {
+        std::array<std::uint8_t, listHeadBytes> buffer{};
         const Bytes head = readAt(at, buffer);
-        if (head.size() < HeadBytes || (i == 0 && !(hasId(head, 0, "RIFF") && hasId(head, 8, "AVI "))))
+        if (head.size() < headBytes || (i == 0 && !(hasId(head, 0, "RIFF") && hasId(head, 8, "AVI "))))
             return;
         const std::uint64_t size = u32(head, 4);
-        const std::uint64_t end = std::min(at + HeadBytes + size, m_fileBytes);
+        const std::uint64_t end = std::min(at + headBytes + size, m_fileBytes);
         if (hasId(head, 0, "RIFF")) { // its chunks follow
-            at += ListHeadBytes;
+            at += listHeadBytes;
             continue;
         }
         if (hasId(head, 0, "LIST") && hasId(head, 8, "movi")) {
-            m_movie.push_back({at + ListHeadBytes, end});
+            m_movie.push_back({at + listHeadBytes, end});
         } else if (hasId(head, 0, "LIST") && hasId(head, 8, "hdrl") && m_index.streams.empty() &&
-                   end > at + ListHeadBytes) {
+                   end > at + listHeadBytes) {
             std::vector<std::uint8_t> list(
-                std::min<std::uint64_t>(end - at - ListHeadBytes, LargestHeaderList));
-            readHeader(readAt(at + ListHeadBytes, list), 0);
+                std::min<std::uint64_t>(end - at - listHeadBytes, largestHeaderList));
+            readHeader(readAt(at + listHeadBytes, list), 0);
         } else if (hasId(head, 0, "idx1") && !m_indexChunk) {
-            m_indexChunk = Part{at + HeadBytes, end};
+            m_indexChunk = Part{at + headBytes, end};
         }
-        at += HeadBytes + size + (size & 1U);
+        at += headBytes + size + (size & 1U);
     }
 }
 
@@ -178,8 +178,8 @@ bool IndexReader::readIndexChunk()
     if (!m_indexChunk || m_movie.size() != 1)
         return false;
     const std::size_t rows =
-        std::min<std::size_t>((m_indexChunk->end - m_indexChunk->at) / IndexRowBytes, MostChunks);
-    std::vector<std::uint8_t> buffer(rows * IndexRowBytes);
+        std::min<std::size_t>((m_indexChunk->end - m_indexChunk->at) / indexRowBytes, mostChunks);
+    std::vector<std::uint8_t> buffer(rows * indexRowBytes);
     const Bytes bytes = readAt(m_indexChunk->at, buffer);
     if (bytes.size() < buffer.size() || rows == 0)
         return false;
@@ -192,9 +192,9 @@ bool IndexReader::readIndexChunk()
         if (!std::ranges::equal(readAt(base + u32(bytes, 8), id), first))
             return false;
     }
-    for (std::size_t row = 0; row < bytes.size(); row += IndexRowBytes) {
-        const ClipChunk chunk{base + u32(bytes, row + 8) + HeadBytes, u32(bytes, row + 12),
-                              streamOf(bytes.subspan(row)), (u32(bytes, row + 4) & KeyFlag) != 0};
+    for (std::size_t row = 0; row < bytes.size(); row += indexRowBytes) {
+        const ClipChunk chunk{base + u32(bytes, row + 8) + headBytes, u32(bytes, row + 12),
+                              streamOf(bytes.subspan(row)), (u32(bytes, row + 4) & keyFlag) != 0};
         if (chunk.offset + chunk.size > m_fileBytes)
             return false;
         m_index.chunks.push_back(chunk);
@@ -205,27 +205,27 @@ bool IndexReader::readIndexChunk()
 void IndexReader::goThrough(const Part& part)
 {
     std::uint64_t at = part.at;
-    while (at + HeadBytes <= part.end && m_index.chunks.size() < MostChunks) {
-        std::array<std::uint8_t, HeadBytes + PictureStartBytes> buffer{};
+    while (at + headBytes <= part.end && m_index.chunks.size() < mostChunks) {
+        std::array<std::uint8_t, headBytes + pictureStartBytes> buffer{};
         const Bytes bytes = readAt(at, buffer);
-        if (bytes.size() < HeadBytes)
+        if (bytes.size() < headBytes)
             return;
         const std::uint64_t size = u32(bytes, 4);
         if (hasId(bytes, 0, "LIST") && hasId(bytes, 8, "rec ")) {
-            at += ListHeadBytes;
+            at += listHeadBytes;
             continue;
         }
-        if (at + HeadBytes + size > m_fileBytes)
+        if (at + headBytes + size > m_fileBytes)
             return; // cut off
         const std::uint8_t stream = streamOf(bytes);
         if (stream < m_index.streams.size()) {
-            const Bytes start = bytes.subspan(HeadBytes);
+            const Bytes start = bytes.subspan(headBytes);
             m_index.chunks.push_back(
-                {at + HeadBytes, static_cast<std::uint32_t>(size), stream,
+                {at + headBytes, static_cast<std::uint32_t>(size), stream,
                  stream != m_video || isKeyPicture(start.first(std::min<std::size_t>(
                                           start.size(), static_cast<std::size_t>(size))))});
         }
-        at += HeadBytes + size + (size & 1U);
+        at += headBytes + size + (size & 1U);
     }
 }
 
@@ -240,7 +240,7 @@ void IndexReader::checkKeys()
     }
     if ((keys > 0 && others > 0) || keys + others < 2)
         return;
-    std::array<std::uint8_t, PictureStartBytes> buffer{};
+    std::array<std::uint8_t, pictureStartBytes> buffer{};
     const auto isKey = [&](const ClipChunk& chunk) {
         return isKeyPicture(
             readAt(chunk.offset, std::span(buffer).first(std::min<std::size_t>(chunk.size, buffer.size()))));

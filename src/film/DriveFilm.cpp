@@ -12,14 +12,14 @@ namespace marvo {
 namespace {
 
 /// Names give whole seconds, and cameras take a moment between two recordings: up to this nothing is missing.
-constexpr std::int64_t GapMs = 2000;
+constexpr std::int64_t gapMs = 2000;
 /// A camera without a picture for longer than this is said to have none; up to this its last one stands.
-constexpr std::int64_t LongestHoldMs = 1000;
+constexpr std::int64_t longestHoldMs = 1000;
 /// A pair's recordings begin within two seconds of one another; more than this is no offset.
-constexpr std::int64_t LargestOffsetMs = 10'000;
+constexpr std::int64_t largestOffsetMs = 10'000;
 
 using Recording = DriveFilm::Recording;
-using Place = std::array<std::optional<Recording>, CameraCount>; ///< of one clip
+using Place = std::array<std::optional<Recording>, cameraCount>; ///< of one clip
 
 struct OpenFilm
 {
@@ -43,12 +43,12 @@ private:
 
     const std::vector<DriveClip>& m_clips;
     std::vector<Place> m_places;
-    std::vector<std::array<ClipIndex, CameraCount>> m_indexes;
+    std::vector<std::array<ClipIndex, cameraCount>> m_indexes;
 
     DriveFilm m_drive;
-    std::array<OpenFilm, CameraCount> m_open;
-    std::array<std::int64_t, CameraCount> m_endMs{};                     ///< drive time
-    std::array<std::optional<std::int64_t>, CameraCount> m_clockEndMs{}; ///< the latest so far
+    std::array<OpenFilm, cameraCount> m_open;
+    std::array<std::int64_t, cameraCount> m_endMs{};                     ///< drive time
+    std::array<std::optional<std::int64_t>, cameraCount> m_clockEndMs{}; ///< the latest so far
     std::int64_t m_beginMs = 0;                                          ///< of the clip before
     std::optional<std::int64_t> m_beginClockMs;
 };
@@ -57,7 +57,7 @@ void Layout::read(const std::function<ClipIndex(const std::string&)>& readIndex,
 {
     for (std::size_t clip = 0; clip < m_clips.size() && !stop.stop_requested(); ++clip) {
         Place place;
-        std::array<ClipIndex, CameraCount> indexes;
+        std::array<ClipIndex, cameraCount> indexes;
         for (const Camera camera : {FrontCamera, RearCamera}) {
             const auto& given = m_clips[clip].recordings[camera];
             if (!given)
@@ -120,13 +120,13 @@ std::int64_t Layout::beginningOf(const Place& place, std::int64_t rearOffsetMs)
             std::max<std::int64_t>(camera == RearCamera ? rearOffsetMs : -rearOffsetMs, 0);
         earliestMs = std::max(earliestMs, m_endMs[camera] - insideMs);
         goesOn = goesOn || (recording->clockMs && m_clockEndMs[camera] &&
-                            *recording->clockMs - *m_clockEndMs[camera] <= GapMs);
+                            *recording->clockMs - *m_clockEndMs[camera] <= gapMs);
     }
     const std::int64_t allEndMs = std::max({earliestMs, m_endMs[FrontCamera], m_endMs[RearCamera]});
     const auto latestClock = std::max(m_clockEndMs[FrontCamera], m_clockEndMs[RearCamera]);
     if (!clockMs || !latestClock || !m_beginClockMs)
         return allEndMs;
-    if (*clockMs - *latestClock > GapMs) {
+    if (*clockMs - *latestClock > gapMs) {
         m_drive.gaps.push_back({allEndMs, *clockMs - *latestClock});
         return allEndMs;
     }
@@ -145,7 +145,7 @@ void Layout::add(Camera camera, Recording recording, ClipIndex index)
 {
     OpenFilm& open = m_open[camera];
     if (recording.state == Recording::State::InFilm) {
-        if (open.builder && (!open.builder->fits(index) || recording.startMs - open.endMs > LongestHoldMs))
+        if (open.builder && (!open.builder->fits(index) || recording.startMs - open.endMs > longestHoldMs))
             close(camera);
         if (!open.builder)
             open.builder.emplace(recording.startMs);
@@ -155,7 +155,7 @@ void Layout::add(Camera camera, Recording recording, ClipIndex index)
     }
     if (recording.clockMs) {
         const std::int64_t toldMs = m_clockEndMs[camera].value_or(*recording.clockMs) - *recording.clockMs;
-        if (toldMs >= GapMs && recording.state == Recording::State::InFilm)
+        if (toldMs >= gapMs && recording.state == Recording::State::InFilm)
             recording.overlapMs = toldMs;
         m_clockEndMs[camera] =
             std::max(m_clockEndMs[camera], std::optional(*recording.clockMs + recording.lengthMs));
@@ -176,7 +176,7 @@ DriveFilm Layout::place()
             if (front->clockMs && rear->clockMs)
                 rearOffsetMs = *rear->clockMs - *front->clockMs;
             rearOffsetMs = m_clips[clip].rearOffsetMs.value_or(rearOffsetMs);
-            rearOffsetMs = std::clamp(rearOffsetMs, -LargestOffsetMs, LargestOffsetMs);
+            rearOffsetMs = std::clamp(rearOffsetMs, -largestOffsetMs, largestOffsetMs);
         }
         const bool isPlayed = isShown(front) || isShown(rear);
         const std::int64_t beginMs =
@@ -208,7 +208,7 @@ std::optional<std::size_t> DriveFilm::recordingAt(Camera camera, std::int64_t dr
         if (recording.state == Recording::State::InFilm && recording.startMs <= driveMs)
             found = i;
     }
-    if (!found || driveMs >= recordings[camera][*found].endMs() + LongestHoldMs)
+    if (!found || driveMs >= recordings[camera][*found].endMs() + longestHoldMs)
         return {};
     const auto film = filmAt(camera, driveMs);
     return film ? found : std::nullopt;

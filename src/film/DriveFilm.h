@@ -19,7 +19,7 @@ struct ClipIndex;
 
 /// The two cameras of a drive, as places in an array.
 enum Camera : unsigned { FrontCamera = 0, RearCamera = 1 };
-constexpr std::size_t CameraCount = 2;
+constexpr std::size_t cameraCount = 2;
 
 /// What the cameras recorded at one time: one recording, or a pair.
 struct DriveClip
@@ -31,7 +31,7 @@ struct DriveClip
         /// the same moment.
         std::optional<std::int64_t> clockMs;
     };
-    std::array<std::optional<Recording>, CameraCount> recordings;
+    std::array<std::optional<Recording>, cameraCount> recordings;
     /// The rear's beginning less the front's, where more is known than the clock tells.
     std::optional<std::int64_t> rearOffsetMs;
 };
@@ -72,8 +72,8 @@ struct DriveFilm
         std::int64_t lengthMs = 0;
     };
 
-    std::array<std::vector<Recording>, CameraCount> recordings;
-    std::array<std::vector<std::shared_ptr<const VirtualFilm>>, CameraCount> films;
+    std::array<std::vector<Recording>, cameraCount> recordings;
+    std::array<std::vector<std::shared_ptr<const VirtualFilm>>, cameraCount> films;
     std::vector<Gap> gaps;
     std::int64_t lengthMs = 0;
 

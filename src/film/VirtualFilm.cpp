@@ -38,22 +38,22 @@ VirtualFilm::Piece VirtualFilm::pieceAt(std::uint64_t offset, std::span<std::byt
     const auto next = std::ranges::upper_bound(m_clusters, offset, {}, &Cluster::position);
     const std::size_t number = static_cast<std::size_t>(next - m_clusters.begin()) - 1;
     const Cluster& cluster = m_clusters[number];
-    if (offset < cluster.position + ClusterHeadBytes) {
+    if (offset < cluster.position + clusterHeadBytes) {
         MatroskaWriter head;
         head.identifier(matroska::ClusterId);
         head.wideSize(clusterEnd(number) - cluster.position - 12);
         head.number(matroska::Timecode, static_cast<std::uint64_t>(cluster.startMs));
         return {copyMade(offset, head.bytes(), cluster.position, into), {}, 0};
     }
-    std::uint64_t position = cluster.position + ClusterHeadBytes;
+    std::uint64_t position = cluster.position + clusterHeadBytes;
     for (std::size_t i = cluster.firstEntry; i < entryEnd(number); ++i) {
         const Entry& entry = m_entries[i];
-        const std::uint64_t body = position + BlockHeadBytes;
+        const std::uint64_t body = position + blockHeadBytes;
         if (offset < body) {
             MatroskaWriter head;
             head.identifier(matroska::SimpleBlock);
             head.shortSize(entry.size + 4);
-            head.bigEndian(0x80U | (entry.isPicture() ? VideoTrack : SoundTrack), 1);
+            head.bigEndian(0x80U | (entry.isPicture() ? videoTrackNumber : soundTrackNumber), 1);
             head.bigEndian(static_cast<std::uint64_t>(entry.sinceClusterMs), 2);
             head.bigEndian(entry.isKey() || !entry.isPicture() ? 0x80U : 0, 1);
             return {copyMade(offset, head.bytes(), position, into), {}, 0};
@@ -66,7 +66,7 @@ VirtualFilm::Piece VirtualFilm::pieceAt(std::uint64_t offset, std::span<std::byt
                                   WaveFormat(m_soundFormat).bits == 8 ? std::byte{0x80} : std::byte{0});
                 return {count, {}, 0};
             }
-            return {count, cluster.clip, (entry.offset & OffsetBits) + inside};
+            return {count, cluster.clip, (entry.offset & offsetBits) + inside};
         }
         position = body + entry.size;
     }

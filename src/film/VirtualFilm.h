@@ -23,8 +23,8 @@ namespace marvo {
 class VirtualFilm
 {
 public:
-    static constexpr std::uint64_t VideoTrack = 1;
-    static constexpr std::uint64_t SoundTrack = 2;
+    static constexpr std::uint64_t videoTrackNumber = 1;
+    static constexpr std::uint64_t soundTrackNumber = 2;
 
     struct Clip
     {
@@ -94,21 +94,21 @@ private:
     //     Cluster  ...
     //     Cluster  after the end silence and the last picture again: in pause a player shows a picture only
     //              when it has read on beyond it
-    static constexpr std::size_t ClusterHeadBytes = 4 + 8 + 10;
-    static constexpr std::size_t BlockHeadBytes = 1 + 4 + 4;
+    static constexpr std::size_t clusterHeadBytes = 4 + 8 + 10;
+    static constexpr std::size_t blockHeadBytes = 1 + 4 + 4;
 
-    static constexpr std::uint64_t IsPicture = std::uint64_t{1} << 63;
-    static constexpr std::uint64_t IsKey = std::uint64_t{1} << 62;
-    static constexpr std::uint64_t IsSilence = std::uint64_t{1} << 61;
-    static constexpr std::uint64_t OffsetBits = IsSilence - 1;
+    static constexpr std::uint64_t pictureBit = std::uint64_t{1} << 63;
+    static constexpr std::uint64_t keyBit = std::uint64_t{1} << 62;
+    static constexpr std::uint64_t silenceBit = std::uint64_t{1} << 61;
+    static constexpr std::uint64_t offsetBits = silenceBit - 1;
     struct Entry
     {
         std::uint64_t offset; ///< in the clip's file, and the flags
         std::uint32_t size;
         std::int32_t sinceClusterMs;
-        bool isPicture() const { return (offset & IsPicture) != 0; }
-        bool isKey() const { return (offset & IsKey) != 0; }
-        bool isSilence() const { return (offset & IsSilence) != 0; }
+        bool isPicture() const { return (offset & pictureBit) != 0; }
+        bool isKey() const { return (offset & keyBit) != 0; }
+        bool isSilence() const { return (offset & silenceBit) != 0; }
     };
     /// Some chunks with a time in common, which theirs are told from; the film can be entered at each.
     struct Cluster

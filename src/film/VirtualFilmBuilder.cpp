@@ -14,22 +14,22 @@ namespace marvo {
 namespace {
 
 /// A block's size has 28 bits, all of them set being kept for "unknown".
-constexpr std::uint32_t LargestChunk = (1U << 28) - 16;
+constexpr std::uint32_t largestChunk = (1U << 28) - 16;
 /// A block tells its time by 16 bits.
-constexpr std::int64_t LongestClusterMs = 30'000;
+constexpr std::int64_t longestClusterMs = 30'000;
 /// Where every picture is a key picture: how far apart places to enter are. A seek decodes from one of them.
-constexpr std::int64_t ShortestClusterMs = 250;
+constexpr std::int64_t shortestClusterMs = 250;
 /// After the end the last picture comes again, late enough to be never seen.
-constexpr std::int64_t FirstRepeatMs = 200;
-constexpr std::int64_t RepeatEveryMs = 100;
-constexpr std::int64_t LastRepeatMs = 28'800; // of which the fastest player needs all
-constexpr std::int64_t SilenceMs = 200;
-constexpr std::int64_t ShortestSilenceMs = 100;
-constexpr std::size_t LargestFormat = 64 * 1024;
-constexpr std::size_t BitmapHeaderBytes = 40;
-constexpr std::size_t WaveHeaderBytes = 18;
-constexpr std::uint16_t WavePcm = 1;
-constexpr std::int64_t LongestClipMs = 24LL * 3600 * 1000;
+constexpr std::int64_t firstRepeatMs = 200;
+constexpr std::int64_t repeatEveryMs = 100;
+constexpr std::int64_t lastRepeatMs = 28'800; // of which the fastest player needs all
+constexpr std::int64_t silenceMs = 200;
+constexpr std::int64_t shortestSilenceMs = 100;
+constexpr std::size_t largestFormat = 64 * 1024;
+constexpr std::size_t bitmapHeaderBytes = 40;
+constexpr std::size_t waveHeaderBytes = 18;
+constexpr std::uint16_t wavePcm = 1;
+constexpr std::int64_t longestClipMs = 24LL * 3600 * 1000;
 
 const ClipStream* streamOf(const ClipIndex& index, ClipStream::Kind kind)
 {
@@ -41,8 +41,8 @@ const ClipStream* streamOf(const ClipIndex& index, ClipStream::Kind kind)
 std::int64_t unitsToMs(std::uint64_t units, std::uint32_t scale, std::uint32_t rate)
 {
     const std::uint64_t parts = std::min(units, std::uint64_t{1} << 40) * scale; // scales are below 2^20
-    if (parts / rate >= LongestClipMs / 1000)
-        return LongestClipMs;
+    if (parts / rate >= longestClipMs / 1000)
+        return longestClipMs;
     return static_cast<std::int64_t>(parts / rate * 1000 + parts % rate * 1000 / rate);
 }
 
@@ -61,12 +61,12 @@ bool pictureRate(const ClipStream& stream, std::uint32_t& scale, std::uint32_t& 
 
 bool isStored(const ClipChunk& chunk)
 {
-    return chunk.size > 0 && chunk.size <= LargestChunk && chunk.offset < std::uint64_t{1} << 60;
+    return chunk.size > 0 && chunk.size <= largestChunk && chunk.offset < std::uint64_t{1} << 60;
 }
 
 std::vector<std::uint8_t> paddedFormat(const std::vector<std::uint8_t>& format, std::size_t atLeast)
 {
-    std::vector<std::uint8_t> padded(format.begin(), format.begin() + std::min(format.size(), LargestFormat));
+    std::vector<std::uint8_t> padded(format.begin(), format.begin() + std::min(format.size(), largestFormat));
     padded.resize(std::max(padded.size(), atLeast));
     return padded;
 }
@@ -75,14 +75,14 @@ std::vector<std::uint8_t> paddedFormat(const std::vector<std::uint8_t>& format, 
 std::vector<std::uint8_t> soundFormatOf(const ClipIndex& index)
 {
     const ClipStream* sound = streamOf(index, ClipStream::Kind::Sound);
-    if (sound == nullptr || sound->format.size() < WaveHeaderBytes - 2 || sound->rate == 0)
+    if (sound == nullptr || sound->format.size() < waveHeaderBytes - 2 || sound->rate == 0)
         return {};
-    std::vector<std::uint8_t> format = paddedFormat(sound->format, WaveHeaderBytes);
+    std::vector<std::uint8_t> format = paddedFormat(sound->format, waveHeaderBytes);
     const std::size_t told = format[16] | std::size_t{format[17]} << 8;
-    const std::size_t follows = std::min<std::size_t>(told, format.size() - WaveHeaderBytes);
+    const std::size_t follows = std::min<std::size_t>(told, format.size() - waveHeaderBytes);
     format[16] = static_cast<std::uint8_t>(follows);
     format[17] = static_cast<std::uint8_t>(follows >> 8);
-    format.resize(WaveHeaderBytes + follows);
+    format.resize(waveHeaderBytes + follows);
     return format;
 }
 
@@ -92,7 +92,7 @@ bool haveSamePictures(const std::vector<std::uint8_t>& one, const std::vector<st
         return std::memcmp(one.data() + from, other.data() + from, count) == 0;
     };
     return one.size() == other.size() && sameBytes(4, 8) && sameBytes(16, 4) &&
-           sameBytes(BitmapHeaderBytes, one.size() - BitmapHeaderBytes);
+           sameBytes(bitmapHeaderBytes, one.size() - bitmapHeaderBytes);
 }
 
 } // namespace
@@ -117,7 +117,7 @@ std::int64_t VirtualFilmBuilder::lengthMs(const ClipIndex& index)
         return chunk.stream == stream && isStored(chunk);
     };
     const std::int64_t lengthMs = unitsToMs(static_cast<std::uint64_t>(pictures), scale, rate);
-    return std::ranges::any_of(index.chunks, isShown) && lengthMs < LongestClipMs ? lengthMs : 0;
+    return std::ranges::any_of(index.chunks, isShown) && lengthMs < longestClipMs ? lengthMs : 0;
 }
 
 bool VirtualFilmBuilder::fits(const ClipIndex& index) const
@@ -126,9 +126,9 @@ bool VirtualFilmBuilder::fits(const ClipIndex& index) const
     if (m_film->m_clips.empty() || video == nullptr)
         return video != nullptr;
     const std::vector<std::uint8_t> sound = soundFormatOf(index);
-    return haveSamePictures(m_film->m_videoFormat, paddedFormat(video->format, BitmapHeaderBytes)) &&
+    return haveSamePictures(m_film->m_videoFormat, paddedFormat(video->format, bitmapHeaderBytes)) &&
            (sound == m_film->m_soundFormat ||
-            (sound.empty() && WaveFormat(m_film->m_soundFormat).tag == WavePcm));
+            (sound.empty() && WaveFormat(m_film->m_soundFormat).tag == wavePcm));
 }
 
 void VirtualFilmBuilder::put(const Timed& timed)
@@ -137,7 +137,7 @@ void VirtualFilmBuilder::put(const Timed& timed)
     const std::uint32_t clip = static_cast<std::uint32_t>(film.m_clips.size());
     const bool isOther = film.m_clusters.empty() || film.m_clusters.back().clip != clip;
     const std::int64_t sinceMs = isOther ? 0 : timed.filmMs - film.m_clusters.back().startMs;
-    if (isOther || sinceMs > LongestClusterMs || (timed.mayBegin && sinceMs >= ShortestClusterMs))
+    if (isOther || sinceMs > longestClusterMs || (timed.mayBegin && sinceMs >= shortestClusterMs))
         film.m_clusters.push_back({0, timed.filmMs, static_cast<std::uint32_t>(film.m_entries.size()), clip});
     film.m_entries.push_back(timed.entry);
     film.m_entries.back().sinceClusterMs =
@@ -157,7 +157,7 @@ std::vector<VirtualFilmBuilder::Timed> VirtualFilmBuilder::picturesOf(const Clip
             continue;
         const std::int64_t filmMs = clip.pictureMs(count++);
         const bool mayBegin = chunk.isKey || pictures.empty();
-        const std::uint64_t flags = VirtualFilm::IsPicture | (mayBegin ? VirtualFilm::IsKey : 0);
+        const std::uint64_t flags = VirtualFilm::pictureBit | (mayBegin ? VirtualFilm::keyBit : 0);
         if (isStored(chunk))
             pictures.push_back({filmMs, {chunk.offset | flags, chunk.size, 0}, mayBegin});
     }
@@ -172,7 +172,7 @@ std::vector<VirtualFilmBuilder::Timed> VirtualFilmBuilder::soundOf(const ClipInd
     if (m_film->m_soundFormat.empty())
         return pieces;
     const WaveFormat wave(m_film->m_soundFormat);
-    const bool isPlain = wave.tag == WavePcm && wave.samplesPerSecond > 0;
+    const bool isPlain = wave.tag == wavePcm && wave.samplesPerSecond > 0;
     if (isPlain)
         addSilence(pieces, m_soundEndMs, clip.startMs);
     std::int64_t endMs = clip.startMs;
@@ -209,11 +209,11 @@ std::vector<VirtualFilmBuilder::Timed> VirtualFilmBuilder::soundOf(const ClipInd
 void VirtualFilmBuilder::addSilence(std::vector<Timed>& pieces, std::int64_t fromMs, std::int64_t toMs) const
 {
     const WaveFormat wave(m_film->m_soundFormat);
-    for (std::int64_t ms = fromMs; toMs - ms >= ShortestSilenceMs; ms += SilenceMs) {
-        const auto lengthMs = static_cast<std::uint64_t>(std::min(SilenceMs, toMs - ms));
+    for (std::int64_t ms = fromMs; toMs - ms >= shortestSilenceMs; ms += silenceMs) {
+        const auto lengthMs = static_cast<std::uint64_t>(std::min(silenceMs, toMs - ms));
         const std::uint64_t bytes = lengthMs * wave.samplesPerSecond / 1000 * wave.blockAlign;
-        if (bytes > 0 && bytes <= LargestChunk)
-            pieces.push_back({ms, {VirtualFilm::IsSilence, static_cast<std::uint32_t>(bytes), 0}, false});
+        if (bytes > 0 && bytes <= largestChunk)
+            pieces.push_back({ms, {VirtualFilm::silenceBit, static_cast<std::uint32_t>(bytes), 0}, false});
     }
 }
 
@@ -222,7 +222,7 @@ void VirtualFilmBuilder::append(std::string path, const ClipIndex& index, std::i
     VirtualFilm& film = *m_film;
     const ClipStream& video = *streamOf(index, ClipStream::Kind::Video);
     if (film.m_clips.empty()) {
-        film.m_videoFormat = paddedFormat(video.format, BitmapHeaderBytes);
+        film.m_videoFormat = paddedFormat(video.format, bitmapHeaderBytes);
         m_film->m_soundFormat = soundFormatOf(index);
     }
     VirtualFilm::Clip clip{std::move(path), film.toFilmMs(startMs), 0, 1, 1};
@@ -252,9 +252,9 @@ void VirtualFilmBuilder::placeClusters()
     std::uint64_t position = film.m_headBytes;
     for (std::size_t i = 0; i < film.m_clusters.size(); ++i) {
         film.m_clusters[i].position = position;
-        position += VirtualFilm::ClusterHeadBytes;
+        position += VirtualFilm::clusterHeadBytes;
         for (std::size_t entry = film.m_clusters[i].firstEntry; entry < film.entryEnd(i); ++entry)
-            position += VirtualFilm::BlockHeadBytes + film.m_entries[entry].size;
+            position += VirtualFilm::blockHeadBytes + film.m_entries[entry].size;
     }
     film.m_sizeBytes = position;
 }
@@ -271,8 +271,8 @@ void VirtualFilmBuilder::repeatAtEnd()
     film.m_clusters.push_back({0, startMs, static_cast<std::uint32_t>(film.m_entries.size()), clip});
     std::vector<Timed> sound;
     if (!m_film->m_soundFormat.empty())
-        addSilence(sound, startMs, startMs + LastRepeatMs);
-    for (std::int64_t ms = FirstRepeatMs; ms <= LastRepeatMs; ms += std::max(RepeatEveryMs, ms / 8))
+        addSilence(sound, startMs, startMs + lastRepeatMs);
+    for (std::int64_t ms = firstRepeatMs; ms <= lastRepeatMs; ms += std::max(repeatEveryMs, ms / 8))
         sound.push_back({startMs + ms, entry, true});
     std::ranges::stable_sort(sound, {}, &Timed::filmMs);
     for (const Timed& timed : sound) {

@@ -36,8 +36,8 @@ MatroskaWriter videoTrack(const std::vector<std::uint8_t>& format, const Virtual
     size.number(matroska::PixelWidth, bitmap.width);
     size.number(matroska::PixelHeight, bitmap.height);
     MatroskaWriter track;
-    track.number(matroska::TrackNumber, VirtualFilm::VideoTrack);
-    track.number(matroska::TrackUid, VirtualFilm::VideoTrack);
+    track.number(matroska::TrackNumber, VirtualFilm::videoTrackNumber);
+    track.number(matroska::TrackUid, VirtualFilm::videoTrackNumber);
     track.number(matroska::TrackType, 1);
     track.number(matroska::FlagLacing, 0);
     track.number(matroska::DefaultDuration, nanoseconds(1e9 * clip.scale / clip.rate, speed));
@@ -57,8 +57,8 @@ MatroskaWriter soundTrack(std::vector<std::uint8_t> format, double speed)
     facts.number(matroska::Channels, wave.channels);
     facts.number(matroska::BitDepth, wave.bits);
     MatroskaWriter track;
-    track.number(matroska::TrackNumber, VirtualFilm::SoundTrack);
-    track.number(matroska::TrackUid, VirtualFilm::SoundTrack);
+    track.number(matroska::TrackNumber, VirtualFilm::soundTrackNumber);
+    track.number(matroska::TrackUid, VirtualFilm::soundTrackNumber);
     track.number(matroska::TrackType, 2);
     track.number(matroska::FlagLacing, 0);
     track.text(matroska::CodecId, "A_MS/ACM");
@@ -92,7 +92,7 @@ std::vector<std::uint8_t> VirtualFilm::head(double speed) const
     MatroskaWriter cues;
     for (const Cluster& cluster : m_clusters) {
         MatroskaWriter place;
-        place.number(matroska::CueTrack, VideoTrack);
+        place.number(matroska::CueTrack, videoTrackNumber);
         place.number(matroska::CueClusterPosition, cluster.position - bodyAt);
         MatroskaWriter point;
         point.number(matroska::CueTime, static_cast<std::uint64_t>(cluster.startMs));

@@ -8,13 +8,13 @@ namespace marvo {
 
 namespace {
 /// A header may claim any size, and three pictures are held: no more than twice the sides of "4K".
-constexpr int LargestWidth = 8192;
-constexpr int LargestHeight = 4320;
+constexpr int largestWidth = 8192;
+constexpr int largestHeight = 4320;
 } // namespace
 
 bool FrameExchange::setFormat(QSize size, PixelLayout layout, ColourMatrix matrix)
 {
-    if (size.isEmpty() || size.width() > LargestWidth || size.height() > LargestHeight)
+    if (size.isEmpty() || size.width() > largestWidth || size.height() > largestHeight)
         return false;
     VideoFrame first(size, layout, matrix);
     VideoFrame second(size, layout, matrix);

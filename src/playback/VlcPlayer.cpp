@@ -18,24 +18,24 @@ namespace marvo {
 
 namespace {
 
-constexpr int StartTimeoutMs = 15'000;
-constexpr int ClockTickMs = 80;
+constexpr int startTimeoutMs = 15'000;
+constexpr int clockTickMs = 80;
 /// Seeks closer together than this, as from a slider being dragged, become one: each costs libVLC about 100
 /// ms.
-constexpr int SeekGatheringMs = 60;
+constexpr int seekGatheringMs = 60;
 /// In pause libVLC shows the picture of a seek within this time.
-constexpr int SeekCheckMs = 250;
+constexpr int seekCheckMs = 250;
 /// The same target again within this time is the same seek.
-constexpr int SeekRepeatMs = 300;
+constexpr int seekRepeatMs = 300;
 /// A seek past the last picture finds none; every camera's last picture is within this.
-constexpr std::int64_t LastPictureMs = 50;
+constexpr std::int64_t lastPictureMs = 50;
 /// In pause libVLC shows a picture once it has read so much after it.
-constexpr std::int64_t ReadAheadMs = 300;
+constexpr std::int64_t readAheadMs = 300;
 /// After the end of the file a first picture may still be on its way through the decoder.
-constexpr int LateFirstFrameMs = 500;
+constexpr int lateFirstFrameMs = 500;
 /// So many time reports, four a second, without a picture: the sound plays and the picture cannot be decoded.
-constexpr int PatienceForPicture = 12;
-constexpr std::chrono::seconds LongestFarewell{2};
+constexpr int reportsBeforePictureFault = 12;
+constexpr std::chrono::seconds shutdownTimeout{2};
 
 const char* faultKey(AviFault fault)
 {
@@ -104,21 +104,21 @@ VlcPlayer::VlcPlayer(VideoView* view, QObject* parent)
     : MediaPlayer(parent), m_view(view), m_link(std::make_shared<ObjectLink<VlcPlayer>>(this))
 {
     m_startTimer.setSingleShot(true);
-    m_startTimer.setInterval(StartTimeoutMs);
+    m_startTimer.setInterval(startTimeoutMs);
     connect(&m_startTimer, &QTimer::timeout, this, [this] { fail("play.error_no_answer"); });
 
-    m_clockTimer.setInterval(ClockTickMs);
+    m_clockTimer.setInterval(clockTickMs);
     connect(&m_clockTimer, &QTimer::timeout, this, [this, last = std::int64_t{-1}]() mutable {
         if (std::exchange(last, timeMs()) != last) // while the card keeps the picture waiting, time stands
             Q_EMIT timeChanged();
     });
 
     m_seekTimer.setSingleShot(true);
-    m_seekTimer.setInterval(SeekGatheringMs);
+    m_seekTimer.setInterval(seekGatheringMs);
     connect(&m_seekTimer, &QTimer::timeout, this, &VlcPlayer::sendSeek);
 
     m_seekCheckTimer.setSingleShot(true);
-    m_seekCheckTimer.setInterval(SeekCheckMs);
+    m_seekCheckTimer.setInterval(seekCheckMs);
     connect(&m_seekCheckTimer, &QTimer::timeout, this, &VlcPlayer::checkSeekInPause);
 }
 
@@ -127,7 +127,7 @@ VlcPlayer::~VlcPlayer()
     m_link->sever();
     retire();
     // A card that does not answer is left waiting; everything else has ended before the program does.
-    m_workers.waitForAll(LongestFarewell);
+    m_workers.waitForAll(shutdownTimeout);
 }
 
 void VlcPlayer::setMedia(const std::string& path)
@@ -336,10 +336,10 @@ void VlcPlayer::sendSeek()
     std::int64_t targetMs = *std::exchange(m_unsentSeekMs, std::nullopt);
     if (lengthMs() > 0) {
         const bool isShownInPause = m_intent == Intent::Pause && !m_atEnd;
-        const std::int64_t lastMs = lengthMs() - (isShownInPause ? ReadAheadMs : LastPictureMs);
+        const std::int64_t lastMs = lengthMs() - (isShownInPause ? readAheadMs : lastPictureMs);
         targetMs = std::min(targetMs, std::max<std::int64_t>(lastMs, 0));
     }
-    if (m_lastSeekMs == targetMs && m_sinceLastSeek.elapsed() < SeekRepeatMs)
+    if (m_lastSeekMs == targetMs && m_sinceLastSeek.elapsed() < seekRepeatMs)
         return;
     m_lastSeekMs = targetMs;
     m_sinceLastSeek.start();
@@ -357,7 +357,7 @@ void VlcPlayer::sendSeek()
 /// Now and then libVLC shows nothing of a seek that follows closely upon a pause; asked again, it does.
 void VlcPlayer::checkSeekInPause()
 {
-    const bool wasClose = m_sincePause.elapsed() - m_sinceLastSeek.elapsed() < SeekCheckMs;
+    const bool wasClose = m_sincePause.elapsed() - m_sinceLastSeek.elapsed() < seekCheckMs;
     if (m_state == State::Paused && m_intent == Intent::Pause && !m_atEnd && !m_isEnded && m_lastSeekMs &&
         (wasClose || !m_isSeekShown))
         m_session->setTimeMs(*m_lastSeekMs);
@@ -434,7 +434,7 @@ void VlcPlayer::handle(std::uint64_t generation, const VlcEvent& event)
     case VlcEvent::Kind::TimeChanged:
         m_session->dropSoundIfFailed();
         if (m_state == State::Opening) {
-            if (++m_timeReportsBeforeFrame >= PatienceForPicture)
+            if (++m_timeReportsBeforeFrame >= reportsBeforePictureFault)
                 fail("play.error_unreadable");
         } else if (!m_atEnd) {
             m_clock.report(event.valueMs);
@@ -509,7 +509,7 @@ void VlcPlayer::handlePaused()
 void VlcPlayer::handleEnd()
 {
     if (m_state == State::Opening) {
-        QTimer::singleShot(LateFirstFrameMs, this, [this, generation = m_generation] {
+        QTimer::singleShot(lateFirstFrameMs, this, [this, generation = m_generation] {
             if (generation == m_generation && m_state == State::Opening)
                 fail("play.error_unreadable");
         });

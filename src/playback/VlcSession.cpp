@@ -19,7 +19,7 @@ namespace marvo {
 
 namespace {
 
-constexpr std::array PlayerEvents = {
+constexpr std::array playerEvents = {
     libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerPaused,      libvlc_MediaPlayerEndReached,
     libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged,
     libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerBuffering,
@@ -132,9 +132,9 @@ struct VlcSession::Callbacks
             *width = trueWidth;
             *height = trueHeight;
         }
-        constexpr unsigned LargestInt = 0x7FFF'FFFFU;
+        constexpr unsigned largestInt = 0x7FFF'FFFFU;
         const auto [layout, name] = layoutFor(std::string_view(chroma, 4));
-        if (*width > LargestInt || *height > LargestInt ||
+        if (*width > largestInt || *height > largestInt ||
             !self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout,
                                      self.m_matrix))
             return 0;
@@ -286,7 +286,7 @@ void VlcSession::attach()
     libvlc_video_set_callbacks(m_player.get(), &Callbacks::lock, nullptr, &Callbacks::display, this);
     libvlc_video_set_format_callbacks(m_player.get(), &Callbacks::setUp, nullptr);
     libvlc_event_manager_t* events = libvlc_media_player_event_manager(m_player.get());
-    for (const libvlc_event_e type : PlayerEvents)
+    for (const libvlc_event_e type : playerEvents)
         libvlc_event_attach(events, type, &Callbacks::event, this);
 }
 
@@ -295,7 +295,7 @@ VlcSession::~VlcSession()
     if (!m_player)
         return;
     libvlc_event_manager_t* events = libvlc_media_player_event_manager(m_player.get());
-    for (const libvlc_event_e type : PlayerEvents)
+    for (const libvlc_event_e type : playerEvents)
         libvlc_event_detach(events, type, &Callbacks::event, this);
     libvlc_media_player_stop(m_player.get());
 }

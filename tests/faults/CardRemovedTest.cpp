@@ -111,7 +111,7 @@ private Q_SLOTS:
         pullOut();
         // It comes to its end, and the next one is not there.
         const QModelIndex next = stage.list().model()->index(1, 0);
-        QTRY_VERIFY_WITH_TIMEOUT(next.data(RecordingTableModel::UnplayableRole).toBool(), 15'000);
+        QTRY_VERIFY_WITH_TIMEOUT(next.data(RecordingTableModel::unplayableRole).toBool(), 15'000);
         const QString reason = next.data(Qt::ToolTipRole).toString();
         QVERIFY2(reason.startsWith(QStringLiteral("Cannot be played: ")) && reason.size() > 25,
                  qPrintable(reason));
@@ -122,7 +122,7 @@ private Q_SLOTS:
         putIn();
         stage.doubleClickRow(1);
         QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
-        QVERIFY(!next.data(RecordingTableModel::UnplayableRole).toBool());
+        QVERIFY(!next.data(RecordingTableModel::unplayableRole).toBool());
     }
 
     void underTheSettings()

@@ -18,10 +18,10 @@ FaultySystem faultySystem;
 
 namespace {
 
-enum class Change { Growing, Other };
+enum class rateChange { Growing, Other };
 
 /// False when the change is to fail, with errno.
-bool permitted(Change change)
+bool permitted(rateChange change)
 {
     FaultySystem& system = faultySystem;
     const int number = ++system.changes;
@@ -31,7 +31,7 @@ bool permitted(Change change)
         errno = EIO;
         return false;
     }
-    if (change == Change::Growing && system.fullFrom != 0 && number > system.fullFrom) {
+    if (change == rateChange::Growing && system.fullFrom != 0 && number > system.fullFrom) {
         errno = ENOSPC;
         return false;
     }
@@ -68,13 +68,13 @@ ssize_t pread(int file, void* into, size_t size, off_t offset)
 
 ssize_t write(int file, const void* bytes, size_t size)
 {
-    return permitted(Change::Growing) ? ::syscall(SYS_write, file, bytes, permittedSize(size)) : -1;
+    return permitted(rateChange::Growing) ? ::syscall(SYS_write, file, bytes, permittedSize(size)) : -1;
 }
 
 ssize_t pwrite(int file, const void* bytes, size_t size, off_t offset)
 {
-    return permitted(Change::Growing) ? ::syscall(SYS_pwrite64, file, bytes, permittedSize(size), offset)
-                                      : -1;
+    return permitted(rateChange::Growing) ? ::syscall(SYS_pwrite64, file, bytes, permittedSize(size), offset)
+                                          : -1;
 }
 
 int openat(int folder, const char* name, int flags, ...)
@@ -83,7 +83,7 @@ int openat(int folder, const char* name, int flags, ...)
     va_start(rest, flags);
     const unsigned int mode = (flags & O_CREAT) != 0 ? va_arg(rest, unsigned int) : 0;
     va_end(rest);
-    if ((flags & O_CREAT) != 0 && !permitted(Change::Growing))
+    if ((flags & O_CREAT) != 0 && !permitted(rateChange::Growing))
         return -1;
     if ((flags & O_CREAT) != 0 && faultySystem.foldersClosed) {
         errno = EACCES;
@@ -92,44 +92,48 @@ int openat(int folder, const char* name, int flags, ...)
     return static_cast<int>(::syscall(SYS_openat, folder, name, flags, mode));
 }
 
-int fsync(int file) { return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_fsync, file)) : -1; }
+int fsync(int file)
+{
+    return permitted(rateChange::Other) ? static_cast<int>(::syscall(SYS_fsync, file)) : -1;
+}
 
 int ftruncate(int file, off_t size) noexcept
 {
-    return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_ftruncate, file, size)) : -1;
+    return permitted(rateChange::Other) ? static_cast<int>(::syscall(SYS_ftruncate, file, size)) : -1;
 }
 
 int fchmod(int file, mode_t mode) noexcept
 {
-    return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_fchmod, file, mode)) : -1;
+    return permitted(rateChange::Other) ? static_cast<int>(::syscall(SYS_fchmod, file, mode)) : -1;
 }
 
 int renameat(int from, const char* old, int to, const char* name) noexcept
 {
-    return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_renameat, from, old, to, name)) : -1;
+    return permitted(rateChange::Other) ? static_cast<int>(::syscall(SYS_renameat, from, old, to, name)) : -1;
 }
 
 int renameat2(int from, const char* old, int to, const char* name, unsigned int flags) noexcept
 {
-    return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_renameat2, from, old, to, name, flags))
-                                    : -1;
+    return permitted(rateChange::Other)
+               ? static_cast<int>(::syscall(SYS_renameat2, from, old, to, name, flags))
+               : -1;
 }
 
 int mkdirat(int folder, const char* name, mode_t mode) noexcept
 {
-    return permitted(Change::Growing) ? static_cast<int>(::syscall(SYS_mkdirat, folder, name, mode)) : -1;
+    return permitted(rateChange::Growing) ? static_cast<int>(::syscall(SYS_mkdirat, folder, name, mode)) : -1;
 }
 
 int futimens(int file, const timespec times[2]) noexcept
 {
-    return permitted(Change::Other) ? static_cast<int>(::syscall(SYS_utimensat, file, nullptr, times, 0))
-                                    : -1;
+    return permitted(rateChange::Other) ? static_cast<int>(::syscall(SYS_utimensat, file, nullptr, times, 0))
+                                        : -1;
 }
 
 int unlinkat(int folder, const char* name, int flags) noexcept
 {
     // Only counted: a process can end here, too.
-    permitted(Change::Other);
+    permitted(rateChange::Other);
     return static_cast<int>(::syscall(SYS_unlinkat, folder, name, flags));
 }
 

@@ -7,7 +7,7 @@
 
 namespace marvo::test {
 
-constexpr int FilmFps = 30;
+constexpr int filmFps = 30;
 
 /// A film of a white bar that moves two pixels to the right with each picture, so that a picture tells its
 /// number.

@@ -60,7 +60,7 @@ private:
         /// How far the picture shown is from the time told, in milliseconds.
         std::int64_t pictureErrorMs() const
         {
-            return std::abs(picture() * 1000LL / test::FilmFps - player.timeMs());
+            return std::abs(picture() * 1000LL / test::filmFps - player.timeMs());
         }
     };
 
@@ -94,7 +94,7 @@ private Q_SLOTS:
         VlcInstance::setExtraOptions({"--aout=alsa", "--alsa-audio-device=null"});
         QVERIFY(test::writeFilm({Film::Codec::H264, 3}, file("h264.avi")));
         QVERIFY(test::writeFilm({Film::Codec::H264, 1}, file("second.avi")));
-        QVERIFY(test::writeFilm({Film::Codec::H264, 1.0 / test::FilmFps}, file("picture.avi")));
+        QVERIFY(test::writeFilm({Film::Codec::H264, 1.0 / test::filmFps}, file("picture.avi")));
         QVERIFY(test::writeFilm({Film::Codec::H264, 3, false}, file("silent.avi")));
         QVERIFY(test::writeFilm({Film::Codec::H264, 3, true, false}, file("sound.avi")));
         QVERIFY(test::writeFilm({Film::Codec::MotionJpeg, 3}, file("mjpeg.avi")));

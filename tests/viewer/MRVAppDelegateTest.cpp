@@ -165,7 +165,7 @@ private Q_SLOTS:
                  stage.box("volumeSlider")); // a start does not take the keyboard
 
         QVERIFY(stage.delegate.views().video1View->isVisible());
-        QVERIFY(stage.list().model()->index(2, 0).data(RecordingTableModel::PlayingRole).toBool());
+        QVERIFY(stage.list().model()->index(2, 0).data(RecordingTableModel::playingRole).toBool());
         QTRY_VERIFY(!stage.box("progressIndicator")->isVisible());
         auto* slider = stage.delegate.views().mediaControlBox->videoPositionSlider();
         QTRY_VERIFY(slider->fraction() > 0.1);
@@ -186,11 +186,11 @@ private Q_SLOTS:
         QVERIFY(stage.open(m_card.path()));
         stage.doubleClickRow(0);
         const QModelIndex broken = stage.list().model()->index(0, 0);
-        QTRY_VERIFY_WITH_TIMEOUT(broken.data(RecordingTableModel::UnplayableRole).toBool(), 10'000);
+        QTRY_VERIFY_WITH_TIMEOUT(broken.data(RecordingTableModel::unplayableRole).toBool(), 10'000);
         QVERIFY(broken.data(Qt::ToolTipRole).toString().startsWith(QStringLiteral("Cannot be played: ")));
         QTRY_VERIFY(!stage.box("progressIndicator")->isVisible());
         QVERIFY(!stage.delegate.views().video1View->isVisible());
-        QVERIFY(!broken.data(RecordingTableModel::PlayingRole).toBool());
+        QVERIFY(!broken.data(RecordingTableModel::playingRole).toBool());
         QVERIFY(stage.box("videoReason")->isVisible());
         QVERIFY(stage.text("videoReason").startsWith(QStringLiteral("Cannot be played: ")));
         QCOMPARE(stage.text("playingTitle"), QStringLiteral("Continuous, front"));
@@ -198,9 +198,9 @@ private Q_SLOTS:
         stage.doubleClickRow(1);
         QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying(), 10'000);
         QVERIFY(!stage.box("videoReason")->isVisible());
-        QVERIFY(broken.data(RecordingTableModel::UnplayableRole).toBool());
+        QVERIFY(broken.data(RecordingTableModel::unplayableRole).toBool());
         QVERIFY(stage.open(m_card.path()));
-        QVERIFY(!stage.list().model()->index(0, 0).data(RecordingTableModel::UnplayableRole).toBool());
+        QVERIFY(!stage.list().model()->index(0, 0).data(RecordingTableModel::unplayableRole).toBool());
         QCOMPARE(stage.text("playingTitle"), QString());
     }
 
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(stage.text("gsensorXField"), QStringLiteral("X=+0.25"));
         QCOMPARE(stage.text("speedField"), QStringLiteral("59 Km/h"));
         QCOMPARE(stage.list().model()->rowCount(), 1);
-        QVERIFY(!stage.list().model()->index(0, 0).data(RecordingTableModel::PlayingRole).toBool());
+        QVERIFY(!stage.list().model()->index(0, 0).data(RecordingTableModel::playingRole).toBool());
         QTRY_VERIFY(!stage.delegate.views().video1View->isVisible());
         QVERIFY(stage.open(m_card.path()));
         stage.list().setFocus();
@@ -244,7 +244,7 @@ private Q_SLOTS:
         stage.key(Qt::Key_Down); // the list's own key, not the volume's
         stage.key(Qt::Key_Return);
         QCOMPARE(stage.delegate.playback().mediaIndex(), 1); // the number of the one before
-        QVERIFY(stage.list().model()->index(1, 0).data(RecordingTableModel::PlayingRole).toBool());
+        QVERIFY(stage.list().model()->index(1, 0).data(RecordingTableModel::playingRole).toBool());
     }
 
     void closingWhileExtractingNeitherHangsNorCrashes()

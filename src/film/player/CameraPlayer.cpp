@@ -11,13 +11,13 @@ namespace marvo {
 
 namespace {
 /// A player stands ready so long before its film begins; opening one takes some 0.3 s.
-constexpr double PreparationMs = 2500;
+constexpr double preparationMs = 2500;
 /// A film that was to run so long ago joins anew instead of being late.
-constexpr double LatestStartMs = 80;
+constexpr double latestStartMs = 80;
 /// A seek and its picture take so long.
-constexpr double JoinDelayMs = 350;
+constexpr double joinDelayMs = 350;
 /// The last picture of a film stays for so long, if none follows.
-constexpr double LongestHoldMs = 1000;
+constexpr double longestHoldMs = 1000;
 } // namespace
 
 CameraPlayer::CameraPlayer(DetachedWorkers& workers, QObject* parent) : QObject(parent), m_workers(workers) {}
@@ -149,7 +149,7 @@ void CameraPlayer::prepareNext(double driveMs)
         m_current ? m_current->film().startMs() : static_cast<std::int64_t>(driveMs) - 1;
     const auto next =
         std::ranges::find_if(m_films, [&](const auto& film) { return film->startMs() > afterMs; });
-    if (next != m_films.end() && static_cast<double>((*next)->startMs()) - driveMs < PreparationMs * m_speed)
+    if (next != m_films.end() && static_cast<double>((*next)->startMs()) - driveMs < preparationMs * m_speed)
         m_next = open(*next, (*next)->startMs());
 }
 
@@ -166,13 +166,13 @@ void CameraPlayer::tick(double driveMs)
         begin(std::move(m_next));
         showPicture();
     } else if (m_current && !isBusy &&
-               driveMs > static_cast<double>(m_current->film().endMs()) + LongestHoldMs) {
+               driveMs > static_cast<double>(m_current->film().endMs()) + longestHoldMs) {
         m_current.reset();
         clearView();
     }
     if (m_joinAtMs && m_current->isShown() && driveMs >= static_cast<double>(*m_joinAtMs)) {
         const double lateMs = driveMs - static_cast<double>(*m_joinAtMs);
-        if (lateMs > LatestStartMs * m_speed)
+        if (lateMs > latestStartMs * m_speed)
             return rejoin(driveMs);
         m_joinAtMs.reset();
         m_current->run();
@@ -184,7 +184,7 @@ void CameraPlayer::rejoin(double driveMs)
     if (!m_current)
         return;
     const VirtualFilm& film = m_current->film();
-    const auto atMs = static_cast<std::int64_t>(driveMs + JoinDelayMs * m_speed);
+    const auto atMs = static_cast<std::int64_t>(driveMs + joinDelayMs * m_speed);
     if (atMs >= film.endMs())
         return;
     m_joinAtMs = film.toDriveMs(film.pictureAt(film.toFilmMs(atMs)));

@@ -13,16 +13,16 @@
 namespace marvo {
 
 namespace {
-constexpr int TickMs = 15;
-constexpr int TimeReportMs = 80;
+constexpr int tickMs = 15;
+constexpr int timeReportMs = 80;
 /// Above this libVLC cannot decode every picture.
-constexpr double FastestWholeRate = 4;
+constexpr double fastestWholeRate = 4;
 /// Key pictures closer together than this, as they are shown, are not all shown.
-constexpr double KeyPictureMs = 33;
+constexpr double keyPictureMs = 33;
 /// What the front shows in this time tells whether the machine is fast enough for both.
-constexpr int PatienceMs = 3000;
-constexpr double LeastShare = 0.75; ///< of its pictures
-constexpr std::chrono::seconds LongestFarewell{2};
+constexpr int speedCheckMs = 3000;
+constexpr double leastShareShown = 0.75; ///< of its pictures
+constexpr std::chrono::seconds shutdownTimeout{2};
 } // namespace
 
 DrivePlayer::DrivePlayer(QObject* parent)
@@ -37,10 +37,10 @@ DrivePlayer::DrivePlayer(QObject* parent)
             &camera, &CameraPlayer::broke, this, [this](const std::string& path) { handleBroken(path); },
             Qt::QueuedConnection);
     }
-    m_ticks.setInterval(TickMs);
+    m_ticks.setInterval(tickMs);
     m_ticks.setTimerType(Qt::PreciseTimer);
     connect(&m_ticks, &QTimer::timeout, this, &DrivePlayer::tick);
-    m_timeReports.setInterval(TimeReportMs);
+    m_timeReports.setInterval(timeReportMs);
     connect(&m_timeReports, &QTimer::timeout, this, &DrivePlayer::tellTime);
 }
 
@@ -51,7 +51,7 @@ DrivePlayer::~DrivePlayer()
     for (CameraPlayer& camera : m_cameras)
         camera.setFilms({}, 1, FilmSession::Sound::None);
     // A card that does not answer is left waiting; everything else has ended before the program does.
-    m_workers.waitForAll(LongestFarewell);
+    m_workers.waitForAll(shutdownTimeout);
 }
 
 void DrivePlayer::setView(Camera camera, VideoView* view) { m_cameras[camera].setView(view); }
@@ -126,16 +126,16 @@ void DrivePlayer::adopt(DriveFilm drive)
 /// Films of the rate that is wanted now. At rest every picture can be shown.
 void DrivePlayer::giveFilms()
 {
-    const bool wasFast = m_filmRate > FastestWholeRate;
-    const bool isFast = m_isWantedPlaying && m_rate > FastestWholeRate;
-    if (!isFast && m_rate <= FastestWholeRate)
+    const bool wasFast = m_filmRate > fastestWholeRate;
+    const bool isFast = m_isWantedPlaying && m_rate > fastestWholeRate;
+    if (!isFast && m_rate <= fastestWholeRate)
         m_wholeRate = m_rate;
     m_filmRate = isFast ? m_rate : m_wholeRate;
     for (const Camera camera : {FrontCamera, RearCamera}) {
         CameraPlayer::Films films = m_drive.films[camera];
         if (isFast || (m_isRearThinned && camera == RearCamera)) {
             for (auto& film : films)
-                film = film->keyPictures(static_cast<std::int64_t>(KeyPictureMs * m_filmRate));
+                film = film->keyPictures(static_cast<std::int64_t>(keyPictureMs * m_filmRate));
         }
         // What is heard is the front's sound, or the rear's where there is no front at all.
         const bool isHeard = camera == FrontCamera || m_drive.films[FrontCamera].empty();
@@ -160,7 +160,7 @@ void DrivePlayer::rest(std::int64_t driveMs)
     m_timeMs = driveMs;
     m_pendingMs.reset();
     m_isSettling = true;
-    if (m_isWantedPlaying ? m_filmRate != m_rate : m_filmRate > FastestWholeRate)
+    if (m_isWantedPlaying ? m_filmRate != m_rate : m_filmRate > fastestWholeRate)
         giveFilms();
     for (const Camera camera : {FrontCamera, RearCamera})
         m_cameras[camera].show(static_cast<std::int64_t>(cameraMs(camera, static_cast<double>(driveMs))));
@@ -211,7 +211,7 @@ void DrivePlayer::step(Direction direction)
         return;
     const std::int64_t fromMs = timeMs();
     m_isWantedPlaying = false;
-    if (m_filmRate > FastestWholeRate)
+    if (m_filmRate > fastestWholeRate)
         giveFilms();
     std::optional<std::int64_t> target;
     for (const Camera camera : {FrontCamera, RearCamera}) {
@@ -309,7 +309,7 @@ void DrivePlayer::tellGaps(std::int64_t fromMs, std::int64_t toMs)
 
 void DrivePlayer::thinRearWhereSlow()
 {
-    if (m_isRearThinned || m_rate > 1 || m_sinceRun.elapsed() < PatienceMs)
+    if (m_isRearThinned || m_rate > 1 || m_sinceRun.elapsed() < speedCheckMs)
         return;
     const auto recording = recordingNow(FrontCamera);
     const auto film = recording ? m_drive.filmAt(FrontCamera, m_timeMs) : nullptr;
@@ -317,7 +317,7 @@ void DrivePlayer::thinRearWhereSlow()
         return;
     const VirtualFilm::Clip& clip = film->clips()[film->clipAt(film->toFilmMs(m_timeMs))];
     const double due = static_cast<double>(m_sinceRun.elapsed()) / 1000 * m_rate * clip.rate / clip.scale;
-    if (m_cameras[FrontCamera].picturesShown() < due * LeastShare) {
+    if (m_cameras[FrontCamera].picturesShown() < due * leastShareShown) {
         m_isRearThinned = true;
         rest(m_timeMs);
     }
@@ -326,7 +326,7 @@ void DrivePlayer::thinRearWhereSlow()
 
 void DrivePlayer::setRate(double rate)
 {
-    const double wanted = std::clamp(rate, SlowestRate, FastestRate);
+    const double wanted = std::clamp(rate, slowestRate, fastestRate);
     if (wanted == m_rate || !std::isfinite(rate))
         return;
     const std::int64_t atMs = timeMs();

@@ -37,8 +37,8 @@ public:
         Failed ///< nothing of the drive can be played, or not any more
     };
     Q_ENUM(State)
-    static constexpr double SlowestRate = 0.25;
-    static constexpr double FastestRate = 16; ///< above 4 in key pictures, without sound
+    static constexpr double slowestRate = 0.25;
+    static constexpr double fastestRate = 16; ///< above 4 in key pictures, without sound
 
     explicit DrivePlayer(QObject* parent = nullptr);
     ~DrivePlayer() override;
@@ -67,7 +67,7 @@ public:
     bool isBusy() const { return m_isSettling; }
 
     double rate() const { return m_rate; }
-    /// Any from SlowestRate to FastestRate; others become the nearest.
+    /// Any from slowestRate to fastestRate; others become the nearest.
     void setRate(double rate);
     void setVolume(int percent, bool isMuted);
     /// By how much the rear is shown later (or, negative, earlier) than the recordings tell.
@@ -99,7 +99,7 @@ Q_SIGNALS:
     void recordingFailed(const std::string& path);
 
 private:
-    using Cameras = std::array<CameraPlayer, CameraCount>;
+    using Cameras = std::array<CameraPlayer, cameraCount>;
 
     void readDrive();
     void adopt(DriveFilm drive);
@@ -144,7 +144,7 @@ private:
     std::int64_t m_rearShiftMs = 0;
     double m_filmRate = 1;  ///< of the films that the cameras have
     double m_wholeRate = 1; ///< of those last among them that have every picture
-    std::array<std::optional<std::size_t>, CameraCount> m_recordings;
+    std::array<std::optional<std::size_t>, cameraCount> m_recordings;
 
     StepKeeper m_stepKeeper;
     QElapsedTimer m_sinceTick;

@@ -6,8 +6,8 @@ namespace marvo {
 
 namespace {
 /// From the command to play until the picture that was resting is due.
-constexpr std::chrono::milliseconds StartDelay{10};
-constexpr std::chrono::milliseconds StaleReports{60};
+constexpr std::chrono::milliseconds startDelay{10};
+constexpr std::chrono::milliseconds staleReportTime{60};
 } // namespace
 
 void FilmClock::start(std::int64_t filmMs, double rate, Moment now)
@@ -15,13 +15,13 @@ void FilmClock::start(std::int64_t filmMs, double rate, Moment now)
     m_baseMs = static_cast<double>(filmMs);
     m_rate = rate;
     m_start = now;
-    m_base = now + StartDelay;
+    m_base = now + startDelay;
     m_isReported = false;
 }
 
 void FilmClock::report(double filmMs, Moment at)
 {
-    if (at - m_start < StaleReports)
+    if (at - m_start < staleReportTime)
         return;
     m_baseMs = filmMs;
     m_base = at;

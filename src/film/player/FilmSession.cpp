@@ -15,22 +15,22 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr int StartTimeoutMs = 15'000;
+constexpr int startTimeoutMs = 15'000;
 /// For so long after the first pause libVLC may never show what it is sent to.
-constexpr int SettleMs = 100;
+constexpr int settleMs = 100;
 /// libVLC pauses sooner than this, and says so.
-constexpr int PauseMs = 150;
+constexpr int pauseMs = 150;
 /// libVLC shows the picture of a seek within some 100 ms; now and then it forgets to, and is asked again.
-constexpr int SeekRetryMs = 200;
+constexpr int seekRetryMs = 200;
 /// Once libVLC has read enough it decodes from the key picture on, which a busy machine takes its time for.
-constexpr int DecodingMs = 500;
-constexpr int MostSeekTries = 4;
-constexpr int KickMs = 60;
+constexpr int decodingMs = 500;
+constexpr int mostSeekTries = 4;
+constexpr int wakeUpMs = 60;
 /// A picture that comes so long after libVLC has read enough is the one sought, even if it looks like the one
 /// before.
-constexpr auto SamePictureDelay = 30ms;
+constexpr auto samePictureDelay = 30ms;
 /// libVLC gives up a film a little before its end, or there.
-constexpr double EndToleranceMs = 1500;
+constexpr double endToleranceMs = 1500;
 
 /// Tells of the first fault of a film's reader.
 class FaultReporter : public ByteSource
@@ -67,7 +67,7 @@ FilmSession::FilmSession(std::shared_ptr<const VirtualFilm> film, std::int64_t f
 {
     m_waiting.setSingleShot(true);
     connect(&m_waiting, &QTimer::timeout, this, &FilmSession::waitedEnough);
-    waitFor(Step::Created, StartTimeoutMs);
+    waitFor(Step::Created, startTimeoutMs);
     QByteArrayList options = {":demux=mkv", ":play-and-pause",
                               ":start-time=" +
                                   QByteArray::number(static_cast<double>(m_targetMs) / 1000 / speed, 'f', 3)};
@@ -101,7 +101,7 @@ void FilmSession::adopt(std::shared_ptr<VlcSession> session)
     m_session = std::move(session);
     if (!m_session || m_state == State::Broken)
         return breakOff({});
-    waitFor(Step::FirstFrame, StartTimeoutMs);
+    waitFor(Step::FirstFrame, startTimeoutMs);
     m_session->setVolume(0, true);
     m_session->play();
 }
@@ -118,15 +118,15 @@ void FilmSession::waitedEnough()
         return seek();
     if (m_step == Step::Kicked) {
         m_session->setPaused(true);
-        return waitFor(Step::Settled, SettleMs);
+        return waitFor(Step::Settled, settleMs);
     }
     if (m_step == Step::Picture && m_seekTries == 1)
         return seek();
-    if (m_step == Step::Picture && m_seekTries < MostSeekTries) {
+    if (m_step == Step::Picture && m_seekTries < mostSeekTries) {
         // Now and then it hears nothing more until it has played.
         m_session->setVolume(0, true);
         m_session->setPaused(false);
-        return waitFor(Step::Kicked, KickMs);
+        return waitFor(Step::Kicked, wakeUpMs);
     }
     if (m_step == Step::Picture)
         return setShown(); // of what cannot be shown the picture before stays
@@ -155,7 +155,7 @@ void FilmSession::show(std::int64_t filmMs)
     m_seekTries = 0;
     if (std::exchange(m_state, State::Resting) == State::Running) {
         m_session->setPaused(true);
-        waitFor(Step::Paused, PauseMs);
+        waitFor(Step::Paused, pauseMs);
         return;
     }
     seek();
@@ -168,7 +168,7 @@ void FilmSession::seek()
     m_bufferedAt.reset();
     m_seekAt = Clock::now();
     m_session->setTimeMs(static_cast<std::int64_t>(static_cast<double>(m_targetMs) / m_speed));
-    waitFor(Step::Picture, SeekRetryMs * m_seekTries);
+    waitFor(Step::Picture, seekRetryMs * m_seekTries);
 }
 
 void FilmSession::setShown()
@@ -274,7 +274,7 @@ void FilmSession::handle(const VlcEvent& event)
     case VlcEvent::Kind::Error:
         m_isDead = true;
         if (m_state == State::Running &&
-            filmMs() > static_cast<double>(m_film->lengthMs()) - EndToleranceMs * m_speed)
+            filmMs() > static_cast<double>(m_film->lengthMs()) - endToleranceMs * m_speed)
             return end();
         return m_state == State::Ended ? void() : breakOff({});
     case VlcEvent::Kind::Paused:
@@ -293,7 +293,7 @@ void FilmSession::handleBuffered(FilmClock::Moment at)
     if (m_step != Step::Picture || at < m_seekAt || m_bufferedAt)
         return;
     m_bufferedAt = at;
-    m_waiting.start(DecodingMs * m_seekTries);
+    m_waiting.start(decodingMs * m_seekTries);
     if (const VlcDisplay display = m_session->lastDisplay(); display.at < at)
         m_fingerprintBefore = display.fingerprint;
 }
@@ -311,10 +311,10 @@ void FilmSession::handleFrame()
     }
     if (m_step == Step::FirstFrame) {
         m_session->setPaused(true);
-        waitFor(Step::Settled, SettleMs);
+        waitFor(Step::Settled, settleMs);
     } else if (m_step == Step::Picture && m_bufferedAt && display.at > *m_bufferedAt &&
                (display.fingerprint != m_fingerprintBefore ||
-                display.at > *m_bufferedAt + SamePictureDelay)) {
+                display.at > *m_bufferedAt + samePictureDelay)) {
         setShown();
     } else if (m_hasBeenShown && isOther && m_seekTries < 2) {
         Q_EMIT pictureCame();

@@ -8,10 +8,10 @@
 namespace marvo {
 
 namespace {
-constexpr double NearEnoughMs = 5;
+constexpr double nearEnoughMs = 5;
 /// More than this takes too long to make up for.
-constexpr double TooFarMs = 120;
-constexpr double Change = 0.05;
+constexpr double tooFarMs = 120;
+constexpr double rateChange = 0.05;
 } // namespace
 
 StepKeeper::Advice StepKeeper::advise(double aheadMs, bool isSure, Moment now)
@@ -23,14 +23,14 @@ StepKeeper::Advice StepKeeper::advise(double aheadMs, bool isSure, Moment now)
         m_isCorrecting = false;
         return {Kind::SetFactor, 1};
     }
-    if (!isSure || std::abs(aheadMs) <= NearEnoughMs)
+    if (!isSure || std::abs(aheadMs) <= nearEnoughMs)
         return {};
-    if (std::abs(aheadMs) > TooFarMs)
+    if (std::abs(aheadMs) > tooFarMs)
         return {Kind::Rejoin, 1};
     m_isCorrecting = true;
-    const std::chrono::duration<double, std::milli> length(std::abs(aheadMs) / Change);
+    const std::chrono::duration<double, std::milli> length(std::abs(aheadMs) / rateChange);
     m_until = now + std::chrono::duration_cast<std::chrono::steady_clock::duration>(length);
-    return {Kind::SetFactor, aheadMs > 0 ? 1 - Change : 1 + Change};
+    return {Kind::SetFactor, aheadMs > 0 ? 1 - rateChange : 1 + rateChange};
 }
 
 } // namespace marvo

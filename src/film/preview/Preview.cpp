@@ -15,11 +15,11 @@
 namespace marvo {
 
 namespace {
-constexpr std::size_t MostIndexes = 8;
-constexpr std::size_t FormatBytes = 40;
+constexpr std::size_t mostIndexes = 8;
+constexpr std::size_t formatBytes = 40;
 /// More than this between two key pictures is no film of a camera's.
-constexpr std::size_t MostPictures = 600;
-constexpr std::uint64_t MostBytes = 64 * 1024 * 1024;
+constexpr std::size_t mostPictures = 600;
+constexpr std::uint64_t mostBytes = 64 * 1024 * 1024;
 } // namespace
 
 struct Preview::Indexes
@@ -47,7 +47,7 @@ struct Preview::Indexes
         auto index = std::make_shared<const ClipIndex>(readClipIndex(file, file.size()));
         const std::scoped_lock lock(mutex);
         known.push_front({path, file.size(), index});
-        if (known.size() > MostIndexes)
+        if (known.size() > mostIndexes)
             known.pop_back();
         return index;
     }
@@ -81,7 +81,7 @@ Preview::Result Preview::make(Indexes& indexes, const std::string& path, std::in
     const auto index = indexes.of(path, file);
     const auto video = std::ranges::find(index->streams, ClipStream::Kind::Video, &ClipStream::kind);
     if (video == index->streams.end() || video->scale == 0 || video->rate == 0 ||
-        video->format.size() < FormatBytes)
+        video->format.size() < formatBytes)
         return {};
     std::vector<const ClipChunk*> pictures;
     for (const ClipChunk& chunk : index->chunks) {
@@ -102,15 +102,15 @@ Preview::Result Preview::make(Indexes& indexes, const std::string& path, std::in
     std::size_t key = number;
     while (key > 0 && !(pictures[key]->isKey && pictures[key]->size > 0))
         --key;
-    if (number - key > MostPictures)
+    if (number - key > mostPictures)
         return {};
     CodedPictures coded;
     std::memcpy(coded.codec.data(), video->format.data() + 16, coded.codec.size());
-    coded.setUp.assign(video->format.begin() + FormatBytes, video->format.end());
+    coded.setUp.assign(video->format.begin() + formatBytes, video->format.end());
     std::uint64_t bytes = 0;
     for (std::size_t n = key; n <= number && !stop.stop_requested(); ++n) {
         bytes += pictures[n]->size;
-        if (bytes > MostBytes)
+        if (bytes > mostBytes)
             return {};
         std::vector<std::uint8_t> picture(pictures[n]->size);
         if (file.readAt(pictures[n]->offset, std::as_writable_bytes(std::span(picture))) < picture.size())

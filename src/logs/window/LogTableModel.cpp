@@ -76,7 +76,7 @@ QVariant LogTableModel::headerData(int section, Qt::Orientation orientation, int
         return m_columnNames[section];
     case Qt::TextAlignmentRole:
         return Qt::AlignCenter;
-    case IdentifierRole:
+    case identifierRole:
         return QString::number(section);
     default:
         return {};

@@ -26,7 +26,7 @@ public:
     /// No table has more rows: the positions of more would not fit the view's numbers.
     static constexpr std::uint64_t mostRows = 50'000'000;
     /// The column's own name, the decimal text of its index; a header role.
-    static constexpr int IdentifierRole = Qt::UserRole + 1;
+    static constexpr int identifierRole = Qt::UserRole + 1;
 
     explicit LogTableModel(const LogDescription& description, QObject* parent = nullptr);
 

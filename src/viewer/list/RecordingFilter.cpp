@@ -32,7 +32,7 @@ bool RecordingFilter::filterAcceptsRow(int sourceRow, const QModelIndex& sourceP
         return sourceModel()->index(sourceRow, column, sourceParent).data(role);
     };
     if (m_kinds != 0) {
-        const int kind = cell(Model::SaveMode, Model::KindRole).toInt();
+        const int kind = cell(Model::SaveMode, Model::kindRole).toInt();
         if (kind < 0 || (m_kinds & (1U << unsigned(kind))) == 0)
             return false;
     }

@@ -44,7 +44,7 @@ QString elidedFileName(const QString& name, const QFontMetrics& metrics, int wid
 void RecordingRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.data(RecordingTableModel::UnplayableRole).toBool()) // dimmed while selected, too
+    if (index.data(RecordingTableModel::unplayableRole).toBool()) // dimmed while selected, too
         option->palette.setBrush(QPalette::HighlightedText,
                                  option->palette.brush(QPalette::Disabled, QPalette::Text));
     if (const auto* list = qobject_cast<const RecordingListView*>(option->widget))
@@ -62,7 +62,7 @@ void RecordingRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
 {
     QStyledItemDelegate::paint(painter, option, index);
     if (index.column() == RecordingTableModel::SaveMode &&
-        index.data(RecordingTableModel::PlayingRole).toBool())
+        index.data(RecordingTableModel::playingRole).toBool())
         painter->fillRect(QRect(option.rect.topLeft(), QSize(barWidth, option.rect.height())),
                           option.palette.color(QPalette::Link));
 }

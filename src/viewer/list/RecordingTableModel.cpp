@@ -152,11 +152,11 @@ QVariant RecordingTableModel::data(const QModelIndex& index, int role) const
         if (m_unplayable.contains(row))
             return localised("viewer.list.unplayable").arg(m_unplayable[row]);
         return playing ? localised("viewer.list.playing") : QString();
-    case UnplayableRole:
+    case unplayableRole:
         return m_unplayable.contains(row);
-    case PlayingRole:
+    case playingRole:
         return playing;
-    case KindRole: {
+    case kindRole: {
         const Kind& kind = kindOf(*media);
         return &kind != &m_kinds.back() ? static_cast<int>(&kind - m_kinds.data()) : -1;
     }
@@ -175,7 +175,7 @@ QVariant RecordingTableModel::headerData(int section, Qt::Orientation orientatio
         return m_columnNames[column];
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(columns[column].alignment);
-    case IdentifierRole:
+    case identifierRole:
         return QString::fromLatin1(columns[column].identifier);
     default:
         return {};

@@ -25,13 +25,13 @@ public:
     enum Column { SaveMode, Date, Time, File, ColumnCount };
     static constexpr int fontPointSize = 11;
     /// The column's own name, "saveMode", "date", "time" or "file"; a header role.
-    static constexpr int IdentifierRole = Qt::UserRole + 1;
+    static constexpr int identifierRole = Qt::UserRole + 1;
     /// Whether the recording could not be played; the reason is the row's tool tip.
-    static constexpr int UnplayableRole = Qt::UserRole + 2;
+    static constexpr int unplayableRole = Qt::UserRole + 2;
     /// Whether the recording is the one in the player, and can be played.
-    static constexpr int PlayingRole = Qt::UserRole + 3;
+    static constexpr int playingRole = Qt::UserRole + 3;
     /// The kind's code; -1 for an unknown one.
-    static constexpr int KindRole = Qt::UserRole + 4;
+    static constexpr int kindRole = Qt::UserRole + 4;
 
     /// The list is not owned and must outlive the model.
     explicit RecordingTableModel(const MRVMediaList& mediaList, QObject* parent = nullptr);

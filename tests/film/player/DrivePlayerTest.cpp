@@ -125,10 +125,10 @@ private Q_SLOTS:
         std::vector<DriveClip> clips;
         for (const QString& film : films)
             clips.push_back(clip(film));
-        constexpr int perFilm = 2 * test::NumberedFps;
+        constexpr int perFilm = 2 * test::numberedFps;
         const int last = static_cast<int>(clips.size()) * perFilm - 1;
         const auto timeOf = [](int n) {
-            return std::int64_t{n / perFilm} * 2000 + n % perFilm * 1000 / test::NumberedFps;
+            return std::int64_t{n / perFilm} * 2000 + n % perFilm * 1000 / test::numberedFps;
         };
         const auto number = [](int n) { return PictureNumber{n / perFilm, n % perFilm}; };
         Stage stage;

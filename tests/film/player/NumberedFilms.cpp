@@ -9,13 +9,13 @@
 namespace marvo::test {
 
 namespace {
-constexpr int Bars = 16;
-constexpr int PictureBars = 11; ///< and one more that is always white: black is no picture
+constexpr int bars = 16;
+constexpr int pictureBars = 11; ///< and one more that is always white: black is no picture
 } // namespace
 
 bool writeNumberedFilm(const NumberedFilm& film, const QString& path)
 {
-    const int barWidth = film.width / Bars;
+    const int barWidth = film.width / bars;
     QString filter = QStringLiteral("null");
     const auto bar = [&](int number, const QString& when) {
         filter += QStringLiteral(",drawbox=x=%1:y=0:w=%2:h=180:color=white:t=fill:enable='%3'")
@@ -23,11 +23,11 @@ bool writeNumberedFilm(const NumberedFilm& film, const QString& path)
                       .arg(barWidth)
                       .arg(when);
     };
-    for (int i = 0; i < PictureBars; ++i)
+    for (int i = 0; i < pictureBars; ++i)
         bar(i, QStringLiteral("mod(floor(n/%1)\\,2)").arg(1 << i));
     for (int i = 0; i < 4; ++i)
-        bar(PictureBars + 1 + i, QString::number(film.film >> i & 1));
-    bar(PictureBars, QStringLiteral("1"));
+        bar(pictureBars + 1 + i, QString::number(film.film >> i & 1));
+    bar(pictureBars, QStringLiteral("1"));
     if (film.isNoisy)
         filter += QStringLiteral(",noise=alls=40:allf=t");
     const QString length = QString::number(film.seconds);
@@ -39,7 +39,7 @@ bool writeNumberedFilm(const NumberedFilm& film, const QString& path)
                              QStringLiteral("-i"),
                              QStringLiteral("color=black:s=%1x180:r=%2:d=%3,%4")
                                  .arg(film.width)
-                                 .arg(NumberedFps)
+                                 .arg(numberedFps)
                                  .arg(length, filter)};
     if (film.hasSound)
         arguments += {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
@@ -66,14 +66,14 @@ PictureNumber pictureNumberOf(const QImage& picture)
     if (picture.isNull())
         return {};
     const auto isWhite = [&](int bar) {
-        return qGray(picture.pixel((2 * bar + 1) * picture.width() / (2 * Bars), picture.height() / 2)) > 128;
+        return qGray(picture.pixel((2 * bar + 1) * picture.width() / (2 * bars), picture.height() / 2)) > 128;
     };
     PictureNumber number{0, 0};
-    for (int i = 0; i < PictureBars; ++i)
+    for (int i = 0; i < pictureBars; ++i)
         number.picture |= isWhite(i) ? 1 << i : 0;
     for (int i = 0; i < 4; ++i)
-        number.film |= isWhite(PictureBars + 1 + i) ? 1 << i : 0;
-    return isWhite(PictureBars) ? number : PictureNumber();
+        number.film |= isWhite(pictureBars + 1 + i) ? 1 << i : 0;
+    return isWhite(pictureBars) ? number : PictureNumber();
 }
 
 } // namespace marvo::test

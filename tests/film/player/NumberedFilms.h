@@ -7,7 +7,7 @@
 
 namespace marvo::test {
 
-constexpr int NumberedFps = 30;
+constexpr int numberedFps = 30;
 
 /// A film whose every picture tells its number and the film's, as white bars for the ones of 16 binary
 /// digits.

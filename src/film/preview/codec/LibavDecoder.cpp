@@ -17,9 +17,9 @@ namespace marvo {
 namespace {
 
 /// A header may claim any size: no more than twice the sides of "4K".
-constexpr int LargestWidth = 8192;
-constexpr int LargestHeight = 4320;
-constexpr std::size_t LargestSetUp = 64 * 1024;
+constexpr int largestWidth = 8192;
+constexpr int largestHeight = 4320;
+constexpr std::size_t largestSetUp = 64 * 1024;
 
 struct Release
 {
@@ -52,8 +52,8 @@ Owned<AVCodecContext> openCodec(const CodedPictures& coded)
     context->skip_loop_filter = AVDISCARD_ALL;
     context->flags2 |= AV_CODEC_FLAG2_FAST;
     context->flags |= AV_CODEC_FLAG_LOW_DELAY;
-    context->max_pixels = std::int64_t{LargestWidth} * LargestHeight;
-    if (!coded.setUp.empty() && coded.setUp.size() <= LargestSetUp) {
+    context->max_pixels = std::int64_t{largestWidth} * largestHeight;
+    if (!coded.setUp.empty() && coded.setUp.size() <= largestSetUp) {
         context->extradata =
             static_cast<std::uint8_t*>(av_mallocz(coded.setUp.size() + AV_INPUT_BUFFER_PADDING_SIZE));
         if (context->extradata == nullptr)
@@ -66,7 +66,7 @@ Owned<AVCodecContext> openCodec(const CodedPictures& coded)
 
 QImage scaled(const AVFrame& frame, QSize within)
 {
-    if (frame.width <= 0 || frame.height <= 0 || frame.width > LargestWidth || frame.height > LargestHeight)
+    if (frame.width <= 0 || frame.height <= 0 || frame.width > largestWidth || frame.height > largestHeight)
         return {};
     QSize size(frame.width, frame.height);
     if (size.width() > within.width() || size.height() > within.height())
