@@ -32,6 +32,8 @@ extern const Command eventsCommand;   ///< EventsCommand.cpp
 extern const Command archiveCommand;  ///< ArchiveCommand.cpp
 extern const Command trackCommand;    ///< TrackCommand.cpp
 extern const Command verifyCommand;   ///< VerifyCommand.cpp
+extern const Command clipCommand;     ///< FilmCommands.cpp
+extern const Command repairCommand;   ///< FilmCommands.cpp
 extern const Command demoCommand;     ///< DemoCommand.cpp
 
 /// Prints "marvo-cli NAME: MESSAGE" and where to find help to stderr; returns WrongUsage.

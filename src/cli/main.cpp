@@ -16,7 +16,8 @@ namespace {
 
 constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand,   &listCommand,   &settingsCommand,
                                        &logCommand,     &drivesCommand, &eventsCommand, &archiveCommand,
-                                       &trackCommand,   &verifyCommand, &demoCommand};
+                                       &trackCommand,   &clipCommand,   &repairCommand, &verifyCommand,
+                                       &demoCommand};
 
 void say(const Command& command, std::string_view message, std::string_view hint)
 {

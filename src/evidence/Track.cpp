@@ -107,7 +107,7 @@ RecordingTrack readTrack(ByteSource& source, std::string name)
     std::vector<_AVI_GPS_DATA_T> headers;
     std::vector<std::size_t> firstSamples;
     recording.setSentenceListener([&](std::string_view sentence) { sentences.take(sentence); });
-    recording.setFixListener([&](const _AVI_GPS_DATA_T& header) {
+    recording.setFixListener([&](const _AVI_GPS_DATA_T& header, std::string_view) {
         const RecordSentences said = std::exchange(sentences, {});
         headers.push_back(header);
         firstSamples.push_back(recording.m_vGpsData().size());

@@ -154,6 +154,10 @@ void IndexReader::findParts()
             continue;
         }
         if (hasId(head, 0, "LIST") && hasId(head, 8, "movi")) {
+            if (size < 4) { // never filled in: the power was lost while filming
+                m_movie.push_back({at + listHeadBytes, m_fileBytes});
+                return;
+            }
             m_movie.push_back({at + listHeadBytes, end});
         } else if (hasId(head, 0, "LIST") && hasId(head, 8, "hdrl") && m_index.streams.empty() &&
                    end > at + listHeadBytes) {

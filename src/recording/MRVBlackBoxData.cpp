@@ -245,7 +245,10 @@ bool MRVBlackBoxData::readGpsRecord(BlockReader& reader, std::uint32_t& budget)
     const auto length = static_cast<std::size_t>(header->dwExtLength);
     const auto ahead = reader.ahead(length);
     const auto text = ahead.first(std::min(length, ahead.size()));
-    ParseNMEA(std::string_view(reinterpret_cast<const char*>(text.data()), text.size()));
+    const std::string_view sentences(reinterpret_cast<const char*>(text.data()), text.size());
+    ParseNMEA(sentences);
+    if (m_fixListener)
+        m_fixListener(*header, sentences);
 
     const bool longTrailer = header->KM == '1' || header->KM == '9';
     reader.skip(header->dwExtLength + (longTrailer ? longTrailerSize : -1));
@@ -254,8 +257,6 @@ bool MRVBlackBoxData::readGpsRecord(BlockReader& reader, std::uint32_t& budget)
         reader.advance(1);
         ++counted;
     }
-    if (m_fixListener)
-        m_fixListener(*header);
     pair(*header);
     budget -= counted;
     return true;

@@ -51,8 +51,9 @@ public:
     void setSentenceListener(SentenceListener listener) { m_sentenceListener = std::move(listener); }
 
     /// Tells somebody else of every GPS record, behind its sentences and before it is paired with readings:
-    /// its first sample will be entry m_vGpsData().size(). On the walk's thread; clear() keeps the listener.
-    using FixListener = std::function<void(const _AVI_GPS_DATA_T& header)>;
+    /// its first sample will be entry m_vGpsData().size(). The text is the record's own, as far as the file
+    /// holds it, and valid during the call. On the walk's thread; clear() keeps the listener.
+    using FixListener = std::function<void(const _AVI_GPS_DATA_T& header, std::string_view text)>;
     void setFixListener(FixListener listener) { m_fixListener = std::move(listener); }
 
     /// Splits a text into sentences and feeds them to the parser; one entry of m_NMEAs for each that starts
