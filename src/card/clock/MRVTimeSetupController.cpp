@@ -171,7 +171,7 @@ void MRVTimeSetupController::joinControls()
     connect(m_timePicker, &QTimeEdit::timeChanged, this, &MRVTimeSetupController::timeSelectedFromPicker);
     connect(m_clockTimePicker, &ClockFace::timeChosen, this,
             &MRVTimeSetupController::timeSelectedFromClickTimePicker);
-    connect(m_nowDaySettingChk, &QCheckBox::clicked, this, &MRVTimeSetupController::nowDayChecked);
+    connect(m_nowDaySettingChk, &QCheckBox::toggled, this, &MRVTimeSetupController::nowDayChecked);
 }
 
 void MRVTimeSetupController::onInitDIalog()
@@ -246,8 +246,10 @@ void MRVTimeSetupController::timeSelectedFromClickTimePicker(QTime time)
     m_timePicker->setTime(time);
 }
 
-void MRVTimeSetupController::nowDayChecked()
+void MRVTimeSetupController::nowDayChecked(bool checked)
 {
+    if (!checked)
+        return;
     m_selectedDate = QDate::currentDate();
     showSelectedDate();
     updateNowDayTitle();

@@ -61,7 +61,7 @@ private:
     void daySelectedFromPicker();
     void timeSelectedFromPicker(QTime time);
     void timeSelectedFromClickTimePicker(QTime time);
-    void nowDayChecked();
+    void nowDayChecked(bool checked);
     void showSelectedDate();
     void updateNowDayTitle();
     void openSavePanel(const QString& proposedPath);

@@ -141,12 +141,13 @@ QGroupBox* MRVSettingForBasicViewController::recordingModeBox()
 QGroupBox* MRVSettingForBasicViewController::etcBox()
 {
     QGroupBox* box = titledBox("boxOfEtc", "setting.basic.others", this);
+    // toggled(), not clicked(): assistive technology toggles without a click.
     QCheckBox* safeTemperature =
         checkBox("safeTemperatureModeOnChk", "setting.basic.enable_high_temperature_safety_mode");
-    connect(safeTemperature, &QCheckBox::clicked, this,
+    connect(safeTemperature, &QCheckBox::toggled, this,
             &MRVSettingForBasicViewController::clickSafeTemperatureModeChck);
     QCheckBox* autoParking = checkBox("autoParkingModeChk", "setting.basic.auto_switch_parking_mode");
-    connect(autoParking, &QCheckBox::clicked, this,
+    connect(autoParking, &QCheckBox::toggled, this,
             &MRVSettingForBasicViewController::clickAutoParkingModeChk);
 
     m_stanbyTimeCombo =
@@ -161,6 +162,11 @@ QGroupBox* MRVSettingForBasicViewController::etcBox()
     m_carNumberField->setMinimumWidth(
         m_carNumberField->fontMetrics().horizontalAdvance(QString(kCarNumberLength + 2, u'W')));
     connect(m_carNumberField, &QLineEdit::textEdited, this, [this] { m_carNumberTouched = true; });
+    // Assistive technology sets the text without editing it; the field's own filter is no edit.
+    connect(m_carNumberField, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_carNumberTouched |= !isDisplaying() && text != m_shownCarNumber &&
+                              text != keptCarNumber(m_shownCarNumber);
+    });
     connect(m_carNumberField, &QLineEdit::editingFinished, this,
             &MRVSettingForBasicViewController::carNumberEditingFinished);
 
@@ -189,7 +195,7 @@ QGroupBox* MRVSettingForBasicViewController::videoOutBox()
 QWidget* MRVSettingForBasicViewController::impactPart()
 {
     m_gsensorEnableChk = checkBox("gsensorEnableChk", "setting.basic.enable_gsensor");
-    connect(m_gsensorEnableChk, &QCheckBox::clicked, this,
+    connect(m_gsensorEnableChk, &QCheckBox::toggled, this,
             &MRVSettingForBasicViewController::changeGsensorEnable);
     m_drivingBox = new GsensorSensitivityBox(drivingSensitivity);
     m_parkingBox = new GsensorSensitivityBox(parkingSensitivity);
@@ -205,7 +211,7 @@ QGroupBox* MRVSettingForBasicViewController::powerBox()
     m_powerVoltageCombo = comboBox("powerVoltageCombo", "setting.basic.set_voltage", powerVoltageLabels());
     m_powerTimeCombo = comboBox("powerTimeCombo", "setting.basic.set_timer", powerTimeLabels());
     m_useExternalPowerChk = checkBox("useExternalPowerChk", "setting.basic.use_external_power");
-    connect(m_useExternalPowerChk, &QCheckBox::clicked, this,
+    connect(m_useExternalPowerChk, &QCheckBox::toggled, this,
             &MRVSettingForBasicViewController::clickUseExternalPowerChk);
     layoutOf(box)->addLayout(captionedRows(
         {{captionLabel("powerVoltageLabel", "setting.basic.set_voltage", m_powerVoltageCombo),
@@ -262,14 +268,14 @@ void MRVSettingForBasicViewController::updatePowerUI(const _FILEDATA& record)
 
 void MRVSettingForBasicViewController::clickAutoParkingModeChk(bool checked)
 {
-    if (fileData())
+    if (fileData() && !isDisplaying())
         fileData()->autoParkingMode = checked ? 1 : 0;
     m_stanbyTimeCombo->setEnabled(checked);
 }
 
 void MRVSettingForBasicViewController::clickUseExternalPowerChk(bool checked)
 {
-    if (!fileData())
+    if (!fileData() || isDisplaying())
         return;
     fileData()->useExternalPower = checked ? 1 : 0;
     updatePowerUI(*fileData());
@@ -277,6 +283,8 @@ void MRVSettingForBasicViewController::clickUseExternalPowerChk(bool checked)
 
 void MRVSettingForBasicViewController::clickSafeTemperatureModeChck(bool checked)
 {
+    if (isDisplaying())
+        return;
     showMessageSheet(
         window(), QStringLiteral("Info"),
         localised(checked ? "msg.on_hightemperatureprotection" : "msg.off_hightemperatureprotection"));

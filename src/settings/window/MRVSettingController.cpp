@@ -18,7 +18,6 @@
 #include "texts/Localisation.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -119,8 +118,6 @@ void MRVSettingController::buildWindow()
     layout->addWidget(m_targetView, 1);
     layout->addLayout(buttons);
     m_loadingSheet = new LoadingSheet(this);
-    // Whatever a person does in the tab passes by here, whichever control it is.
-    qApp->installEventFilter(this);
 }
 
 void MRVSettingController::buildToolsMenu(QMenu& menu)
@@ -224,17 +221,6 @@ void MRVSettingController::takeCard(LoadedSettings loaded)
     updateTabBar();
 }
 
-bool MRVSettingController::eventFilter(QObject* watched, QEvent* event)
-{
-    const bool isInput = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress ||
-                         event->type() == QEvent::Wheel;
-    const bool edits = !m_keptTabs.values().contains(m_targetController); // a log is only looked at
-    if (isInput && edits && watched->isWidgetType() &&
-        m_targetView->isAncestorOf(static_cast<QWidget*>(watched)))
-        m_touched = true;
-    return QWidget::eventFilter(watched, event);
-}
-
 void MRVSettingController::setTabEnabled(bool enabled)
 {
     m_loaded = enabled;
@@ -303,7 +289,9 @@ void MRVSettingController::showTab(int index)
         view = tab.create(m_targetView, m_card);
         view->setAccessibleName(localised(tab.titleKey));
         if (tab.lifetime == SettingsTab::Lifetime::Window)
-            m_keptTabs.insert(QString::fromLatin1(tab.labelKey), view);
+            m_keptTabs.insert(QString::fromLatin1(tab.labelKey), view); // a log, which is only looked at
+        else
+            connect(view, &SettingsTabView::edited, this, [this] { m_touched = true; });
     }
     m_targetController = view;
     m_targetView->layout()->addWidget(view);

@@ -71,7 +71,6 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildWindow();
@@ -108,7 +107,7 @@ private:
     QHash<QString, SettingsTabView*> m_keptTabs; ///< by the key of their label
     int m_lastSelectedTabIndex = -1;
     bool m_initialised = false;
-    bool m_touched = false;        ///< a person has done something in a tab, or with the whole record
+    bool m_touched = false;        ///< a person has changed something in a tab, or the whole record
     bool m_loaded = false;         ///< the record is whole: no read of the card is under way
     bool m_volumesChanged = false; ///< since the card was looked for
 

@@ -20,7 +20,12 @@ public:
     std::optional<QString> validateUserInput() override { return std::nullopt; }
     void setMainController(MRVSettingController* controller) override { m_mainController = controller; }
 
+Q_SIGNALS:
+    /// A person has changed what a control shows: by mouse, keys or assistive technology.
+    void edited();
+
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     /// Shows the record in the controls.
     virtual void displayFileData(const _FILEDATA& record) = 0;
     /// Stores the controls, whose input is valid, into the record.
@@ -30,10 +35,16 @@ protected:
     /// clicked.
     _FILEDATA* fileData() const { return m_fileData; }
     MRVSettingController* mainController() const { return m_mainController; }
+    /// While a record is shown: controls change, but nobody has chosen anything.
+    bool isDisplaying() const { return m_displaying; }
 
 private:
+    void watchControls();
+    void controlChanged();
+
     _FILEDATA* m_fileData = nullptr;
     MRVSettingController* m_mainController = nullptr;
+    bool m_displaying = false;
 };
 
 } // namespace marvo

@@ -178,6 +178,29 @@ private Q_SLOTS:
         QCOMPARE(driven.record.securityLedOff, 1U);
     }
 
+    void assistiveTechnologyChangesWhatAClickChanges()
+    {
+        for (const char* box : {"gsensorEnableChk", "autoParkingModeChk", "useExternalPowerChk"}) {
+            _FILEDATA record = defaultRecord();
+            record.autoParkingMode = 7; // counts as on, and stays until somebody chooses
+            record.useExternalPower = 2;
+            Driven clicked(record), toggled(record);
+            QCOMPARE(toggled.record, record);
+            clicked.click(box);
+            toggleByAssistiveTechnology(toggled.control(box));
+            QCOMPARE(toggled.record, clicked.record);
+            for (const char* name : {"gsensorSensitivityDrivingSeg", "stanbyTimeCombo", "powerVoltageCombo"})
+                QCOMPARE(toggled.isEnabled(name), clicked.isEnabled(name));
+        }
+        Driven driven;
+        driven.control<QLineEdit>("carNumberField").setFocus();
+        QAccessible::queryAccessibleInterface(&driven.control("carNumberField"))
+            ->setText(QAccessible::Value, QStringLiteral("12가3"));
+        QTest::keyClick(&driven.control("carNumberField"), Qt::Key_Tab);
+        driven.tab.populate();
+        QCOMPARE(driven.carNumber(), QByteArray("123\0\0\0\0\0", 8));
+    }
+
     void temperatureMessages()
     {
         Driven driven;

@@ -11,6 +11,7 @@
 #include "ActiveWindow.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QtTest>
@@ -39,6 +40,13 @@ inline void clickItem(QWidget& tab, const char* name, int item = -1)
     const QString cell = QStringLiteral("%1.%2").arg(QLatin1String(name)).arg(item);
     auto& button = control<QAbstractButton>(tab, item < 0 ? name : qPrintable(cell));
     QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
+}
+
+/// As a screen reader does it: neither a mouse button nor a key is pressed.
+inline void toggleByAssistiveTechnology(QWidget& checkBox)
+{
+    QAccessibleInterface* box = QAccessible::queryAccessibleInterface(&checkBox);
+    box->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
 }
 
 inline _FILEDATA defaultRecord()

@@ -323,7 +323,7 @@ private Q_SLOTS:
     void cardPutInLaterIsTakenWhileNothingWasTouched_data()
     {
         QTest::addColumn<QByteArray>("touch");
-        for (const char* touch : {"nothing", "tab", "resetButton", "earlier"})
+        for (const char* touch : {"nothing", "look", "tab", "assistive", "resetButton", "earlier"})
             QTest::newRow(touch) << QByteArray(touch);
     }
 
@@ -336,6 +336,12 @@ private Q_SLOTS:
         openWindow();
         if (touch == "tab")
             clickItem(*m_window, "videoSharpness", 4);
+        else if (touch == "look")
+            QTest::mouseClick(&control(*m_window, "targetView"), Qt::LeftButton);
+        else if (touch == "assistive") {
+            clickItem(*m_window, "functionSegmentedControl", Basic);
+            marvo::testing::toggleByAssistiveTechnology(control(*m_window, "gsensorEnableChk"));
+        }
         else if (touch == "resetButton")
             press("resetButton");
         else if (touch == "earlier")
@@ -344,7 +350,7 @@ private Q_SLOTS:
         writeBytes(configPath(), settings);
         Q_EMIT m_disks->volumesChanged();
         QTRY_VERIFY(m_window->windowTitle().contains(QLatin1String("config.bin")));
-        QCOMPARE(m_window->filedata()->speedUnit, touch == "nothing" ? 1U : 0U);
+        QCOMPARE(m_window->filedata()->speedUnit, touch == "nothing" || touch == "look" ? 1U : 0U);
     }
 
     void cardPutInWhileTheCardIsLookedForIsSeen()
