@@ -24,6 +24,9 @@
     <message id="setting.earlier.guide"><source></source><translation>Choose the settings to bring back into this window. Nothing is written to the card before you save.</translation></message>
     <message id="setting.earlier.none"><source></source><translation>No earlier settings file has been kept yet. One is kept each time a save replaces it.</translation></message>
     <message id="setting.earlier.use"><source></source><translation>Restore</translation></message>
+    <message id="setting.unsaved.question"><source></source><translation>Save the changes to the camera settings?</translation></message>
+    <message id="setting.unsaved.guide"><source></source><translation>Without saving, the changes are lost.</translation></message>
+    <message id="setting.unsaved.discard"><source></source><translation>Don't save</translation></message>
     <message id="msg.saved"><source></source><translation>Saved.&#10;</translation></message>
     <message id="msg.write_protected_disk"><source></source><translation>The card could not be written. Check that it is still in the reader and not write-protected.</translation></message>
     <message id="msg.no_disk_utility"><source></source><translation>No disk utility is installed on this computer.</translation></message>

@@ -24,6 +24,9 @@
     <message id="setting.earlier.guide"><source></source><translation>이 창으로 되돌릴 설정을 선택하세요. 저장하기 전에는 카드에 아무것도 기록되지 않습니다.</translation></message>
     <message id="setting.earlier.none"><source></source><translation>아직 보관된 이전 설정 파일이 없습니다. 저장할 때마다 이전 파일이 보관됩니다.</translation></message>
     <message id="setting.earlier.use"><source></source><translation>복원</translation></message>
+    <message id="setting.unsaved.question"><source></source><translation>변경한 카메라 설정을 저장할까요?</translation></message>
+    <message id="setting.unsaved.guide"><source></source><translation>저장하지 않으면 변경 내용이 사라집니다.</translation></message>
+    <message id="setting.unsaved.discard"><source></source><translation>저장 안 함</translation></message>
     <message id="msg.saved"><source></source><translation>저장했습니다.&#10;</translation></message>
     <message id="msg.write_protected_disk"><source></source><translation>카드에 기록할 수 없습니다. 카드가 리더에 꽂혀 있고 쓰기 방지되어 있지 않은지 확인하세요.</translation></message>
     <message id="msg.no_disk_utility"><source></source><translation>이 컴퓨터에 디스크 유틸리티가 설치되어 있지 않습니다.</translation></message>

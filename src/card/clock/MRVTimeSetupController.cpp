@@ -19,9 +19,11 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStandardPaths>
 #include <QTextCharFormat>
@@ -104,6 +106,8 @@ void MRVTimeSetupController::buildWindow()
     m_datePicker->setAccessibleName(localised("clock.date"));
     m_datePicker->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     useDarkColours(*m_datePicker);
+    if (auto* days = m_datePicker->findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview")))
+        days->installEventFilter(this);
 
     m_nowDaySettingChk = new QCheckBox(this);
     m_nowDaySettingChk->setObjectName(QStringLiteral("nowDaySettingChk"));
@@ -136,6 +140,8 @@ void MRVTimeSetupController::buildWindow()
     auto* cancelButton = dialogButton("cancelButton", "cancel", this);
     connect(m_saveButton, &QPushButton::clicked, this, &MRVTimeSetupController::onSaveConfigFile);
     connect(cancelButton, &QPushButton::clicked, this, &MRVTimeSetupController::onCloseCmd);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this,
+            &MRVTimeSetupController::onCloseCmd);
 
     auto* pickers = new QGridLayout;
     pickers->setHorizontalSpacing(24);
@@ -195,6 +201,19 @@ void MRVTimeSetupController::showEvent(QShowEvent* event)
     m_centred = true;
     const QRect visible = screen()->availableGeometry();
     move(visible.topLeft() + QPoint(visible.width() - width(), visible.height() - height()) / 2);
+}
+
+bool MRVTimeSetupController::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        // The calendar would keep the key for itself. While a date is being typed, over a label, it is its.
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !watched->findChild<QLabel*>()) {
+            m_saveButton->click();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void MRVTimeSetupController::loadSettingFile()

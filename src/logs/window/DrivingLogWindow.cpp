@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -42,6 +43,8 @@ DrivingLogWindow::DrivingLogWindow(const LogDescription& log, const std::string&
         m_view = new MRVSettingForFlashDataViewController(this);
     else
         m_view = new MRVSettingForObdDriveInfoViewController(this);
+    for (const QKeySequence& key : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)})
+        connect(new QShortcut(key, this), &QShortcut::activated, this, &QWidget::close);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
     layout->addWidget(m_view);

@@ -14,17 +14,22 @@
 #include "settings/window/EarlierSettingsDialog.h"
 #include "settings/window/ObdPreference.h"
 #include "settings/window/SettingsTabView.h"
+#include "settings/window/UnsavedChanges.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QCloseEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -118,6 +123,8 @@ void MRVSettingController::buildWindow()
     layout->addWidget(m_targetView, 1);
     layout->addLayout(buttons);
     m_loadingSheet = new LoadingSheet(this);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this,
+            &MRVSettingController::requestClose);
 }
 
 void MRVSettingController::buildToolsMenu(QMenu& menu)
@@ -157,6 +164,7 @@ void MRVSettingController::showEvent(QShowEvent* event)
 void MRVSettingController::onInitDIalog()
 {
     fillDefaultFileDataForLanguage(m_FileData, m_language);
+    m_unchanged = m_FileData;
     setTabEnabled(false);
     showLoading(QStringLiteral("Loading..."));
     m_load.start(
@@ -169,7 +177,7 @@ void MRVSettingController::onInitDIalog()
 void MRVSettingController::settingsRead(LoadedSettings loaded)
 {
     m_card = std::move(loaded.card);
-    m_FileData = loaded.record;
+    m_FileData = m_unchanged = loaded.record;
     hideLoading();
     setTabEnabled(true);
     if (m_targetController)
@@ -213,7 +221,7 @@ void MRVSettingController::takeCard(LoadedSettings loaded)
     // What the user has already chosen is worth more than what a card holds that came later. It may stand in
     // the tab's controls alone.
     if (loaded.wasRead && !m_touched) {
-        m_FileData = loaded.record;
+        m_FileData = m_unchanged = loaded.record;
         if (m_targetController)
             m_targetController->setFileData(&m_FileData);
     }
@@ -388,6 +396,7 @@ void MRVSettingController::saved(const std::string& path, std::uint32_t speedUni
         showMessageSheet(this, QStringLiteral("Warn"), localised("msg.write_protected_disk"));
         return;
     }
+    m_touched = false;
     showAlertSheet(this, QStringLiteral("Information"), localised("msg.saved") + displayText(path),
                    [this] { onCloseCmd(); });
     if (m_delegate)
@@ -395,6 +404,45 @@ void MRVSettingController::saved(const std::string& path, std::uint32_t speedUni
 }
 
 void MRVSettingController::onCloseCmd() { close(); }
+
+bool MRVSettingController::hasUnsavedChanges()
+{
+    if (!m_touched)
+        return false;
+    if (validateUserInput())
+        return true;
+    populate();
+    return m_FileData != m_unchanged;
+}
+
+void MRVSettingController::requestClose()
+{
+    if (m_findDestination.isRunning() || m_write.isRunning())
+        return; // a save tells its end, and a failure must find the window
+    if (hasUnsavedChanges())
+        askAboutUnsavedChanges(*this, [this] { onSave(); }, [this] { onCloseCmd(); });
+    else
+        onCloseCmd();
+}
+
+void MRVSettingController::closeEvent(QCloseEvent* event)
+{
+    // By the window's own title bar, say; what the program closes has been asked about.
+    event->setAccepted(!event->spontaneous() || !hasUnsavedChanges());
+    if (!event->isAccepted())
+        requestClose();
+}
+
+void MRVSettingController::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Cancel))
+        requestClose();
+    else if (isReturn && !qobject_cast<QAbstractItemView*>(focusWidget())) // a log's row has a use for it
+        m_saveButton->click();
+    else
+        QWidget::keyPressEvent(event);
+}
 
 void MRVSettingController::onDiskUtil()
 {

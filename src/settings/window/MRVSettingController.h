@@ -53,7 +53,10 @@ public:
     std::optional<QString> validateUserInput();
 
     void onSave();
+    /// Closes the window; what has not been saved is gone.
     void onCloseCmd();
+    /// Closes it after asking what becomes of unsaved changes, if there are any.
+    void requestClose();
     void onDiskUtil();
     /// Shows the dialog that formats a card; afterwards the settings are read again.
     void onFormat();
@@ -71,6 +74,8 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildWindow();
@@ -86,6 +91,7 @@ private:
     void showTab(int index);
     void orderTabStops();
     void setTabEnabled(bool enabled);
+    bool hasUnsavedChanges();
     void askWhereToSave(const _FILEDATA& record);
     void writeTo(const std::string& path, const _FILEDATA& record);
     void saved(const std::string& path, std::uint32_t speedUnit, const std::optional<QString>& error);
@@ -101,6 +107,7 @@ private:
     viewControllerForMRVSettingDelegate* m_delegate;
     InterfaceLanguage m_language = interfaceLanguage(); ///< of the defaults
     _FILEDATA m_FileData{};
+    _FILEDATA m_unchanged{}; ///< the record as it was read or last written
     SelectedCard m_card;
     SettingsBackups m_backups;
     std::vector<SettingsTab> m_tabs;             ///< of the segments now offered

@@ -8,6 +8,7 @@
 #include "TemporaryFolder.h"
 #include "texts/Localisation.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QFileDialog>
@@ -209,7 +210,13 @@ private Q_SLOTS:
         m_card->write(clockFileName, std::string(60, 'x'));
         openDialog();
         chooseMoment();
-        press("saveButton");
+        auto& days = control<QAbstractItemView>("qt_calendar_calendarview");
+        days.setFocus();
+        for (const Qt::Key key : {Qt::Key_2, Qt::Key_7, Qt::Key_Return}) // a date typed, and put in
+            QTest::keyClick(&days, key);
+        QVERIFY(!message());
+        datePicker().setSelectedDate(QDate(2013, 5, 26));
+        QTest::keyClick(&days, Qt::Key_Return);
         QTRY_VERIFY(message());
         QVERIFY(!panel());
         QCOMPARE(message()->text(), QStringLiteral("MARVO"));

@@ -307,6 +307,55 @@ private Q_SLOTS:
         QCOMPARE(shownSegment(), static_cast<int>(Video));
     }
 
+    void escapeAsksOnlyAboutChanges()
+    {
+        const QByteArray before = bytesOf(configPath());
+        const auto sheet = [this] { return m_window->findChild<QMessageBox*>(QStringLiteral("unsavedSheet")); };
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        clickItem(*m_window, "speedDisplayUnitSeg", 0);
+        clickItem(*m_window, "speedDisplayUnitSeg", 1); // as it was
+        QTest::keyClick(m_window, Qt::Key_Escape);
+        QTRY_VERIFY(!m_window);
+
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        clickItem(*m_window, "speedDisplayUnitSeg", 0);
+        for (const char* answer : {"keepEditingButton", "discardChangesButton"}) {
+            QVERIFY(m_window && !sheet());
+            QTest::keyClick(m_window, Qt::Key_W, Qt::ControlModifier);
+            QTRY_VERIFY(sheet() && sheet()->isVisible());
+            QTest::mouseClick(&control(*sheet(), answer), Qt::LeftButton);
+            QTest::qWait(20);
+        }
+        QTRY_VERIFY(!m_window);
+        QCOMPARE(bytesOf(configPath()), before);
+
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        clickItem(*m_window, "speedDisplayUnitSeg", 0);
+        QTest::keyClick(m_window, Qt::Key_Escape);
+        QTRY_VERIFY(sheet() && sheet()->isVisible());
+        QTest::keyClick(sheet(), Qt::Key_Return);
+        QTRY_VERIFY(message());
+        message()->accept();
+        QTRY_VERIFY(!m_window);
+        QCOMPARE(m_viewer->told, std::vector<unsigned int>{0});
+    }
+
+    void returnSavesFromAField()
+    {
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Basic);
+        auto& number = control<QLineEdit>(*m_window, "carNumberField");
+        number.setFocus();
+        QTest::keyClicks(&number, QStringLiteral("12AB"));
+        QTest::keyClick(&number, Qt::Key_Return);
+        QTRY_VERIFY(message());
+        QCOMPARE(message()->text(), QStringLiteral("Information"));
+        QVERIFY(bytesOf(configPath()).contains("12AB"));
+    }
+
     void cardPulledOutBeforeASaveAsksWhere()
     {
         openWindow();
