@@ -7,6 +7,7 @@
 #include "controls/ImageNamed.h"
 #include "controls/PlainToolTip.h"
 #include "texts/Localisation.h"
+#include "viewer/FittingRow.h"
 #include "viewer/MainWindowCommands.h"
 
 #include <QHBoxLayout>
@@ -50,6 +51,7 @@ QWidget* twoLines(ElidedLabel* upper, ElidedLabel* lower, QWidget* box)
 HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
     : QWidget(parent),
       m_commands(commands),
+      m_row(new QHBoxLayout(this)),
       m_menuButton(headButton("menuButton", "icon_menu", "viewer.command.showMenu", this)),
       m_brand(new QLabel(this)),
       m_folder(new QWidget(this)),
@@ -93,7 +95,7 @@ HeadBox::HeadBox(const MainWindowCommands& commands, QWidget* parent)
     connect(minimise, &ImageButton::clicked, this, &HeadBox::minimiseClicked);
     connect(zoom, &ImageButton::clicked, this, &HeadBox::zoomRequested);
 
-    auto* row = new QHBoxLayout(this);
+    QHBoxLayout* row = m_row;
     row->setContentsMargins(10, 0, 10, 0);
     row->setSpacing(4);
     row->addWidget(m_menuButton);
@@ -133,16 +135,29 @@ void HeadBox::mouseDoubleClickEvent(QMouseEvent* event)
         Q_EMIT zoomRequested();
 }
 
+/// In a narrow window the button to open a folder loses its text, then goes: the menu has its command.
+void HeadBox::fitButtons()
+{
+    m_openButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    showWhatFits(*m_row, width(), {{m_openButton}, {m_brand}});
+    if (m_openButton->isHidden()) {
+        m_openButton->setToolButtonStyle(Qt::ToolButtonIconOnly);
+        showWhatFits(*m_row, width(), {{m_openButton}, {m_brand}});
+    }
+}
+
 void HeadBox::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    fitButtons();
     // Both names keep out of the middle, where the loading indicator appears.
-    const int left = 10 + buttonSize + 8 + m_brand->sizeHint().width() + 24;
+    const int brand = m_brand->isHidden() ? 0 : m_brand->sizeHint().width();
+    const int left = 10 + buttonSize + 8 + brand + 24;
     const int right = (width() - indicatorRoom) / 2 - 12;
     m_folder->setGeometry(left, 0, std::max(0, right - left), height());
     layout()->activate(); // the button's place is that of this width
     const int playingLeft = (width() + indicatorRoom) / 2 + 12;
-    const int playingRight = m_openButton->x() - 10;
+    const int playingRight = (m_openButton->isHidden() ? width() : m_openButton->x()) - 10;
     m_playing->setGeometry(playingLeft, 0, std::max(0, playingRight - playingLeft), height());
 }
 

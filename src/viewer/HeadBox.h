@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
 class QLabel;
 
 namespace marvo {
@@ -35,13 +36,16 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitButtons();
+
     const MainWindowCommands& m_commands;
+    QHBoxLayout* m_row;
     ImageButton* m_menuButton;
     QLabel* m_brand;
     QWidget* m_folder;
     ElidedLabel* m_folderName;
     ElidedLabel* m_folderDetail;
-    QWidget* m_openButton;
+    ImageButton* m_openButton;
     QWidget* m_playing;
     ElidedLabel* m_playingTitle;
     ElidedLabel* m_playingTime;

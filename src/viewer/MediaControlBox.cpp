@@ -7,6 +7,7 @@
 #include "controls/ImageNamed.h"
 #include "texts/Localisation.h"
 #include "texts/PlayTimeText.h"
+#include "viewer/FittingRow.h"
 #include "viewer/MainWindowCommands.h"
 
 #include <QAction>
@@ -61,6 +62,7 @@ QLabel* valueText(const char* name, const char* widestText, const char* tipKey, 
 
 MediaControlBox::MediaControlBox(const MainWindowCommands& commands, QWidget* parent)
     : QWidget(parent),
+      m_row(new QHBoxLayout),
       m_playButton(commandButton(commands, Command::ClickPlayButton, "icon_play_n", playButtonSize, this)),
       m_videoPositionSlider(new FractionSlider(1.0, 0.01, 0.1, FractionSlider::Keys::HomeEndPages, this)),
       m_volumeSlider(new FractionSlider(200, 5, 20, FractionSlider::Keys::All, this)),
@@ -86,28 +88,40 @@ MediaControlBox::MediaControlBox(const MainWindowCommands& commands, QWidget* pa
     position->addWidget(m_videoPositionSlider, 1);
     position->addWidget(m_lengthText);
 
-    auto* row = new QHBoxLayout;
+    QHBoxLayout* row = m_row;
     row->setSpacing(2);
-    row->addWidget(commandButton(commands, Command::JumpBackward, "icon_jump_backward", buttonSize, this));
+    // Adds widgets that give way together.
+    const auto addGroup = [row](const QList<QWidget*>& widgets) {
+        for (QWidget* widget : widgets)
+            row->addWidget(widget);
+        return widgets;
+    };
+    const auto backward =
+        addGroup({commandButton(commands, Command::JumpBackward, "icon_jump_backward", buttonSize, this)});
     row->addWidget(m_playButton);
-    row->addWidget(commandButton(commands, Command::JumpForward, "icon_jump_forward", buttonSize, this));
+    const auto forward =
+        addGroup({commandButton(commands, Command::JumpForward, "icon_jump_forward", buttonSize, this)});
     row->addStretch(1);
-    row->addWidget(captionImage("icon_speed", "viewer.control.speed", this));
-    row->addWidget(commandButton(commands, Command::DecreaseSpeed, "icon_minus", stepButtonSize, this));
-    row->addWidget(m_speedTextButton);
-    row->addWidget(commandButton(commands, Command::IncreaseSpeed, "icon_plus", stepButtonSize, this));
+    const auto speed =
+        addGroup({captionImage("icon_speed", "viewer.control.speed", this),
+                  commandButton(commands, Command::DecreaseSpeed, "icon_minus", stepButtonSize, this),
+                  m_speedTextButton,
+                  commandButton(commands, Command::IncreaseSpeed, "icon_plus", stepButtonSize, this)});
     row->addStretch(1);
-    row->addWidget(captionImage("icon_size", "viewer.control.size", this));
-    row->addWidget(commandButton(commands, Command::SizeDown, "icon_minus", stepButtonSize, this));
-    row->addWidget(m_sizeTextButton);
-    row->addWidget(commandButton(commands, Command::SizeUp, "icon_plus", stepButtonSize, this));
+    const auto size = addGroup(
+        {captionImage("icon_size", "viewer.control.size", this),
+         commandButton(commands, Command::SizeDown, "icon_minus", stepButtonSize, this), m_sizeTextButton,
+         commandButton(commands, Command::SizeUp, "icon_plus", stepButtonSize, this)});
     row->addStretch(1);
-    row->addWidget(commandButton(commands, Command::CaptureVideo, "icon_capture", buttonSize, this));
-    row->addWidget(commandButton(commands, Command::Print, "icon_print", buttonSize, this));
-    row->addWidget(commandButton(commands, Command::ToggleFullScreen, "icon_fullscreen", buttonSize, this));
+    const auto capture =
+        addGroup({commandButton(commands, Command::CaptureVideo, "icon_capture", buttonSize, this)});
+    const auto print = addGroup({commandButton(commands, Command::Print, "icon_print", buttonSize, this)});
+    const auto fullScreen =
+        addGroup({commandButton(commands, Command::ToggleFullScreen, "icon_fullscreen", buttonSize, this)});
     row->addStretch(1);
-    row->addWidget(captionImage("icon_volume", "viewer.control.volume", this));
-    row->addWidget(m_volumeSlider);
+    const auto volume =
+        addGroup({captionImage("icon_volume", "viewer.control.volume", this), m_volumeSlider});
+    m_givingWay = {size, print, speed, volume, capture, fullScreen, forward, backward};
     // The Tab key goes as the eye does, not in the order in which the controls were made.
     QWidget* before = m_videoPositionSlider;
     for (int i = 0; i < row->count(); ++i) {
@@ -127,6 +141,13 @@ MediaControlBox::MediaControlBox(const MainWindowCommands& commands, QWidget* pa
     showSpeed(1.0);
     showScale(0);
     showTime(0, 0);
+}
+
+void MediaControlBox::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const QMargins margins = layout()->contentsMargins();
+    showWhatFits(*m_row, width() - margins.left() - margins.right(), m_givingWay);
 }
 
 void MediaControlBox::showPlaying(bool playing)

@@ -5,7 +5,9 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <vector>
 
+class QHBoxLayout;
 class QLabel;
 
 namespace marvo {
@@ -30,7 +32,12 @@ public:
     void showScale(double scale);
     void showTime(std::int64_t timeMs, std::int64_t lengthMs);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    QHBoxLayout* m_row;
+    std::vector<QList<QWidget*>> m_givingWay; ///< in a narrow window; the menu has their commands
     ImageButton* m_playButton;
     FractionSlider* m_videoPositionSlider;
     FractionSlider* m_volumeSlider;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // The parts of the main window, each by itself: places, list, loading indicator, sliders, commands.
 #include "controls/FractionSlider.h"
+#include "controls/ImageButton.h"
 #include "controls/ImageNamed.h"
 #include "controls/PMProgressIndicator.h"
 #include "media/MRVMediaList.h"
@@ -14,6 +15,7 @@
 #include "viewer/list/RecordingRowDelegate.h"
 #include "viewer/list/RecordingTableModel.h"
 #include "viewer/LoadingIndicator.h"
+#include "viewer/MainWindowCommands.h"
 #include "viewer/MainWindowLayout.h"
 #include "viewer/MediaControlBox.h"
 #include "viewer/WindowEdges.h"
@@ -210,6 +212,39 @@ private Q_SLOTS:
                 shown.setPlainText(tip);
             QCOMPARE(shown.toPlainText(), QString::fromStdString(list.mediaAtIndex(0)->path()));
         }
+    }
+
+    void controlsOfANarrowWindowDoNotOverlap()
+    {
+        QWidget window;
+        const MainWindowCommands commands(window);
+        MediaControlBox box(commands, &window);
+        window.show();
+        const auto shown = [&box] {
+            QList<QWidget*> widgets = box.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+            widgets.removeIf([](const QWidget* widget) { return !widget->isVisible(); });
+            return widgets;
+        };
+        box.resize(656, 72);
+        QTest::qWait(1);
+        const auto all = shown();
+        for (const int width : {600, 430, 300, 120, 62}) {
+            box.resize(width, 72);
+            QTest::qWait(1); // for the row to be laid out
+            QVERIFY(box.playButton()->isVisible());
+            const auto left = shown();
+            for (const QWidget* one : left) {
+                if (one->y() < 30)
+                    continue; // the slider's row
+                QVERIFY(box.rect().contains(one->geometry()));
+                for (const QWidget* other : left)
+                    QVERIFY(one == other || !one->geometry().intersects(other->geometry()));
+            }
+        }
+        QVERIFY(shown().size() < all.size() / 2);
+        box.resize(656, 72);
+        QTest::qWait(1);
+        QCOMPARE(shown(), all);
     }
 
     void loadingIndicatorGivesUpOrGoesWhenTold()

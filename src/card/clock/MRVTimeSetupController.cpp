@@ -7,6 +7,7 @@
 #include "card/disks/Disks.h"
 #include "controls/ElidedLabel.h"
 #include "controls/MessageSheet.h"
+#include "controls/WorkArea.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 
@@ -22,7 +23,6 @@
 #include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStandardPaths>
@@ -106,8 +106,10 @@ void MRVTimeSetupController::buildWindow()
     m_datePicker->setAccessibleName(localised("clock.date"));
     m_datePicker->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     useDarkColours(*m_datePicker);
-    if (auto* days = m_datePicker->findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview")))
+    if (auto* days = m_datePicker->findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"))) {
         days->installEventFilter(this);
+        days->setMinimumHeight(7 * (fontMetrics().height() + 8)); // a month of six weeks, below their names
+    }
 
     m_nowDaySettingChk = new QCheckBox(this);
     m_nowDaySettingChk->setObjectName(QStringLiteral("nowDaySettingChk"));
@@ -199,8 +201,7 @@ void MRVTimeSetupController::showEvent(QShowEvent* event)
     if (m_centred)
         return;
     m_centred = true;
-    const QRect visible = screen()->availableGeometry();
-    move(visible.topLeft() + QPoint(visible.width() - width(), visible.height() - height()) / 2);
+    centreInWorkArea(*this, size());
 }
 
 bool MRVTimeSetupController::eventFilter(QObject* watched, QEvent* event)

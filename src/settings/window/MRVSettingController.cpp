@@ -9,6 +9,8 @@
 #include "controls/LoadingSheet.h"
 #include "controls/MessageSheet.h"
 #include "controls/SegmentedControl.h"
+#include "controls/WholeScrollArea.h"
+#include "controls/WorkArea.h"
 #include "platform/DesktopPrograms.h"
 #include "settings/SettingFile.h"
 #include "settings/window/EarlierSettingsDialog.h"
@@ -28,7 +30,6 @@
 #include <QLoggingCategory>
 #include <QMenu>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QToolButton>
@@ -88,6 +89,9 @@ void MRVSettingController::buildWindow()
         scaledSize({860, 540})); // what the largest tab takes, so that no switch moves the window
     auto* targetLayout = new QVBoxLayout(m_targetView);
     targetLayout->setContentsMargins(0, 0, 0, 0);
+    auto* scrolled = new WholeScrollArea(this);
+    scrolled->setObjectName(QStringLiteral("targetScroll"));
+    scrolled->setWidget(m_targetView);
 
     m_resetButton = windowButton("resetButton", "setting.initialize", this);
     m_saveButton = windowButton("saveButton", "save", this);
@@ -120,7 +124,7 @@ void MRVSettingController::buildWindow()
     layout->setContentsMargins(16, 14, 16, 14);
     layout->setSpacing(12);
     layout->addWidget(m_functionSegmentedControl);
-    layout->addWidget(m_targetView, 1);
+    layout->addWidget(scrolled, 1);
     layout->addLayout(buttons);
     m_loadingSheet = new LoadingSheet(this);
     connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this,
@@ -154,9 +158,7 @@ void MRVSettingController::showEvent(QShowEvent* event)
     if (m_initialised)
         return;
     m_initialised = true;
-    const QRect visible = screen()->availableGeometry();
-    resize(size().expandedTo(sizeHint()).boundedTo(visible.size()));
-    move(visible.topLeft() + QPoint(visible.width() - width(), visible.height() - height()) / 2);
+    centreInWorkArea(*this, size().expandedTo(sizeHint()));
     onInitDIalog();
     changeViewController(0);
 }
@@ -420,7 +422,8 @@ void MRVSettingController::requestClose()
     if (m_findDestination.isRunning() || m_write.isRunning())
         return; // a save tells its end, and a failure must find the window
     if (hasUnsavedChanges())
-        askAboutUnsavedChanges(*this, [this] { onSave(); }, [this] { onCloseCmd(); });
+        askAboutUnsavedChanges(
+            *this, [this] { onSave(); }, [this] { onCloseCmd(); });
     else
         onCloseCmd();
 }

@@ -310,7 +310,9 @@ private Q_SLOTS:
     void escapeAsksOnlyAboutChanges()
     {
         const QByteArray before = bytesOf(configPath());
-        const auto sheet = [this] { return m_window->findChild<QMessageBox*>(QStringLiteral("unsavedSheet")); };
+        const auto sheet = [this] {
+            return m_window->findChild<QMessageBox*>(QStringLiteral("unsavedSheet"));
+        };
         openWindow();
         clickItem(*m_window, "functionSegmentedControl", Gps);
         clickItem(*m_window, "speedDisplayUnitSeg", 0);
@@ -341,6 +343,28 @@ private Q_SLOTS:
         message()->accept();
         QTRY_VERIFY(!m_window);
         QCOMPARE(m_viewer->told, std::vector<unsigned int>{0});
+    }
+
+    void aSmallWindowScrollsToWhatHasTheKeyboard()
+    {
+        openWindow();
+        clickItem(*m_window, "functionSegmentedControl", Basic);
+        m_window->resize(700, 400);
+        QVERIFY(m_window->height() < 450);
+        control(*m_window, "powerTimeCombo").setFocus();
+        for (const char* name : {"useExternalPowerChk", "saveButton"}) {
+            for (int i = 0; i < 5 && !control(*m_window, name).hasFocus(); ++i)
+                QTest::keyClick(m_window->focusWidget(), Qt::Key_Tab);
+            QVERIFY(control(*m_window, name).hasFocus());
+            QVERIFY(!control(*m_window, name).visibleRegion().isEmpty());
+        }
+        // The wheel scrolls, and leaves a box below the pointer as it is.
+        auto& voltage = control<QComboBox>(*m_window, "powerVoltageCombo");
+        const int before = voltage.currentIndex();
+        QWheelEvent turn(QPointF(5, 5), voltage.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                         Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&voltage, &turn);
+        QCOMPARE(voltage.currentIndex(), before);
     }
 
     void returnSavesFromAField()
@@ -390,8 +414,7 @@ private Q_SLOTS:
         else if (touch == "assistive") {
             clickItem(*m_window, "functionSegmentedControl", Basic);
             marvo::testing::toggleByAssistiveTechnology(control(*m_window, "gsensorEnableChk"));
-        }
-        else if (touch == "resetButton")
+        } else if (touch == "resetButton")
             press("resetButton");
         else if (touch == "earlier")
             restoreNewestCopy();
