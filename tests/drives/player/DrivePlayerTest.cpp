@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "film/player/DrivePlayer.h"
-#include "film/player/NumberedFilms.h"
+#include "drives/player/DrivePlayer.h"
+#include "drives/player/NumberedFilms.h"
 #include "playback/VideoView.h"
 #include "playback/VlcSession.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "film/player/DrivePlayer.h"
+#include "drives/player/DrivePlayer.h"
 
 #include "film/ClipIndexReading.h"
 #include "playback/VideoView.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "film/player/StepKeeper.h"
+#include "drives/player/StepKeeper.h"
 
 #include <algorithm>
 #include <cmath>

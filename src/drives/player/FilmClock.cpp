@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "film/player/FilmClock.h"
+#include "drives/player/FilmClock.h"
 
 namespace marvo {
 

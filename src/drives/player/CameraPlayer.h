@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "film/player/FilmSession.h"
+#include "drives/player/FilmSession.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "film/player/CameraPlayer.h"
+#include "drives/player/CameraPlayer.h"
 
 #include "playback/VideoView.h"
 

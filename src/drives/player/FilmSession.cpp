@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "film/player/FilmSession.h"
+#include "drives/player/FilmSession.h"
 
 #include "playback/VlcSession.h"
 

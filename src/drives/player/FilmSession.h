@@ -3,7 +3,7 @@
 #pragma once
 
 #include "film/FilmReader.h"
-#include "film/player/FilmClock.h"
+#include "drives/player/FilmClock.h"
 #include "playback/VideoFrame.h"
 #include "workers/DetachedWorkers.h"
 #include "workers/ObjectLink.h"

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "film/DriveFilm.h"
-#include "film/player/CameraPlayer.h"
-#include "film/player/StepKeeper.h"
+#include "drives/player/CameraPlayer.h"
+#include "drives/player/StepKeeper.h"
 
 #include <QElapsedTimer>
 #include <QObject>
