@@ -4,6 +4,7 @@
 <context>
     <name></name>
     <message id="play.error_missing"><source></source><translation>The file is no longer there.</translation></message>
+    <message id="play.lost"><source></source><translation>The recording cannot be read any more. Is the card still in the reader?</translation></message>
     <message id="play.error_no_access"><source></source><translation>You do not have permission to read this file.</translation></message>
     <message id="play.error_not_a_file"><source></source><translation>This is not a file.</translation></message>
     <message id="play.error_empty"><source></source><translation>The file is empty.</translation></message>

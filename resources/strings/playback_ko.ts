@@ -4,6 +4,7 @@
 <context>
     <name></name>
     <message id="play.error_missing"><source></source><translation>파일이 더 이상 없습니다.</translation></message>
+    <message id="play.lost"><source></source><translation>녹화 파일을 더 이상 읽을 수 없습니다. 카드가 리더기에 꽂혀 있습니까?</translation></message>
     <message id="play.error_no_access"><source></source><translation>파일을 읽을 권한이 없습니다.</translation></message>
     <message id="play.error_not_a_file"><source></source><translation>파일이 아닙니다.</translation></message>
     <message id="play.error_empty"><source></source><translation>파일이 비어 있습니다.</translation></message>

@@ -3,6 +3,7 @@
 #include "drives/RecordingReading.h"
 
 #include "film/ClipIndexReading.h"
+#include "film/FilmLength.h"
 #include "support/FileSource.h"
 
 #include <algorithm>
@@ -17,25 +18,15 @@ namespace {
 
 constexpr double kmhPerKnot = 1.852;
 /// A rate that makes a film longer than a week is damage.
-constexpr std::uint64_t longestFilmSeconds = 7 * 24 * 3600;
-
 void readFilm(FileSource& file, RecordingReading& reading)
 {
     const ClipIndex index = readClipIndex(file, file.size());
     if (!index.video)
         return;
-    const auto pictures =
-        static_cast<std::uint64_t>(std::ranges::count(index.chunks, *index.video, &ClipChunk::stream));
-    const ClipStream& video = index.streams[*index.video];
-    reading.isPlayable = pictures > 0;
-    reading.isDamaged = pictures == 0 || pictures != index.picturesTold;
-    if (video.rate == 0)
-        return;
-    const std::uint64_t units = pictures * video.scale; // 12 million pictures at most: below 2^56
-    const std::uint64_t wholeSeconds = units / video.rate;
-    if (wholeSeconds <= longestFilmSeconds)
-        reading.durationMs =
-            static_cast<std::int64_t>(wholeSeconds * 1000 + units % video.rate * 1000 / video.rate);
+    const FilmLength length = filmLength(index);
+    reading.isPlayable = length.pictures > 0;
+    reading.isDamaged = length.pictures == 0 || length.pictures != index.picturesTold;
+    reading.durationMs = length.ms;
 }
 
 void readData(const MRVBlackBoxData& data, const ReadingRequest& request, RecordingReading& reading)

@@ -262,7 +262,6 @@ void VirtualFilmBuilder::placeClusters()
 void VirtualFilmBuilder::repeatAtEnd()
 {
     VirtualFilm& film = *m_film;
-    film.m_shownClusters = film.m_clusters.size();
     const auto last = std::find_if(film.m_entries.rbegin(), film.m_entries.rend(),
                                    [](const VirtualFilm::Entry& entry) { return entry.isPicture(); });
     const VirtualFilm::Entry entry = *last;
@@ -281,11 +280,13 @@ void VirtualFilmBuilder::repeatAtEnd()
     }
 }
 
-std::shared_ptr<const VirtualFilm> VirtualFilmBuilder::finish()
+std::shared_ptr<const VirtualFilm> VirtualFilmBuilder::finish(Tail tail)
 {
     if (m_film->m_clips.empty())
         return nullptr;
-    repeatAtEnd();
+    m_film->m_shownClusters = m_film->m_clusters.size();
+    if (tail == Tail::Repeated)
+        repeatAtEnd();
     m_film->m_entries.shrink_to_fit();
     m_film->m_clusters.shrink_to_fit();
     placeClusters();

@@ -28,8 +28,14 @@ public:
     /// startMs on the drive's time line, not before the end of the clip before. The index must be playable
     /// and fit.
     void append(std::string path, const ClipIndex& index, std::int64_t startMs);
+    /// What stands behind the last picture.
+    enum class Tail {
+        Repeated, ///< silence and that picture again: it can be shown at rest, and somebody has to end the
+                  ///< film
+        None      ///< nothing: the film ends by itself
+    };
     /// Null when nothing was appended. The builder is used up.
-    std::shared_ptr<const VirtualFilm> finish();
+    std::shared_ptr<const VirtualFilm> finish(Tail tail = Tail::Repeated);
 
 private:
     friend class VirtualFilm;

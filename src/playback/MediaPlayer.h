@@ -61,6 +61,8 @@ Q_SIGNALS:
     void timeChanged();
     /// The media could not be opened, holds no picture, or broke before its first one; a reason for the user.
     void failed(const QString& reason);
+    /// The media ended well before its end, and its file cannot be read any more.
+    void lost();
 };
 
 } // namespace marvo

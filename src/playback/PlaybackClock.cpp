@@ -14,12 +14,19 @@ constexpr std::int64_t longestExtrapolationMs = 500;
 /// A seek is shown within 140 ms; a report this far from its target is from before it.
 constexpr std::int64_t seekToleranceMs = 400;
 constexpr std::int64_t longestSeekMs = 1000;
+/// Of a film whose header tells of less, or of nothing that can be.
+constexpr double usualPictureMs = 40;
+constexpr double longestPictureMs = 2000;
+/// Decoders round times: a seek to the very beginning of the last picture may find nothing.
+constexpr double lastPictureMargin = 1.25;
 } // namespace
 
 void PlaybackClock::reset(const std::optional<AviHeader>& header)
 {
     m_header = header;
     m_lengthMs = header ? header->durationMsBeside(0) : 0;
+    m_pictureMs = header ? static_cast<double>(header->microSecPerFrame) / 1000 : 0;
+    m_isCounted = false;
     m_baseMs = 0;
     m_isRunning = false;
     m_isSeeking = false;
@@ -27,7 +34,23 @@ void PlaybackClock::reset(const std::optional<AviHeader>& header)
 
 void PlaybackClock::setFoundLengthMs(std::int64_t lengthMs)
 {
+    if (m_isCounted)
+        return;
     m_lengthMs = m_header ? m_header->durationMsBeside(lengthMs) : std::max<std::int64_t>(lengthMs, 0);
+}
+
+void PlaybackClock::setCountedLengthMs(std::int64_t lengthMs, double pictureMs)
+{
+    m_isCounted = true;
+    m_lengthMs = lengthMs;
+    m_pictureMs = pictureMs;
+    m_baseMs = clamped(m_baseMs);
+}
+
+std::int64_t PlaybackClock::lastPictureMs() const
+{
+    const double pictureMs = std::clamp(m_pictureMs, usualPictureMs, longestPictureMs);
+    return std::max<std::int64_t>(m_lengthMs - std::llround(pictureMs * lastPictureMargin), 0);
 }
 
 void PlaybackClock::setRate(float rate)

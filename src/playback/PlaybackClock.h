@@ -23,7 +23,12 @@ public:
 
     /// The length that the decoder found; it may be cut down to whole seconds.
     void setFoundLengthMs(std::int64_t lengthMs);
+    /// The length by the pictures that the film really has, which counts from now on, and how long one of
+    /// them is shown.
+    void setCountedLengthMs(std::int64_t lengthMs, double pictureMs);
     std::int64_t lengthMs() const { return m_lengthMs; }
+    /// Where the last picture begins, or a little before: a seek to there or sooner finds one.
+    std::int64_t lastPictureMs() const;
 
     void setRate(float rate);
     float rate() const { return m_rate; }
@@ -45,6 +50,8 @@ private:
 
     std::optional<AviHeader> m_header;
     std::int64_t m_lengthMs = 0;
+    double m_pictureMs = 0; ///< 0 while unknown
+    bool m_isCounted = false;
     std::int64_t m_baseMs = 0;
     float m_rate = 1;
     bool m_isRunning = false;

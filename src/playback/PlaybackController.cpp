@@ -60,6 +60,7 @@ PlaybackController::PlaybackController(MediaPlayer& player, MRVMediaList& mediaL
     connect(&m_player, &MediaPlayer::stateChanged, this, &PlaybackController::mediaPlayerStateChanged);
     connect(&m_player, &MediaPlayer::timeChanged, this, &PlaybackController::mediaPlayerTimeChanged);
     connect(&m_player, &MediaPlayer::failed, this, &PlaybackController::mediaPlayerFailed);
+    connect(&m_player, &MediaPlayer::lost, this, &PlaybackController::mediaPlayerLost);
     connect(&m_playInfo, &MRVPlayInfo::audioMediaDirectionChanged, this, &PlaybackController::updateAudioUI);
     connect(&m_playStopTimer, &QTimer::timeout, this, &PlaybackController::timerPlayNext);
     m_player.setMuted(false);
@@ -87,7 +88,16 @@ bool PlaybackController::playAtIndex(std::int64_t index)
     updateVideoUI();
     m_host.showLoading(QStringLiteral("Loading..."));
     m_host.extractionStarted();
+    m_isFilmHeld = true;
     m_extraction.start(m_player.mediaPath());
+    // On a slow card the walk may take as long as reading the whole film.
+    after(m_timings.walkMs, [this] {
+        if (!m_isFilmHeld)
+            return;
+        m_blackBoxData = MRVBlackBoxData(); // they are those of the recording before
+        m_extraction.shareCard();
+        startFilm();
+    });
     return true;
 }
 
@@ -101,6 +111,15 @@ void PlaybackController::installData(MRVBlackBoxData&& data)
 {
     m_blackBoxData = std::move(data);
     m_host.extractionFinished();
+    if (m_isFilmHeld)
+        return startFilm();
+    m_playInfo.setPosition(m_player.position());
+    Q_EMIT momentShown();
+}
+
+void PlaybackController::startFilm()
+{
+    m_isFilmHeld = false;
     initMediaControlView();
     m_player.play();
 }
@@ -142,7 +161,7 @@ void PlaybackController::changeAndPlay(std::int64_t selectedRow)
         playAtIndex(selectedRow);
         return;
     }
-    if (m_extraction.isRunning())
+    if (m_isFilmHeld)
         return; // it is about to play
     if (m_player.isPaused())
         m_player.setPosition(0);
@@ -171,6 +190,7 @@ void PlaybackController::abandonStart()
     dropDelayedSteps();
     m_playStopTimer.stop();
     m_preparingPlayNext = false;
+    m_isFilmHeld = false;
     if (m_extraction.isRunning()) {
         m_extraction.abandon();
         m_host.extractionFinished(); // the lists are those of the recording before
@@ -191,6 +211,17 @@ void PlaybackController::mediaPlayerFailed(const QString& reason)
     chooseAudioAuto();
     if (isListed)
         m_host.markUnplayable(m_mediaIndex, reason);
+}
+
+/// The list stays as it is, and nothing follows: the next recording is on the same card.
+void PlaybackController::mediaPlayerLost()
+{
+    qCWarning(playbackLog).noquote() << "cannot be read any more:"
+                                     << QString::fromStdString(m_player.mediaPath());
+    m_player.setMedia({});
+    abandonStart();
+    chooseAudioAuto();
+    m_host.showLost();
 }
 
 void PlaybackController::startTimerPlayNext() { m_playStopTimer.start(m_timings.endCheckMs); }
@@ -269,7 +300,7 @@ void PlaybackController::mediaPlayerTimeChanged()
 
 void PlaybackController::clickPlayButton()
 {
-    if (!m_player.hasMedia() || m_extraction.isRunning())
+    if (!m_player.hasMedia() || m_isFilmHeld)
         return;
     if (m_playInfo.isPlaying()) {
         if (isPlaying())
@@ -301,7 +332,7 @@ void PlaybackController::videoPositionSliderMoved(double sliderValue)
     m_playInfo.setPosition(value);
     qCInfo(playbackLog, "[D ] position slider moved:%f <=> %f", m_playInfo.position(), value);
     m_playInfo.setIsPlaying(isPlaying());
-    if (m_extraction.isRunning())
+    if (m_isFilmHeld)
         return; // it starts at its beginning
     if (value >= endPosition) {
         m_player.setTimeMs(m_player.lengthMs());
@@ -334,7 +365,7 @@ void PlaybackController::syncVideoPositionDelay(int delayMs)
 void PlaybackController::showRestingMoment()
 {
     m_playInfo.setPosition(m_player.position());
-    Q_EMIT restingMomentShown();
+    Q_EMIT momentShown();
 }
 
 void PlaybackController::jumpForward()
@@ -343,7 +374,7 @@ void PlaybackController::jumpForward()
                                          .arg(timeText(m_player.timeMs()),
                                               timeText(m_player.remainingTimeMs()));
     const std::int64_t lengthMs = m_player.lengthMs();
-    if (m_moving || !m_player.hasMedia() || m_extraction.isRunning() || lengthMs <= 0)
+    if (m_moving || !m_player.hasMedia() || m_isFilmHeld || lengthMs <= 0)
         return;
     const float remainingSeconds = static_cast<float>(m_player.remainingTimeMs()) / 1000;
     if (remainingSeconds > -jumpSeconds) {
@@ -360,7 +391,7 @@ void PlaybackController::jumpForward()
 void PlaybackController::jumpBackward()
 {
     const std::int64_t lengthMs = m_player.lengthMs();
-    if (m_moving || !m_player.hasMedia() || m_extraction.isRunning() || lengthMs <= 0)
+    if (m_moving || !m_player.hasMedia() || m_isFilmHeld || lengthMs <= 0)
         return;
     const float seconds = static_cast<float>(m_player.timeMs()) / 1000;
     if (seconds < jumpSeconds) {

@@ -21,6 +21,7 @@ class PlaybackHost;
 /// The delays of the playback rules, in milliseconds.
 struct PlaybackTimings
 {
+    int walkMs = 500;            ///< so long a start waits for the recording's data
     int endCheckMs = 1000;       ///< between two looks whether the recording has ended
     int playNextMs = 1000;       ///< from the end seen to the next recording
     int playAfterSeekMs = 100;   ///< from a seek away from the end to playing
@@ -82,8 +83,8 @@ public:
 
 Q_SIGNALS:
     /// The player rests and shows the picture of its own position, which the play state has now, too; it may
-    /// have had that position before the picture came.
-    void restingMomentShown();
+    /// have had that position before the picture came. Or the recording's data have arrived while it plays.
+    void momentShown();
     void volumeChanged(int volume);
     /// A recording is being started; its row may have the number of the one before, in another list.
     void mediaIndexChanged(std::int64_t index);
@@ -97,6 +98,8 @@ private:
     void timerPlayNext();
     void updateVideoUI();
     void installData(MRVBlackBoxData&& data);
+    void startFilm();
+    void mediaPlayerLost();
     void initMediaControlView();
     void didStartPlayer();
     void didFinishPlay();
@@ -132,6 +135,7 @@ private:
     int m_volume = 70;
     int m_timeChangeCount = -1; ///< thins the position updates
     bool m_waitingForPlayStart = false;
+    bool m_isFilmHeld = false; ///< the film waits for the data
     bool m_preparingPlayNext = false;
     bool m_moving = false;
     bool m_keepsWindow = false;

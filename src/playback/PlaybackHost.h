@@ -10,8 +10,7 @@
 
 namespace marvo {
 
-/// What the playback controller asks of the window around it. The main window's controller implements it;
-/// tests stand in.
+/// What the playback controller asks of the window around it. MainWindowPlaybackHost answers; tests stand in.
 class PlaybackHost
 {
 public:
@@ -22,6 +21,9 @@ public:
     virtual void markUnplayable(std::int64_t row, const QString& reason) = 0;
     /// The row plays: an earlier mark of it no longer holds.
     virtual void markPlayable(std::int64_t /*row*/) {}
+
+    /// What was playing cannot be read any more: says so where its picture was.
+    virtual void showLost() {}
 
     virtual void showLoading(const QString& text) = 0;
     virtual void hideLoading() = 0;

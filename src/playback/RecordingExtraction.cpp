@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "playback/RecordingExtraction.h"
 
+#include "support/FileSource.h"
+#include "support/PacedSource.h"
+
 #include <chrono>
 #include <utility>
 
@@ -9,7 +12,7 @@ namespace marvo {
 
 namespace {
 
-/// A walk through gigabytes ends well within this. A card that does not answer delays the film no longer.
+/// A walk through gigabytes ends well within this.
 constexpr std::chrono::seconds timeLimit{30};
 constexpr std::chrono::milliseconds shutdownTimeout{500};
 
@@ -20,10 +23,7 @@ RecordingExtraction::RecordingExtraction(Take take, QObject* parent)
 {
     m_timeLimit.setSingleShot(true);
     m_timeLimit.setInterval(timeLimit);
-    connect(&m_timeLimit, &QTimer::timeout, this, [this] {
-        abandon();
-        m_take(MRVBlackBoxData());
-    });
+    connect(&m_timeLimit, &QTimer::timeout, this, [this] { m_end.request_stop(); });
 }
 
 RecordingExtraction::~RecordingExtraction()
@@ -35,10 +35,15 @@ RecordingExtraction::~RecordingExtraction()
 void RecordingExtraction::start(const std::string& path)
 {
     m_timeLimit.start();
+    m_end = std::stop_source();
+    m_isCardShared = std::make_shared<std::atomic<bool>>(false);
     m_walk.start(
-        [path](const LatestRun& run) {
+        [path, end = m_end.get_token(), isShared = m_isCardShared](const LatestRun& run) {
             MRVBlackBoxData data;
-            data.ExtractStreamInformation(path, run.stopToken()); // what it had read before a fault is shown
+            FileSource file(path);
+            PacedSource source(file, isShared, end);
+            data.ExtractStreamInformation(source,
+                                          run.stopToken()); // what it had read before a fault is shown
             return data;
         },
         [this](MRVBlackBoxData&& data) {

@@ -2,13 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "playback/VlcPlayer.h"
 
+#include "film/ClipIndexReading.h"
+#include "film/FilmLength.h"
+#include "film/FilmReader.h"
+#include "film/VirtualFilmBuilder.h"
 #include "media/AviHeader.h"
 #include "playback/VideoView.h"
 #include "playback/VlcSession.h"
+#include "support/FileSource.h"
+#include "support/PacedSource.h"
 #include "texts/Localisation.h"
 #include "workers/ObjectLink.h"
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <string_view>
@@ -27,14 +35,20 @@ constexpr int seekGatheringMs = 60;
 constexpr int seekCheckMs = 250;
 /// The same target again within this time is the same seek.
 constexpr int seekRepeatMs = 300;
-/// A seek past the last picture finds none; every camera's last picture is within this.
-constexpr std::int64_t lastPictureMs = 50;
-/// In pause libVLC shows a picture once it has read so much after it.
-constexpr std::int64_t readAheadMs = 300;
+/// libVLC reads ahead by so much, or by some pictures where these last longer: it shows none in pause before.
+constexpr int usualCachingMs = 150;
+constexpr int longestCachingMs = 1500;
+constexpr double cachedPictures = 4.5;
+/// In pause libVLC shows a picture once it has read so much more after it.
+constexpr int furtherReadMs = 150;
 /// After the end of the file a first picture may still be on its way through the decoder.
 constexpr int lateFirstFrameMs = 500;
 /// So many time reports, four a second, without a picture: the sound plays and the picture cannot be decoded.
 constexpr int reportsBeforePictureFault = 12;
+/// An end this much before the film's is looked into.
+constexpr std::int64_t earlyEndMs = 2000;
+/// A file that has not answered by then counts as lost.
+constexpr int longestLookMs = 1500;
 constexpr std::chrono::seconds shutdownTimeout{2};
 
 const char* faultKey(AviFault fault)
@@ -64,13 +78,50 @@ bool isMotionJpeg(const AviHeader& header)
     return codec == "MJPG" || codec == "mjpg";
 }
 
-QByteArrayList mediaOptions(const AviHeader& header)
+/// A film as one that libVLC is told of byte by byte, with the times and key pictures that it really has. For
+/// one whose index is missing or tells of others: libVLC would believe the header, and seek into grey.
+std::optional<VlcBytes> mended(const std::string& path, const ClipIndex& index)
 {
-    // A recording whose camera lost power has no index. For motion JPEG libVLC builds one when opening; with
-    // other codecs that index knows no key frames, and only the other demultiplexer seeks.
-    if (header.hasIndex || isMotionJpeg(header))
-        return {":play-and-pause", ":demux=avi", ":avi-index=3"};
-    return {":play-and-pause", ":demux=avformat"};
+    if (!VirtualFilmBuilder::isPlayable(index))
+        return std::nullopt;
+    VirtualFilmBuilder builder(0);
+    builder.append(path, index, 0);
+    auto film = builder.finish(VirtualFilmBuilder::Tail::None);
+    const std::uint64_t size = film->sizeBytes();
+    return VlcBytes{std::make_shared<FilmReader>(std::move(film)), size};
+}
+
+} // namespace
+
+namespace {
+
+int cachingFor(const FilmLength& length)
+{
+    return std::clamp(static_cast<int>(std::min(length.pictureMs, 1000.0) * cachedPictures), usualCachingMs,
+                      longestCachingMs);
+}
+
+ClipIndex readIndex(const std::string& path, std::stop_token stop)
+{
+    FileSource file(path);
+    if (!file.isOpen())
+        return {};
+    StoppableSource source(file, std::move(stop));
+    return readClipIndex(source, file.size());
+}
+
+/// Whether the file is there and its medium gives bytes around a share of it.
+bool canBeRead(const std::string& path, double share)
+{
+    FileSource file(path);
+    if (!file.isOpen() || file.size() == 0)
+        return false;
+    file.dropFromCache();
+    std::array<std::byte, 4096> bytes{};
+    return std::ranges::all_of(std::array{0.0, share}, [&](double place) {
+        return file.readAt(static_cast<std::uint64_t>(place * static_cast<double>(file.size() - 1)), bytes) >
+               0;
+    });
 }
 
 } // namespace
@@ -79,24 +130,36 @@ struct VlcPlayer::Prepared
 {
     std::shared_ptr<VlcSession> session;
     std::optional<AviHeader> header;
+    FilmLength length;
     const char* faultKey = nullptr;
+    int readAheadMs = 0;
 
-    static Prepared make(const std::string& path, VlcSession::Report report)
+    static Prepared make(const std::string& path, VlcSession::Report report, std::stop_token stop)
     {
         const auto read = readAviHeader(path);
         if (const AviFault* fault = std::get_if<AviFault>(&read))
-            return {nullptr, {}, marvo::faultKey(*fault)};
+            return {nullptr, {}, {}, marvo::faultKey(*fault), 0};
         const AviHeader& header = std::get<AviHeader>(read);
         auto instance = VlcInstance::shared();
         if (!instance)
-            return {nullptr, {}, "play.error_engine"};
-        std::shared_ptr<VlcSession> session = VlcSession::create(
-            std::move(instance), path, mediaOptions(header),
-            usualColourMatrix(static_cast<int>(std::min(header.height, 0xFFFFU)), isMotionJpeg(header)),
-            std::move(report));
+            return {nullptr, {}, {}, "play.error_engine", 0};
+        const ClipIndex index = readIndex(path, std::move(stop));
+        const FilmLength length = filmLength(index);
+        const bool agrees =
+            header.hasIndex && header.totalFrames == length.pictures && index.picturesTold == length.pictures;
+        const auto film = agrees ? std::nullopt : mended(path, index);
+        const auto matrix =
+            usualColourMatrix(static_cast<int>(std::min(header.height, 0xFFFFU)), isMotionJpeg(header));
+        const int cachingMs = cachingFor(length);
+        QByteArrayList options = {":play-and-pause", ":clock-jitter=0",
+                                  ":file-caching=" + QByteArray::number(cachingMs)};
+        options += film ? QByteArrayList{":demux=mkv"} : QByteArrayList{":demux=avi", ":avi-index=3"};
+        std::shared_ptr<VlcSession> session =
+            film ? VlcSession::create(std::move(instance), *film, options, matrix, std::move(report))
+                 : VlcSession::create(std::move(instance), path, options, matrix, std::move(report));
         if (!session)
-            return {nullptr, {}, "play.error_engine"};
-        return {std::move(session), header, nullptr};
+            return {nullptr, {}, {}, "play.error_engine", 0};
+        return {std::move(session), header, length, nullptr, cachingMs + furtherReadMs};
     }
 };
 
@@ -116,6 +179,10 @@ VlcPlayer::VlcPlayer(VideoView* view, QObject* parent)
     m_seekTimer.setSingleShot(true);
     m_seekTimer.setInterval(seekGatheringMs);
     connect(&m_seekTimer, &QTimer::timeout, this, &VlcPlayer::sendSeek);
+
+    m_lookTimer.setSingleShot(true);
+    m_lookTimer.setInterval(longestLookMs);
+    connect(&m_lookTimer, &QTimer::timeout, this, &VlcPlayer::lost);
 
     m_seekCheckTimer.setSingleShot(true);
     m_seekCheckTimer.setInterval(seekCheckMs);
@@ -143,14 +210,19 @@ void VlcPlayer::setMedia(const std::string& path)
 void VlcPlayer::prepare()
 {
     m_isPreparing = true;
-    m_workers.start([link = m_link, generation = m_generation, path = m_path] {
-        Prepared prepared = Prepared::make(path, [link, generation](const VlcEvent& event) {
-            link->post([generation, event](VlcPlayer& player) { player.handle(generation, event); });
+    m_preparing = std::stop_source();
+    m_workers.start(
+        [link = m_link, generation = m_generation, path = m_path, stop = m_preparing.get_token()] {
+            Prepared prepared = Prepared::make(
+                path,
+                [link, generation](const VlcEvent& event) {
+                    link->post([generation, event](VlcPlayer& player) { player.handle(generation, event); });
+                },
+                stop);
+            link->post([generation, prepared = std::move(prepared)](VlcPlayer& player) mutable {
+                player.adopt(generation, std::move(prepared));
+            });
         });
-        link->post([generation, prepared = std::move(prepared)](VlcPlayer& player) mutable {
-            player.adopt(generation, std::move(prepared));
-        });
-    });
 }
 
 void VlcPlayer::adopt(std::uint64_t generation, Prepared prepared)
@@ -162,7 +234,10 @@ void VlcPlayer::adopt(std::uint64_t generation, Prepared prepared)
     m_isPreparing = false;
     m_session = std::move(prepared.session);
     m_preparationFault = prepared.faultKey;
+    m_readAheadMs = prepared.readAheadMs;
     m_clock.reset(prepared.header);
+    if (prepared.length.ms > 0)
+        m_clock.setCountedLengthMs(prepared.length.ms, prepared.length.pictureMs);
     if (m_unsentSeekMs)
         m_clock.seek(*m_unsentSeekMs);
     if (m_state == State::Opening)
@@ -186,10 +261,12 @@ void VlcPlayer::startSession()
 void VlcPlayer::retire()
 {
     ++m_generation;
+    m_preparing.request_stop();
     m_startTimer.stop();
     m_clockTimer.stop();
     m_seekTimer.stop();
     m_seekCheckTimer.stop();
+    m_lookTimer.stop();
     if (m_session)
         m_workers.start([session = std::exchange(m_session, nullptr)] {}); // stops where its last owner goes
     m_preparationFault = nullptr;
@@ -336,7 +413,9 @@ void VlcPlayer::sendSeek()
     std::int64_t targetMs = *std::exchange(m_unsentSeekMs, std::nullopt);
     if (lengthMs() > 0) {
         const bool isShownInPause = m_intent == Intent::Pause && !m_atEnd;
-        const std::int64_t lastMs = lengthMs() - (isShownInPause ? readAheadMs : lastPictureMs);
+        const std::int64_t lastMs = isShownInPause
+                                        ? std::min(lengthMs() - m_readAheadMs, m_clock.lastPictureMs())
+                                        : m_clock.lastPictureMs();
         targetMs = std::min(targetMs, std::max<std::int64_t>(lastMs, 0));
     }
     if (m_lastSeekMs == targetMs && m_sinceLastSeek.elapsed() < seekRepeatMs)
@@ -515,6 +594,33 @@ void VlcPlayer::handleEnd()
         });
         return;
     }
+    if (m_state == State::Playing && lengthMs() - m_clock.timeMs() > earlyEndMs)
+        return lookWhyItEnded();
+    endHere();
+}
+
+/// The end of a film that comes well before its time may be that of the card's connection.
+void VlcPlayer::lookWhyItEnded()
+{
+    m_clock.halt();
+    if (m_lookTimer.isActive())
+        return;
+    m_lookTimer.start();
+    m_workers.start([link = m_link, generation = m_generation, path = m_path, share = m_clock.position()] {
+        link->post([generation, isThere = canBeRead(path, share)](VlcPlayer& player) {
+            if (generation != player.m_generation || !player.m_lookTimer.isActive())
+                return;
+            player.m_lookTimer.stop();
+            if (isThere)
+                player.endHere();
+            else
+                Q_EMIT player.lost();
+        });
+    });
+}
+
+void VlcPlayer::endHere()
+{
     m_atEnd = true;
     rest();
 }

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace marvo {
 
@@ -79,6 +80,8 @@ private:
     void handlePlaying();
     void handlePaused();
     void handleEnd();
+    void lookWhyItEnded();
+    void endHere();
     void rest();
     void fail(const char* reasonKey);
     void retire();
@@ -97,6 +100,8 @@ private:
     std::shared_ptr<ObjectLink<VlcPlayer>> m_link;
     std::uint64_t m_generation = 0; ///< of the session now wanted; what an older one reports is dropped
     std::shared_ptr<VlcSession> m_session;
+    std::stop_source m_preparing;
+    int m_readAheadMs = 0;                    ///< libVLC, before it shows a picture in pause
     const char* m_preparationFault = nullptr; ///< the text key, kept until play() asks for it
 
     PlaybackClock m_clock;
@@ -120,6 +125,7 @@ private:
     QTimer m_clockTimer; ///< between libVLC's own time reports, which come four times a second
     QTimer m_seekTimer;  ///< while it runs, seeks are gathered
     QTimer m_seekCheckTimer;
+    QTimer m_lookTimer; ///< the file must answer before it has run
     bool m_isTimeNotificationPosted = false;
     int m_volume = 70;
     bool m_isMuted = false;

@@ -33,6 +33,8 @@ public:
     std::uint64_t size() const { return m_size > m_start ? m_size - m_start : 0; }
 
     std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override;
+    /// Asks the system to read the medium again at the next read; it need not.
+    void dropFromCache() const;
 
 private:
     void adopt(int descriptor);

@@ -102,7 +102,7 @@ void MRVAppDelegate::setupInitialValues()
     connect(&m_mediaList, &MRVMediaList::scanProgress, m_folderStatus.get(), &FolderStatus::showScanning);
     connect(&m_cardSettings, &CardSettingsLookup::settingsKnown, this, &MRVAppDelegate::cardSettingsKnown);
     m_playbackViews = std::make_unique<PlaybackViews>(*m_views, *m_player1, m_playInfo, *m_playback);
-    connect(m_playback.get(), &PlaybackController::restingMomentShown, m_dataPanel.get(),
+    connect(m_playback.get(), &PlaybackController::momentShown, m_dataPanel.get(),
             &DataPanelUpdater::refresh);
     connect(m_playback.get(), &PlaybackController::mediaIndexChanged, &m_recordings,
             &RecordingTableModel::setPlayingRow);

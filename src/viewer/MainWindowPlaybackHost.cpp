@@ -48,6 +48,8 @@ void MainWindowPlaybackHost::markUnplayable(std::int64_t row, const QString& rea
 
 void MainWindowPlaybackHost::markPlayable(std::int64_t row) { m_recordings.markPlayable(row); }
 
+void MainWindowPlaybackHost::showLost() { m_views.videoReason->tell(localised("play.lost")); }
+
 void MainWindowPlaybackHost::showLoading(const QString& text)
 {
     m_views.videoReason->hide();

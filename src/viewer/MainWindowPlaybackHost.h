@@ -24,6 +24,7 @@ public:
     void selectRow(std::int64_t row) override;
     void markUnplayable(std::int64_t row, const QString& reason) override;
     void markPlayable(std::int64_t row) override;
+    void showLost() override;
     void showLoading(const QString& text) override;
     void hideLoading() override;
     bool isLoadingStopped() const override;

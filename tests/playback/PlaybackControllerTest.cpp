@@ -26,7 +26,7 @@ using State = MediaPlayer::State;
 namespace {
 
 /// The delays a tenth as long, and in the same proportions.
-constexpr PlaybackTimings quickTimings = {100, 100, 10, 10, 20, 30, 20, 10};
+constexpr PlaybackTimings quickTimings = {1000, 100, 100, 10, 10, 20, 30, 20, 10};
 
 /// A folder of recordings, the list of it, and the rules around a player.
 template <typename Player>
@@ -102,7 +102,7 @@ private Q_SLOTS:
         FakeStage stage;
         stage.startPlaying(0);
         stage.rest(1000);
-        QSignalSpy shown(stage.controller.get(), &PlaybackController::restingMomentShown);
+        QSignalSpy shown(stage.controller.get(), &PlaybackController::momentShown);
         for (const double target : {0.5, 0.25, 0.75}) {
             stage.controller->videoPositionSliderMoved(target);
             stage.player->nowMs += 7; // the picture begins a little later
@@ -368,6 +368,50 @@ private Q_SLOTS:
             QTest::qWait(100);
             QVERIFY(stage.player->calls.isEmpty());
         }
+    }
+
+    void theFilmDoesNotWaitForALongWalk()
+    {
+        FakeStage stage;
+        PlaybackTimings timings = quickTimings;
+        timings.walkMs = 50;
+        stage.controller->setTimings(timings);
+        QFile large(stage.file(1)); // records at its beginning, and no end to look for them
+        QVERIFY(large.open(QIODevice::WriteOnly));
+        large.write(QByteArray("RIFF\0\0\0\0AVI JUNK\xff\xff\xff\x7f", 20));
+        large.write("0GDA" + QByteArray(24, '\1'));
+        QVERIFY(large.resize(400LL << 20));
+        stage.startPlaying(0);
+        stage.data.ParseNMEA("$GPGGA\r\n"); // the recording before has left something
+        QVERIFY(stage.controller->playAtIndex(1));
+        stage.player->calls.clear();
+        QTRY_COMPARE(stage.player->calls, QLatin1String("play"));
+        stage.player->calls.clear();
+        QCOMPARE(stage.host.extractionsFinished, 1); // the panels wait
+        QVERIFY(stage.data.m_NMEAs().empty());
+        stage.player->become(State::Playing);
+        stage.controller->videoPositionSliderMoved(0.5);
+        QVERIFY(stage.player->takeCalls().startsWith(QLatin1String("position 0.5")));
+        QSignalSpy shown(stage.controller.get(), &PlaybackController::momentShown);
+        QTRY_COMPARE_WITH_TIMEOUT(stage.host.extractionsFinished, 2, 60'000);
+        QCOMPARE(shown.size(), 1);
+        QCOMPARE(stage.data.m_GSensors().size(), 1);
+        QCOMPARE(stage.info.position(), stage.player->position());
+        QVERIFY(!stage.player->takeCalls().contains(QLatin1String("play")));
+        QCOMPARE(stage.host.fieldsReset, 2); // once a start
+    }
+
+    void whatIsLostEndsWithoutBlame()
+    {
+        FakeStage stage;
+        stage.startPlaying(0);
+        stage.player->calls.clear();
+        Q_EMIT stage.player->lost();
+        QVERIFY(stage.host.isLost);
+        QCOMPARE(stage.host.unplayableRow, -1);
+        QCOMPARE(stage.player->takeCalls(), QLatin1String("no media"));
+        QTest::qWait(3 * quickTimings.endCheckMs + quickTimings.playNextMs);
+        QVERIFY(stage.player->calls.isEmpty()); // the next is on the same card
     }
 
     void theWindowStaysOnlyForWhatFollowsByItself()

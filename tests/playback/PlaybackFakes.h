@@ -97,6 +97,7 @@ public:
     std::int64_t selectedRow = -1;
     std::int64_t unplayableRow = -1;
     QString unplayableReason;
+    bool isLost = false;
     bool loadingStopped = true;
     bool videoVisible = true;
     double slider = 0;
@@ -118,6 +119,7 @@ public:
         if (row == unplayableRow)
             unplayableRow = -1;
     }
+    void showLost() override { isLost = true; }
     void showLoading(const QString&) override { loadingStopped = false; }
     void hideLoading() override { loadingStopped = true; }
     bool isLoadingStopped() const override { return loadingStopped; }

@@ -15,8 +15,8 @@ bool writeFilm(const Film& film, const QString& path)
         arguments += {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"), source};
     };
     if (film.hasVideo) {
-        input(QStringLiteral("color=black:s=640x360:r=%1:d=%2").arg(filmFps).arg(seconds));
-        input(QStringLiteral("color=white:s=16x360:r=%1:d=%2").arg(filmFps).arg(seconds));
+        input(QStringLiteral("color=black:s=640x360:r=%1:d=%2").arg(film.fps).arg(seconds));
+        input(QStringLiteral("color=white:s=16x360:r=%1:d=%2").arg(film.fps).arg(seconds));
     }
     if (film.hasSound)
         input(QStringLiteral("sine=f=440:d=%1").arg(seconds));

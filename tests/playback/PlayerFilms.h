@@ -18,6 +18,7 @@ struct Film
     double seconds = 4;
     bool hasSound = true;
     bool hasVideo = true;
+    int fps = filmFps;
 };
 
 /// False when ffmpeg fails.

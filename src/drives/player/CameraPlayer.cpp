@@ -119,6 +119,12 @@ void CameraPlayer::show(std::int64_t driveMs)
 
 bool CameraPlayer::isSettled() const { return !m_current || m_current->isShown(); }
 
+void CameraPlayer::confirm()
+{
+    if (m_current)
+        m_current->confirm();
+}
+
 // Running
 
 void CameraPlayer::run()

@@ -40,6 +40,8 @@ public:
     /// there.
     void show(std::int64_t driveMs);
     bool isSettled() const;
+    /// Makes sure of the picture shown, as FilmSession does.
+    void confirm();
     /// From the picture shown on.
     void run();
     /// Runs a little faster or slower, by a factor near 1.

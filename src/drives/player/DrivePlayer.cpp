@@ -15,6 +15,8 @@ namespace marvo {
 namespace {
 constexpr int tickMs = 15;
 constexpr int timeReportMs = 80;
+/// A picture at rest is asked for once more when nothing else has been asked for since.
+constexpr int confirmationMs = 120;
 /// Above this libVLC cannot decode every picture.
 constexpr double fastestWholeRate = 4;
 /// Key pictures closer together than this, as they are shown, are not all shown.
@@ -40,6 +42,12 @@ DrivePlayer::DrivePlayer(QObject* parent)
     m_ticks.setInterval(tickMs);
     m_ticks.setTimerType(Qt::PreciseTimer);
     connect(&m_ticks, &QTimer::timeout, this, &DrivePlayer::tick);
+    m_confirmation.setSingleShot(true);
+    m_confirmation.setInterval(confirmationMs);
+    connect(&m_confirmation, &QTimer::timeout, this, [this] {
+        for (CameraPlayer& camera : m_cameras)
+            camera.confirm();
+    });
     m_timeReports.setInterval(timeReportMs);
     connect(&m_timeReports, &QTimer::timeout, this, &DrivePlayer::tellTime);
 }
@@ -79,6 +87,7 @@ void DrivePlayer::close()
     m_reading.request_stop();
     m_reading = {};
     m_ticks.stop();
+    m_confirmation.stop();
     m_timeReports.stop();
     m_drive = {};
     m_clips.clear();
@@ -155,6 +164,7 @@ double DrivePlayer::cameraMs(Camera camera, double driveMs) const
 
 void DrivePlayer::rest(std::int64_t driveMs)
 {
+    m_confirmation.stop();
     m_ticks.stop();
     m_timeReports.stop();
     m_timeMs = driveMs;
@@ -179,6 +189,7 @@ void DrivePlayer::checkSettled()
     }
     if (m_isWantedPlaying)
         return run();
+    m_confirmation.start();
     setState(State::Paused);
     tellTime();
 }

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "film/DriveFilm.h"
 #include "drives/player/CameraPlayer.h"
 #include "drives/player/StepKeeper.h"
+#include "film/DriveFilm.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -150,6 +150,7 @@ private:
     QElapsedTimer m_sinceTick;
     QElapsedTimer m_sinceRun;
     QTimer m_ticks;
+    QTimer m_confirmation; ///< of the pictures, some time after a pause
     QTimer m_timeReports;
 };
 

@@ -26,6 +26,7 @@ constexpr int seekRetryMs = 200;
 constexpr int decodingMs = 500;
 constexpr int mostSeekTries = 4;
 constexpr int wakeUpMs = 60;
+constexpr int mostConfirmations = 5;
 /// A picture that comes so long after libVLC has read enough is the one sought, even if it looks like the one
 /// before.
 constexpr auto samePictureDelay = 30ms;
@@ -68,7 +69,7 @@ FilmSession::FilmSession(std::shared_ptr<const VirtualFilm> film, std::int64_t f
     m_waiting.setSingleShot(true);
     connect(&m_waiting, &QTimer::timeout, this, &FilmSession::waitedEnough);
     waitFor(Step::Created, startTimeoutMs);
-    QByteArrayList options = {":demux=mkv", ":play-and-pause",
+    QByteArrayList options = {":demux=mkv", ":play-and-pause", ":clock-jitter=0",
                               ":start-time=" +
                                   QByteArray::number(static_cast<double>(m_targetMs) / 1000 / speed, 'f', 3)};
     if (sound == Sound::None)
@@ -153,6 +154,7 @@ void FilmSession::show(std::int64_t filmMs)
         return breakOff({});
     setFactor(1);
     m_seekTries = 0;
+    m_confirmed.reset();
     if (std::exchange(m_state, State::Resting) == State::Running) {
         m_session->setPaused(true);
         waitFor(Step::Paused, pauseMs);
@@ -171,14 +173,36 @@ void FilmSession::seek()
     waitFor(Step::Picture, seekRetryMs * m_seekTries);
 }
 
+void FilmSession::confirm()
+{
+    if (!isShown() || m_isDead)
+        return;
+    m_confirmations = 0;
+    m_confirmed = m_fingerprint;
+    seek();
+}
+
+/// False when the picture has to be asked for once more.
+bool FilmSession::isConfirmed()
+{
+    if (!m_confirmed || *m_confirmed == m_fingerprint || ++m_confirmations == mostConfirmations) {
+        m_confirmed.reset();
+        return true;
+    }
+    m_confirmed = m_fingerprint;
+    return false;
+}
+
 void FilmSession::setShown()
 {
-    m_step = Step::Shown;
     m_waiting.stop();
     m_seekTries = 0;
     m_hasBeenShown = true;
     if (m_isHeldNew)
         Q_EMIT pictureCame();
+    if (!isConfirmed())
+        return seek();
+    m_step = Step::Shown;
     if (isShown())
         Q_EMIT resting();
 }

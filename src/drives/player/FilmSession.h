@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "film/FilmReader.h"
 #include "drives/player/FilmClock.h"
+#include "film/FilmReader.h"
 #include "playback/VideoFrame.h"
 #include "workers/DetachedWorkers.h"
 #include "workers/ObjectLink.h"
@@ -51,6 +51,9 @@ public:
     /// Rests on the picture shown at a time; resting() tells when it is there. A newer call replaces an
     /// older.
     void show(std::int64_t filmMs);
+    /// Asks libVLC for the picture that is shown again, until it gives the same one twice: the first picture
+    /// after a seek may be one that was decoded before it.
+    void confirm();
     bool isShown() const { return m_state == State::Resting && m_step == Step::Shown; }
     /// From the picture shown on.
     void run();
@@ -96,6 +99,7 @@ private:
     void seek();
     void waitFor(Step step, int atMostMs);
     void waitedEnough();
+    bool isConfirmed();
     void setShown();
     void end();
     void breakOff(const std::optional<FilmFault>& fault);
@@ -117,6 +121,8 @@ private:
     std::optional<FilmClock::Moment> m_bufferedAt;
     std::uint64_t m_fingerprintBefore = 0;
     int m_seekTries = 0;
+    std::optional<std::uint64_t> m_confirmed; ///< fingerprint of what was shown before it was asked for again
+    int m_confirmations = 0;
     VideoFrame m_held; ///< the newest picture, until somebody fetches it
     bool m_isHeldNew = false;
     bool m_isDead = false;           ///< libVLC has let go of the film

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
 #include "film/preview/Preview.h"
-#include "drives/player/NumberedFilms.h"
+#include "film/NumberedFilms.h"
 
 #include <QFile>
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The MARVO developers
 // SPDX-License-Identifier: MIT
-#include "drives/player/NumberedFilms.h"
+#include "film/NumberedFilms.h"
 
 #include <QFile>
 #include <QProcess>
