@@ -7,6 +7,8 @@
     <message id="setting.aux.enable_voice_recording"><source></source><translation>Record sound with the video</translation></message>
     <message id="setting.aux.mic_volume"><source></source><translation>Microphone level</translation></message>
     <message id="setting.aux.speaker_volume"><source></source><translation>Speaker</translation></message>
+    <message id="setting.audio.speaker_sounds"><source></source><translation>What the speaker says</translation></message>
+    <message id="setting.audio.speaker_level"><source></source><translation>How loud the speaker is</translation></message>
     <message id="setting.aux.enable_voice_guidance"><source></source><translation>Voice guidance</translation></message>
     <message id="setting.aux.enable_hourly_alarm"><source></source><translation>Announce the time every hour</translation></message>
     <message id="setting.aux.volume_down"><source></source><translation>quiet</translation></message>

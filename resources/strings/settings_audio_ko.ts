@@ -7,6 +7,8 @@
     <message id="setting.aux.enable_voice_recording"><source></source><translation>영상과 함께 음성 녹음</translation></message>
     <message id="setting.aux.mic_volume"><source></source><translation>마이크 음량</translation></message>
     <message id="setting.aux.speaker_volume"><source></source><translation>스피커</translation></message>
+    <message id="setting.audio.speaker_sounds"><source></source><translation>스피커로 안내할 내용</translation></message>
+    <message id="setting.audio.speaker_level"><source></source><translation>스피커 음량</translation></message>
     <message id="setting.aux.enable_voice_guidance"><source></source><translation>음성 안내 사용</translation></message>
     <message id="setting.aux.enable_hourly_alarm"><source></source><translation>매시 정각 알림</translation></message>
     <message id="setting.aux.volume_down"><source></source><translation>작게</translation></message>

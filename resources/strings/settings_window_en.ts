@@ -19,6 +19,10 @@
     <message id="setting.tools"><source></source><translation>Tools</translation></message>
     <message id="setting.disk_utility"><source></source><translation>Disk utility</translation></message>
     <message id="setting.restore_earlier"><source></source><translation>Restore an earlier settings file…</translation></message>
+    <message id="setting.open_file"><source></source><translation>Open settings file…</translation></message>
+    <message id="setting.file"><source></source><translation>Settings file</translation></message>
+    <message id="setting.defaults_shown"><source></source><translation>No card with camera settings was found. These are the default settings until you change them.</translation></message>
+    <message id="msg.no_settings_file"><source></source><translation>%1 is no settings file of the camera.</translation></message>
     <message id="setting.camera_with_obd"><source></source><translation>Camera with OBD adapter</translation></message>
     <message id="setting.earlier.title"><source></source><translation>Earlier settings files</translation></message>
     <message id="setting.earlier.guide"><source></source><translation>Choose the settings to bring back into this window. Nothing is written to the card before you save.</translation></message>
@@ -28,7 +32,7 @@
     <message id="setting.unsaved.guide"><source></source><translation>Without saving, the changes are lost.</translation></message>
     <message id="setting.unsaved.discard"><source></source><translation>Don't save</translation></message>
     <message id="msg.saved"><source></source><translation>Saved.&#10;</translation></message>
-    <message id="msg.write_protected_disk"><source></source><translation>The card could not be written. Check that it is still in the reader and not write-protected.</translation></message>
+    <message id="msg.write_protected_disk"><source></source><translation>The file could not be written. Check that the card or disk is still there, has free space, and is not write-protected.</translation></message>
     <message id="msg.no_disk_utility"><source></source><translation>No disk utility is installed on this computer.</translation></message>
     <message id="msg.earlier_unreadable"><source></source><translation>The earlier settings file could not be read.</translation></message>
 </context>

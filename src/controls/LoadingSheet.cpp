@@ -47,7 +47,7 @@ void LoadingSheet::showLoading(const QString& title, std::function<void()> cance
     m_cancelButton->setEnabled(true);
     m_progressIndicator->setIndeterminate(true);
     m_stopLoadingWindow = false;
-    m_progress = 0;
+    m_ticks = 0;
     m_progressIndicator->setDoubleValue(m_progressIndicator->minValue());
     m_progressIndicator->startAnimation();
     m_progressTitleField->setText(title);
@@ -61,7 +61,7 @@ void LoadingSheet::setProgress(double percent)
     // When the sheet has gone, nothing would take the progress off the application's icon again.
     if (m_stopLoadingWindow)
         return;
-    m_progress = 0;
+    m_ticks = 0;
     m_progressIndicator->setIndeterminate(false);
     m_progressIndicator->setDoubleValue(percent);
 }
@@ -76,10 +76,11 @@ void LoadingSheet::reject()
 
 void LoadingSheet::updateLoadingWindow(double seconds)
 {
-    m_progress += 100 / (2 * seconds);
+    // Counted, since a sum of thirds falls short of the whole.
+    const double progress = ++m_ticks * 100 / (2 * seconds);
     if (m_progressIndicator->isIndeterminate())
-        m_progressIndicator->setDoubleValue(m_progress);
-    if (m_progress < 100 && !m_stopLoadingWindow)
+        m_progressIndicator->setDoubleValue(progress);
+    if (progress < 100 && !m_stopLoadingWindow)
         return;
     m_tick.stop();
     m_progressIndicator->setDoubleValue(m_progressIndicator->minValue());

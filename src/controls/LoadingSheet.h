@@ -43,7 +43,7 @@ private:
     QPushButton* m_cancelButton;
     std::function<void()> m_cancel;
     QTimer m_tick;
-    double m_progress = 0;
+    int m_ticks = 0;
     bool m_stopLoadingWindow = true;
 };
 

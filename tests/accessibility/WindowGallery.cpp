@@ -21,7 +21,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QToolButton>
 
 #include <memory>
 
@@ -218,7 +217,7 @@ private:
                 closeAndWait(told);
         }
         window->changeViewController(0);
-        QMenu* tools = window->findChild<QToolButton*>(QStringLiteral("toolsButton"))->menu();
+        QMenu* tools = window->findChild<QPushButton*>(QStringLiteral("toolsButton"))->menu();
         tools->popup(window->mapToGlobal(QPoint(20, 20)));
         m_visit(QStringLiteral("settings-tools"), *tools);
         tools->close();

@@ -242,7 +242,7 @@ TEST_F(Races, settingsAreReadWhileTheyAreWritten)
         std::jthread readers[] = {std::jthread(load), std::jthread(load)};
         SettingsBackups backups(QString::fromStdString(m_folder.path("copies")));
         for (int i = 0; i < 100 || loads < 200; ++i) {
-            const auto error = saveToCard(records[i % 2], path, backups);
+            const auto error = saveToFile(records[i % 2], path, SaveTarget::FoundCard, backups);
             EXPECT_FALSE(error) << error->toStdString();
         }
         enough = true;

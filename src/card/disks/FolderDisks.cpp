@@ -2,18 +2,49 @@
 // SPDX-License-Identifier: MIT
 #include "card/disks/FolderDisks.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace marvo {
 
-FolderDisks::FolderDisks(std::string folder, QObject* parent) : Disks(parent), m_folder(std::move(folder)) {}
+namespace {
+
+bool isFolder(const std::string& path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+} // namespace
+
+FolderDisks::FolderDisks(std::string folder, QObject* parent)
+    : Disks(parent), m_folder(std::move(folder)), m_present(isFolder(m_folder))
+{
+    // The folder's own end is seen in it, its return in the one above.
+    const QString path = QFile::decodeName(m_folder.c_str());
+    m_watcher.addPath(QFileInfo(path).absolutePath());
+    m_watcher.addPath(path);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &FolderDisks::look);
+}
+
+void FolderDisks::look()
+{
+    const bool present = isFolder(m_folder);
+    if (present == m_present)
+        return;
+    m_present = present;
+    if (present)
+        m_watcher.addPath(QFile::decodeName(m_folder.c_str()));
+    Q_EMIT volumesChanged();
+}
 
 std::vector<MountedVolume> FolderDisks::mountedVolumes() const
 {
-    struct stat status = {};
-    if (stat(m_folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+    if (!isFolder(m_folder))
         return {};
     MountedVolume volume;
     volume.name = cardVolumeName();

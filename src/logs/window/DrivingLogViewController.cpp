@@ -363,6 +363,9 @@ bool DrivingLogViewController::eventFilter(QObject* watched, QEvent* event)
         QCoreApplication::sendEvent(m_tableView, event);
         return true;
     }
+    // The box tells what the map shows.
+    if (event->type() == QEvent::Close)
+        m_wayBox->setChecked(false);
     return QWidget::eventFilter(watched, event);
 }
 

@@ -99,11 +99,15 @@ MRVSettingForAudioViewController::MRVSettingForAudioViewController(QWidget* pare
     page->setSpacing(12);
     page->addWidget(titledBoxWith("boxOfMic", "setting.aux.record_settings", {m_useVoiceRecordingChk}), 0, 0);
     page->addWidget(titledBoxWith("boxOfMicVolume", "setting.aux.mic_volume", {m_micSeg}), 0, 1);
-    page->addWidget(titledBoxWith("boxOfSpeaker", "setting.aux.speaker_volume",
-                                  {m_useVoiceGuidanceChk,
-                                   checkBox("useEveryHourNoticeChk", "setting.aux.enable_hourly_alarm")}),
-                    1, 0);
-    page->addWidget(titledBoxWith("boxOfSpeakerVolume", "setting.aux.speaker_volume", {m_speakerSeg}), 1, 1);
+    QGroupBox* sounds = titledBoxWith(
+        "boxOfSpeaker", "setting.aux.speaker_volume",
+        {m_useVoiceGuidanceChk, checkBox("useEveryHourNoticeChk", "setting.aux.enable_hourly_alarm")});
+    QGroupBox* volume = titledBoxWith("boxOfSpeakerVolume", "setting.aux.speaker_volume", {m_speakerSeg});
+    // Their titles are the same.
+    sounds->setAccessibleDescription(localised("setting.audio.speaker_sounds"));
+    volume->setAccessibleDescription(localised("setting.audio.speaker_level"));
+    page->addWidget(sounds, 1, 0);
+    page->addWidget(volume, 1, 1);
     page->addWidget(voiceLangBox(), 2, 0, 1, 2);
     page->setColumnStretch(0, 1);
     page->setColumnStretch(1, 1);

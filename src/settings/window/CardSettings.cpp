@@ -98,9 +98,18 @@ std::optional<std::string> saveDestination(const Disks& disks, const SelectedCar
     return std::nullopt;
 }
 
-std::optional<QString> saveToCard(const _FILEDATA& record, const std::string& path, SettingsBackups& backups)
+std::optional<_FILEDATA> readWholeFile(const std::string& path)
 {
-    if (isLink(path)) {
+    _FILEDATA record{};
+    if (fileSize(path) != fileDataSize || !readSettingFile(path, record))
+        return std::nullopt;
+    return record;
+}
+
+std::optional<QString> saveToFile(const _FILEDATA& record, const std::string& path, SaveTarget target,
+                                  SettingsBackups& backups)
+{
+    if (target == SaveTarget::FoundCard && isLink(path)) {
         qCWarning(logSettings, "%s is a link", path.c_str());
         return localised("msg.file_open_fail");
     }

@@ -51,8 +51,18 @@ bool isStillThere(const Disks& disks, const SelectedCard& card);
 /// the settings file of whatever card the lookup finds; none when there is no card.
 std::optional<std::string> saveDestination(const Disks& disks, const SelectedCard& card);
 
+/// The record of a settings file, which must have exactly the record's length; none for any other.
+std::optional<_FILEDATA> readWholeFile(const std::string& path);
+
+/// Who has said where a save goes.
+enum class SaveTarget {
+    FoundCard, ///< the card's own files: a link among them is refused
+    Chosen     ///< the user, whose link is written through
+};
+
 /// Writes a sealed record over the file, whole or not at all, after a dated copy of the present one has been
 /// kept, and reads it back: a difference is a failure. None on success, else what went wrong, for the log.
-std::optional<QString> saveToCard(const _FILEDATA& record, const std::string& path, SettingsBackups& backups);
+std::optional<QString> saveToFile(const _FILEDATA& record, const std::string& path, SaveTarget target,
+                                  SettingsBackups& backups);
 
 } // namespace marvo

@@ -27,12 +27,12 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLoggingCategory>
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStandardPaths>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -101,10 +101,7 @@ void MRVSettingController::buildWindow()
     connect(m_saveButton, &QPushButton::clicked, this, &MRVSettingController::onSave);
     connect(cancelButton, &QPushButton::clicked, this, &MRVSettingController::onCloseCmd);
 
-    auto* tools = new QToolButton(this);
-    tools->setObjectName(QStringLiteral("toolsButton"));
-    tools->setText(localised("setting.tools"));
-    tools->setPopupMode(QToolButton::InstantPopup);
+    QPushButton* tools = windowButton("toolsButton", "setting.tools", this);
     tools->setMenu(new QMenu(tools));
     buildToolsMenu(*tools->menu());
 
@@ -125,6 +122,15 @@ void MRVSettingController::buildWindow()
     layout->setSpacing(12);
     layout->addWidget(m_functionSegmentedControl);
     layout->addWidget(scrolled, 1);
+    m_noticeLabel = new QLabel(localised("setting.defaults_shown"), this);
+    m_noticeLabel->setObjectName(QStringLiteral("noticeLabel"));
+    m_noticeLabel->setForegroundRole(QPalette::PlaceholderText);
+    m_noticeLabel->setWordWrap(true);
+    QSizePolicy policy = m_noticeLabel->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // the tab keeps its height
+    m_noticeLabel->setSizePolicy(policy);
+    m_noticeLabel->hide();
+    layout->addWidget(m_noticeLabel);
     layout->addLayout(buttons);
     m_loadingSheet = new LoadingSheet(this);
     connect(new QShortcut(Qt::CTRL | Qt::Key_W, this), &QShortcut::activated, this,
@@ -140,6 +146,8 @@ void MRVSettingController::buildToolsMenu(QMenu& menu)
     };
     connect(add("onDiskUtil", "setting.disk_utility"), &QAction::triggered, this,
             &MRVSettingController::onDiskUtil);
+    m_openAction = add("openSettingsFile", "setting.open_file");
+    connect(m_openAction, &QAction::triggered, this, &MRVSettingController::openSettingsFile);
     m_restoreAction = add("restoreEarlierFile", "setting.restore_earlier");
     connect(m_restoreAction, &QAction::triggered, this, &MRVSettingController::restoreEarlierFile);
     menu.addSeparator();
@@ -222,7 +230,7 @@ void MRVSettingController::takeCard(LoadedSettings loaded)
     m_card = std::move(loaded.card);
     // What the user has already chosen is worth more than what a card holds that came later. It may stand in
     // the tab's controls alone.
-    if (loaded.wasRead && !m_touched) {
+    if (loaded.wasRead && !m_touched && !m_openedFile) {
         m_FileData = m_unchanged = loaded.record;
         if (m_targetController)
             m_targetController->setFileData(&m_FileData);
@@ -239,6 +247,7 @@ void MRVSettingController::setTabEnabled(bool enabled)
     m_saveButton->setEnabled(enabled);
     m_resetButton->setEnabled(enabled);
     m_restoreAction->setEnabled(enabled);
+    m_openAction->setEnabled(enabled);
     lookForCardAgain();
 }
 
@@ -246,9 +255,10 @@ void MRVSettingController::updateWindowTitle()
 {
     const QString title = localised("setting.window_title");
     const QString version = QStringLiteral(MARVO_VERSION);
-    if (m_card.m_SettingFilePath) {
-        setWindowTitle(
-            QStringLiteral("%1[Ver %2] : %3").arg(title, version, displayText(*m_card.m_SettingFilePath)));
+    const auto& path = m_openedFile ? m_openedFile : m_card.m_SettingFilePath;
+    m_noticeLabel->setVisible(!path && m_loaded);
+    if (path) {
+        setWindowTitle(QStringLiteral("%1[Ver %2] : %3").arg(title, version, displayText(*path)));
     } else {
         setWindowTitle(QStringLiteral("%1[Ver %2]").arg(title, version));
     }
@@ -353,13 +363,15 @@ void MRVSettingController::onSave()
     }
     populate();
     sealFileData(m_FileData);
+    if (m_openedFile)
+        return writeTo(*m_openedFile, m_FileData, SaveTarget::Chosen);
     setTabEnabled(false);
     m_findDestination.start(
         [disks = &m_disks, card = m_card](const LatestRun&) { return saveDestination(*disks, card); },
         [this, record = m_FileData](const std::optional<std::string>& destination) {
             setTabEnabled(true);
             if (destination)
-                writeTo(*destination, record);
+                writeTo(*destination, record, SaveTarget::FoundCard);
             else
                 askWhereToSave(record);
         });
@@ -374,16 +386,17 @@ void MRVSettingController::askWhereToSave(const _FILEDATA& record)
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(QString::fromLatin1(settingsFileName));
     // A card that is put in meanwhile may bring another record into the window.
-    connect(dialog, &QFileDialog::fileSelected, this,
-            [this, record](const QString& path) { writeTo(QFile::encodeName(path).toStdString(), record); });
+    connect(dialog, &QFileDialog::fileSelected, this, [this, record](const QString& path) {
+        writeTo(QFile::encodeName(path).toStdString(), record, SaveTarget::Chosen);
+    });
     dialog->open();
 }
 
-void MRVSettingController::writeTo(const std::string& path, const _FILEDATA& record)
+void MRVSettingController::writeTo(const std::string& path, const _FILEDATA& record, SaveTarget target)
 {
     setTabEnabled(false);
-    m_write.start([record, path, backups = m_backups](
-                      const LatestRun&) mutable { return saveToCard(record, path, backups); },
+    m_write.start([record, path, target, backups = m_backups](
+                      const LatestRun&) mutable { return saveToFile(record, path, target, backups); },
                   [this, path, speedUnit = record.speedUnit](const std::optional<QString>& error) {
                       saved(path, speedUnit, error);
                   });
@@ -500,6 +513,49 @@ void MRVSettingController::useEarlierFile(const std::string& path)
     m_FileData = earlier;
     if (m_targetController)
         m_targetController->setFileData(&m_FileData);
+}
+
+void MRVSettingController::openSettingsFile()
+{
+    const auto choose = [this] {
+        auto* dialog = new QFileDialog(this, localised("setting.open_file"));
+        dialog->setObjectName(QStringLiteral("openSettingsDialog"));
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->setFileMode(QFileDialog::ExistingFile);
+        dialog->setNameFilter(QStringLiteral("%1 (*.bin)").arg(localised("setting.file")));
+        connect(dialog, &QFileDialog::fileSelected, this, &MRVSettingController::readOpenedFile);
+        dialog->open();
+    };
+    if (hasUnsavedChanges())
+        askAboutUnsavedChanges(
+            *this, [this] { onSave(); }, choose);
+    else
+        choose();
+}
+
+void MRVSettingController::readOpenedFile(const QString& file)
+{
+    const std::string path = QFile::encodeName(file).toStdString();
+    setTabEnabled(false);
+    m_open.start([path](const LatestRun&) { return readWholeFile(path); },
+                 [this, path](const std::optional<_FILEDATA>& record) {
+                     setTabEnabled(true);
+                     if (record)
+                         editOpenedFile(path, *record);
+                     else
+                         showMessageSheet(this, QStringLiteral("MARVO"),
+                                          localised("msg.no_settings_file").arg(displayText(path)));
+                 });
+}
+
+void MRVSettingController::editOpenedFile(const std::string& path, const _FILEDATA& record)
+{
+    m_openedFile = path;
+    m_FileData = m_unchanged = record;
+    if (m_targetController)
+        m_targetController->setFileData(&m_FileData);
+    m_touched = false;
+    updateWindowTitle();
 }
 
 void MRVSettingController::showLoading(const QString& title) { m_loadingSheet->showLoading(title); }

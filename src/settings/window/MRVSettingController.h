@@ -17,6 +17,7 @@
 #include <optional>
 
 class QAction;
+class QLabel;
 class QMenu;
 class QPushButton;
 
@@ -93,8 +94,11 @@ private:
     void setTabEnabled(bool enabled);
     bool hasUnsavedChanges();
     void askWhereToSave(const _FILEDATA& record);
-    void writeTo(const std::string& path, const _FILEDATA& record);
+    void writeTo(const std::string& path, const _FILEDATA& record, SaveTarget target);
     void saved(const std::string& path, std::uint32_t speedUnit, const std::optional<QString>& error);
+    void openSettingsFile();
+    void readOpenedFile(const QString& file);
+    void editOpenedFile(const std::string& path, const _FILEDATA& record);
     void restoreEarlierFile();
     void useEarlierFile(const std::string& path);
 
@@ -103,12 +107,14 @@ private:
     Latest<std::optional<LoadedSettings>> m_look{this};
     Latest<std::optional<std::string>> m_findDestination{this};
     Latest<std::optional<QString>> m_write{this};
+    Latest<std::optional<_FILEDATA>> m_open{this};
     const SettingsTabTable& m_tabTable;
     viewControllerForMRVSettingDelegate* m_delegate;
     InterfaceLanguage m_language = interfaceLanguage(); ///< of the defaults
     _FILEDATA m_FileData{};
     _FILEDATA m_unchanged{}; ///< the record as it was read or last written
     SelectedCard m_card;
+    std::optional<std::string> m_openedFile; ///< chosen by the user in place of a card's
     SettingsBackups m_backups;
     std::vector<SettingsTab> m_tabs;             ///< of the segments now offered
     QHash<QString, SettingsTabView*> m_keptTabs; ///< by the key of their label
@@ -119,7 +125,9 @@ private:
     bool m_volumesChanged = false; ///< since the card was looked for
 
     SegmentedControl* m_functionSegmentedControl = nullptr;
+    QAction* m_openAction = nullptr;
     QAction* m_restoreAction = nullptr;
+    QLabel* m_noticeLabel = nullptr;
     QPushButton* m_saveButton = nullptr;
     QPushButton* m_resetButton = nullptr;
     QList<QWidget*> m_buttonsInOrder; ///< those below the tab, as they stand

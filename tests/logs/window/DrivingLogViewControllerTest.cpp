@@ -277,6 +277,9 @@ private Q_SLOTS:
         QCOMPARE(ask(*map, car), QVariant(QString())); // all of the way is in view
         QTest::mouseClick(&part<QCheckBox>("wayBox"), Qt::LeftButton, {}, QPoint(8, 8));
         QTRY_COMPARE_WITH_TIMEOUT(ask(*map, way).toInt(), 0, 10'000);
+        QTest::mouseClick(&part<QCheckBox>("wayBox"), Qt::LeftButton, {}, QPoint(8, 8));
+        map->window()->close();
+        QVERIFY(!part<QCheckBox>("wayBox").isChecked());
 
         logLines.clear();
         QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, QPoint(20, table().height() - 60));

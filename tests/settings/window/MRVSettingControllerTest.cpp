@@ -367,6 +367,55 @@ private Q_SLOTS:
         QCOMPARE(voltage.currentIndex(), before);
     }
 
+    void aFileOfTheUsersIsEditedInPlace()
+    {
+        const QByteArray card = bytesOf(configPath());
+        const std::string real = m_card->path("copy.bin"), link = m_card->path("link.bin");
+        writeBytes(real, card);
+        QVERIFY(::symlink(real.c_str(), link.c_str()) == 0);
+        const auto open = [this](const std::string& path) {
+            m_window->findChild<QAction*>(QStringLiteral("openSettingsFile"))->trigger();
+            auto* dialog = m_window->findChild<QFileDialog*>(QStringLiteral("openSettingsDialog"));
+            QVERIFY(dialog);
+            Q_EMIT dialog->fileSelected(QFile::decodeName(path.c_str()));
+            dialog->reject();
+        };
+        openWindow();
+        QVERIFY(!control(*m_window, "noticeLabel").isVisible());
+        writeBytes(m_card->path("short.bin"), card.chopped(1));
+        open(m_card->path("short.bin"));
+        QTRY_VERIFY(message());
+        message()->accept();
+        QVERIFY(m_window->windowTitle().endsWith(QLatin1String("config.bin")));
+        open(link);
+        QTRY_VERIFY(m_window->windowTitle().endsWith(QLatin1String("link.bin")));
+        clickItem(*m_window, "functionSegmentedControl", Gps);
+        clickItem(*m_window, "speedDisplayUnitSeg", 0);
+        Q_EMIT m_disks->volumesChanged();
+        QVERIFY(save().endsWith(QLatin1String("link.bin")));
+        QVERIFY(bytesOf(real) != card);
+        QVERIFY(QFileInfo(QFile::decodeName(link.c_str())).isSymLink());
+        QCOMPARE(bytesOf(configPath()), card);
+    }
+
+    void aCardsFolderThatGoesAndComesIsNoticed()
+    {
+        m_disks = std::make_unique<FolderDisks>(m_card->path("reader"));
+        openWindow();
+        QVERIFY(control(*m_window, "noticeLabel").isVisible());
+        for (const bool there : {true, false, true}) {
+            if (there) {
+                m_card->makeFolder("new");
+                writeBytes(m_card->path("new/config.bin"), bytesOf(configPath()));
+                std::filesystem::rename(m_card->path("new"), m_card->path("reader"));
+            } else {
+                std::filesystem::remove_all(m_card->path("reader"));
+            }
+            QTRY_COMPARE(m_window->windowTitle().contains(QLatin1String("config.bin")), there);
+        }
+        QVERIFY(!control(*m_window, "noticeLabel").isVisible());
+    }
+
     void returnSavesFromAField()
     {
         openWindow();
