@@ -10,6 +10,8 @@
     <message id="capture.save.cancel"><source></source><translation>Cancel</translation></message>
     <message id="capture.save.allFiles"><source></source><translation>All files (*)</translation></message>
     <message id="capture.save.taken"><source></source><translation>“%1” exists already and will be left as it is. Choose another name.</translation></message>
+    <message id="capture.only_playing"><source></source><translation>A picture can be saved while the recording plays.</translation></message>
+    <message id="print.no_file"><source></source><translation>Nothing is made when the printer is a file. Use “Save picture…” for a file.</translation></message>
     <message id="print.title"><source></source><translation>Print picture</translation></message>
 </context>
 </TS>

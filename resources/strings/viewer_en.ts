@@ -66,6 +66,8 @@
     <message id="viewer.command.volumeUp"><source></source><translation>Louder</translation></message>
     <message id="viewer.command.sizeDown"><source></source><translation>Smaller window</translation></message>
     <message id="viewer.command.sizeUp"><source></source><translation>Larger window</translation></message>
+    <message id="viewer.command.keepProportions"><source></source><translation>Keep proportions</translation></message>
+    <message id="viewer.keepProportionsTip"><source></source><translation>The picture is not stretched; dark bars stand beside it where it does not fill the area.  (A)</translation></message>
     <message id="viewer.command.keepWindow"><source></source><translation>Keep the window as it is</translation></message>
     <message id="viewer.keepWindowTip"><source></source><translation>When the next recording follows by itself, window size and full screen stay.</translation></message>
     <message id="viewer.command.toggleFullScreen"><source></source><translation>Full screen</translation></message>

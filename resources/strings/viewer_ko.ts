@@ -66,6 +66,8 @@
     <message id="viewer.command.volumeUp"><source></source><translation>음량 키우기</translation></message>
     <message id="viewer.command.sizeDown"><source></source><translation>창 작게</translation></message>
     <message id="viewer.command.sizeUp"><source></source><translation>창 크게</translation></message>
+    <message id="viewer.command.keepProportions"><source></source><translation>화면 비율 유지</translation></message>
+    <message id="viewer.keepProportionsTip"><source></source><translation>영상을 늘이지 않습니다. 남는 자리는 검게 표시됩니다.  (A)</translation></message>
     <message id="viewer.command.keepWindow"><source></source><translation>창 상태 유지</translation></message>
     <message id="viewer.keepWindowTip"><source></source><translation>다음 녹화가 이어서 재생될 때 창 크기와 전체 화면을 그대로 둡니다.</translation></message>
     <message id="viewer.command.toggleFullScreen"><source></source><translation>전체 화면</translation></message>

@@ -5,6 +5,10 @@
 #include "capture/CaptureController.h"
 #include "capture/PrintController.h"
 #include "platform/CupsPrinting.h"
+#include "playback/MediaPlayer.h"
+#include "texts/Localisation.h"
+
+#include <QAction>
 
 #include <utility>
 
@@ -16,7 +20,7 @@ constexpr std::chrono::seconds saveTimeout{5};
 
 } // namespace
 
-CaptureCommands::CaptureCommands(QWidget& window, const MediaPlayer& player,
+CaptureCommands::CaptureCommands(QWidget& window, MediaPlayer& player,
                                  std::function<CaptureSnapshots::Shown()> shown,
                                  const std::string& capturePath)
     : m_snapshots(std::move(shown), m_workers, capturePath),
@@ -30,6 +34,17 @@ CaptureCommands::~CaptureCommands()
     m_print.reset();
     m_capture.reset();
     m_workers.waitForAll(saveTimeout);
+}
+
+void CaptureCommands::follow(QAction& captureVideo, const MediaPlayer& player)
+{
+    const auto update = [&captureVideo, &player, tip = captureVideo.toolTip()] {
+        captureVideo.setEnabled(player.isPlaying());
+        captureVideo.setToolTip(
+            player.isPlaying() ? tip : tip + QLatin1Char('\n') + localised("capture.only_playing"));
+    };
+    QObject::connect(&player, &MediaPlayer::stateChanged, &captureVideo, update);
+    update();
 }
 
 } // namespace marvo

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+class QAction;
 class QWidget;
 
 namespace marvo {
@@ -23,10 +24,13 @@ class CaptureCommands
 public:
     /// None is owned; all outlive this object. The path is that of the picture that was captured or printed
     /// last.
-    CaptureCommands(QWidget& window, const MediaPlayer& player,
-                    std::function<CaptureSnapshots::Shown()> shown, const std::string& capturePath);
+    CaptureCommands(QWidget& window, MediaPlayer& player, std::function<CaptureSnapshots::Shown()> shown,
+                    const std::string& capturePath);
     /// Waits, some seconds at most, for a picture that is still being saved or sent to a printer.
     ~CaptureCommands();
+
+    /// Enables a command while its work can be done, and tells in its tool tip why not.
+    void follow(QAction& captureVideo, const MediaPlayer& player);
 
     CaptureController& capture() const { return *m_capture; }
     PrintController& printing() const { return *m_print; }

@@ -12,7 +12,7 @@
 
 namespace marvo {
 
-CaptureController::CaptureController(QWidget& window, const MediaPlayer& player, CaptureSnapshots& snapshots,
+CaptureController::CaptureController(QWidget& window, MediaPlayer& player, CaptureSnapshots& snapshots,
                                      DetachedWorkers& workers)
     : m_window(window), m_player(player), m_snapshots(snapshots), m_workers(workers)
 {}
@@ -27,6 +27,12 @@ void CaptureController::captureVideo()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QFileDialog::fileSelected, this,
             [this, snapshot](const QString& path) { save(snapshot, QFile::encodeName(path).toStdString()); });
+    // The film waits: otherwise it would be elsewhere when the dialog closes.
+    m_player.pause();
+    connect(dialog, &QDialog::finished, this, [this, path = m_player.mediaPath()] {
+        if ((m_player.isPaused() || m_player.isPlaying()) && m_player.mediaPath() == path)
+            m_player.play();
+    });
     dialog->setWindowModality(Qt::ApplicationModal);
     dialog->show();
 }
@@ -38,7 +44,7 @@ void CaptureController::save(const Snapshot& snapshot, const std::string& target
         if (const std::error_code error = file.copyTo(target))
             logLine("cannot save the captured picture as " + target + ": " + error.message());
     });
-    // The viewer may run for hours, and nobody shall wait for that, nor it for a slow card.
+    // The picture's program may run for hours.
     DetachedWorkers().start([snapshot] {
         const CaptureFile& file = *snapshot.get();
         if (file.descriptor() < 0) // what has that name, if anything, is not ours

@@ -20,7 +20,7 @@ class CaptureController : public QObject
     Q_OBJECT
 public:
     /// None is owned; all outlive this object.
-    CaptureController(QWidget& window, const MediaPlayer& player, CaptureSnapshots& snapshots,
+    CaptureController(QWidget& window, MediaPlayer& player, CaptureSnapshots& snapshots,
                       DetachedWorkers& workers);
 
     /// Only while the player plays: writes a snapshot and asks where to save it.
@@ -30,7 +30,7 @@ private:
     void save(const Snapshot& snapshot, const std::string& target);
 
     QWidget& m_window;
-    const MediaPlayer& m_player;
+    MediaPlayer& m_player;
     CaptureSnapshots& m_snapshots;
     DetachedWorkers& m_workers;
 };

@@ -7,6 +7,8 @@
 #include "texts/Localisation.h"
 #include "workers/DetachedWorkers.h"
 
+#include <QBoxLayout>
+#include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -45,6 +47,11 @@ void PrintController::print()
     m_printPanel->setAttribute(Qt::WA_DeleteOnClose);
     m_printPanel->setWindowTitle(localised("print.title"));
     m_printPanel->setOption(QAbstractPrintDialog::PrintShowPageSize);
+    auto* hint = new QLabel(localised("print.no_file"), m_printPanel);
+    hint->setObjectName(QStringLiteral("printHint"));
+    hint->setWordWrap(true);
+    if (auto* rows = qobject_cast<QBoxLayout*>(m_printPanel->layout()))
+        rows->insertWidget(0, hint);
     connect(m_printPanel, &QDialog::finished, this,
             [this, panel = m_printPanel.data(), snapshot](int result) {
                 printPanelDidEnd(panel, result, snapshot);

@@ -4,6 +4,9 @@
 
 #include <QPointer>
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace marvo {
@@ -28,7 +31,7 @@ void MapScriptChannel::newRecording()
     m_way.clear();
     m_driven.clear();
     m_message.clear();
-    for (const Kind kind : {Kind::Way, Kind::Driven, Kind::Message, Kind::Position})
+    for (const Kind kind : {Kind::Way, Kind::Driven, Kind::Break, Kind::Message, Kind::Position})
         withdraw(kind);
     post(Kind::Recording, mapStatement::newRecording());
 }
@@ -52,6 +55,14 @@ void MapScriptChannel::setLatLag(const MapPoint& point)
     post(Kind::Position, mapStatement::setLatLag(point));
 }
 
+void MapScriptChannel::breakWay()
+{
+    if (m_driven.isEmpty() || std::isnan(m_driven.constLast().longitude))
+        return;
+    m_driven.append({std::numeric_limits<double>::quiet_NaN(), 0});
+    post(Kind::Break, mapStatement::breakDriven());
+}
+
 void MapScriptChannel::debug(const QString& message)
 {
     m_message = mapStatement::debug(message);
@@ -66,8 +77,10 @@ void MapScriptChannel::pageReady()
         m_pending.append({Kind::Way, mapStatement::setWay(m_way)});
     if (m_driven.size() > 1)
         m_pending.append({Kind::Driven, mapStatement::restoreDriven(m_driven)});
-    if (!m_driven.isEmpty())
-        m_pending.append({Kind::Position, mapStatement::setLatLag(m_driven.constLast())});
+    const auto last = std::find_if(m_driven.crbegin(), m_driven.crend(),
+                                   [](const MapPoint& point) { return !std::isnan(point.longitude); });
+    if (last != m_driven.crend())
+        m_pending.append({Kind::Position, mapStatement::setLatLag(*last)});
     if (!m_message.isEmpty())
         m_pending.append({Kind::Message, m_message});
     // Last, so that no tiles are asked for of a place that is left at once.

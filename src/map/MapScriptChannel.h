@@ -33,6 +33,8 @@ public:
     void follow();
     void setWay(const QList<MapPoint>& points);
     void setLatLag(const MapPoint& point);
+    /// The next position does not follow from the one before: no line is drawn between them.
+    void breakWay();
     void debug(const QString& message);
 
     /// A page has loaded: it is told what the map shows, then whatever changes.
@@ -41,7 +43,7 @@ public:
     void pageLost();
 
 private:
-    enum class Kind { Tiles, Recording, Follow, Way, Driven, Message, Position };
+    enum class Kind { Tiles, Recording, Follow, Way, Driven, Break, Message, Position };
     struct Pending
     {
         Kind kind;
@@ -61,8 +63,8 @@ private:
     // What the map shows.
     QString m_tiles;
     QList<MapPoint> m_way;
-    QList<MapPoint> m_driven;
-    QString m_message; ///< the statement; empty once a position has come after it
+    QList<MapPoint> m_driven; ///< broken by points that are not finite
+    QString m_message;        ///< the statement; empty once a position has come after it
 };
 
 } // namespace marvo

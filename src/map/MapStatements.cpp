@@ -4,6 +4,8 @@
 
 #include "support/FixedText.h"
 
+#include <QStringList>
+
 #include <cmath>
 #include <optional>
 
@@ -26,19 +28,21 @@ QString quoted(const QString& text)
     return literal + u'\'';
 }
 
-QString pointList(const QList<MapPoint>& points)
+enum class NotFinite { LeftOut, Break };
+
+QString pointList(const QList<MapPoint>& points, NotFinite notFinite = NotFinite::LeftOut)
 {
-    QString list = QStringLiteral("[");
+    QStringList list;
     std::optional<MapPoint> last;
     for (const MapPoint& point : points) {
-        if (!std::isfinite(point.longitude) || !std::isfinite(point.latitude) || last == point)
+        const bool isFinite = std::isfinite(point.longitude) && std::isfinite(point.latitude);
+        if (last == point || (!isFinite && (notFinite == NotFinite::LeftOut || !last)))
             continue;
-        if (last)
-            list += u',';
-        list += QString::asprintf("[%.6f,%.6f]", point.longitude, point.latitude);
-        last = point;
+        list += isFinite ? QString::asprintf("[%.6f,%.6f]", point.longitude, point.latitude)
+                         : QStringLiteral("null");
+        last = isFinite ? std::optional(point) : std::nullopt;
     }
-    return list + u']';
+    return u'[' + list.join(u',') + u']';
 }
 
 } // namespace
@@ -59,8 +63,10 @@ QString setWay(const QList<MapPoint>& points)
 
 QString restoreDriven(const QList<MapPoint>& points)
 {
-    return QStringLiteral("marvoMap.restoreDriven(%1)").arg(pointList(points));
+    return QStringLiteral("marvoMap.restoreDriven(%1)").arg(pointList(points, NotFinite::Break));
 }
+
+QString breakDriven() { return QStringLiteral("marvoMap.breakDriven()"); }
 
 QString newRecording() { return QStringLiteral("marvoMap.newRecording()"); }
 

@@ -29,7 +29,10 @@ QString debug(const QString& message);
 /// Points that are not finite are left out, and points that repeat the one before them.
 QString setWay(const QList<MapPoint>& points);
 
-/// The way driven so far, for a page that had to be loaded again.
+/// The car goes on elsewhere: no line leads there.
+QString breakDriven();
+
+/// The way driven so far, for a page that had to be loaded again; it breaks at a point that is not finite.
 QString restoreDriven(const QList<MapPoint>& points);
 
 /// Another recording begins: the page forgets the car and its ways.

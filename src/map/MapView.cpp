@@ -81,6 +81,8 @@ void MapView::MRVDebug(const QString& message) { m_channel.debug(message); }
 
 void MapView::newRecording() { m_channel.newRecording(); }
 
+void MapView::breakWay() { m_channel.breakWay(); }
+
 void MapView::follow() { m_channel.follow(); }
 
 void MapView::setWay(const QList<MapPoint>& points) { m_channel.setWay(points); }

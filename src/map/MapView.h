@@ -42,6 +42,8 @@ public:
 
     /// Another recording begins: the car and the ways of the one before go.
     void newRecording();
+    /// No line leads to the next position.
+    void breakWay();
 
     /// The map shows the position again, and goes with it, after the person has dragged it elsewhere.
     void follow();

@@ -144,8 +144,7 @@ void PlaybackController::didStartPlayer()
     m_playInfo.setSpeed(static_cast<double>(m_player.rate()));
     m_playInfo.setIsPlaying(isPlaying());
     chooseAudioAuto();
-    if (m_playInfo.scale() == 0 && m_player.hasVideoOut() && m_player.videoSize().width() > 0)
-        updatePlayInfoScale();
+    updatePlayInfoScale(); // this film may have another size than the one before
     if (isPlayersRow(m_mediaIndex))
         m_host.markPlayable(m_mediaIndex);
 }
@@ -228,12 +227,12 @@ void PlaybackController::startTimerPlayNext() { m_playStopTimer.start(m_timings.
 
 void PlaybackController::timerPlayNext()
 {
-    if (m_preparingPlayNext || !isAtEnd())
+    if (m_preparingPlayNext || !isAtEnd() || !m_host.mayFollow())
         return;
     m_preparingPlayNext = true;
     after(m_timings.playNextMs, [this] {
         // Not when the user has gone back meanwhile, nor into a list that the recording does not come from.
-        if (isAtEnd() && isPlayersRow(m_mediaIndex))
+        if (isAtEnd() && isPlayersRow(m_mediaIndex) && m_host.mayFollow())
             playNext();
         else
             m_preparingPlayNext = false;

@@ -45,6 +45,9 @@ public:
     virtual void resetDataFields() = 0;
     virtual void updateSideViewButton() = 0;
 
+    /// False while a dialog of the user's is open: no recording starts by itself behind it.
+    virtual bool mayFollow() const { return true; }
+
     virtual QRect windowFrame() const = 0;
     virtual QRect screenFrame() const = 0;
     virtual QSize minWindowSize() const = 0; ///< 1020 x 640

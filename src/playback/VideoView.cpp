@@ -5,9 +5,14 @@
 #include <QPainter>
 #include <QPaintEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace marvo {
+
+namespace {
+constexpr double unseenStretch = 0.04; // nobody sees less
+} // namespace
 
 VideoView::VideoView(QWidget* parent) : QWidget(parent)
 {
@@ -17,8 +22,29 @@ VideoView::VideoView(QWidget* parent) : QWidget(parent)
 void VideoView::setFrame(VideoFrame frame)
 {
     m_frame = std::move(frame);
+    if (const QSize size = m_frame.size(); !size.isEmpty())
+        m_frameSize = size;
     m_hasChanged = true;
     update();
+}
+
+void VideoView::setKeepsProportions(bool keeps)
+{
+    if (std::exchange(m_keepsProportions, keeps) != keeps)
+        update();
+}
+
+QRect VideoView::pictureRect() const
+{
+    const QSizeF picture(m_frameSize);
+    if (!m_keepsProportions || picture.isEmpty() || size().isEmpty())
+        return rect();
+    const double wider = picture.width() * height() / (picture.height() * width());
+    if (std::max(wider, 1 / wider) <= 1 + unseenStretch)
+        return rect();
+    QRect place({}, picture.scaled(size(), Qt::KeepAspectRatio).toSize());
+    place.moveCenter(rect().center());
+    return place;
 }
 
 VideoFrame VideoView::takeFrame() { return std::exchange(m_frame, VideoFrame()); }
@@ -26,7 +52,8 @@ VideoFrame VideoView::takeFrame() { return std::exchange(m_frame, VideoFrame());
 void VideoView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    const QSizeF onScreen = QSizeF(size()) * devicePixelRatioF();
+    const QRect place = pictureRect();
+    const QSizeF onScreen = QSizeF(place.size()) * devicePixelRatioF();
     const QSize pixels = onScreen.toSize();
     // What lies over the picture has the view painted as well, with the frame that it has shown already.
     if (std::exchange(m_hasChanged, false) || m_paintedFor != pixels)
@@ -37,7 +64,9 @@ void VideoView::paintEvent(QPaintEvent* event)
         return;
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform, QSizeF(m_picture->size()) != onScreen);
-    painter.drawImage(rect(), *m_picture);
+    painter.drawImage(place, *m_picture);
+    for (const QRect& bar : QRegion(rect()) - place)
+        painter.fillRect(bar, Qt::black);
 }
 
 } // namespace marvo

@@ -85,6 +85,7 @@ void MRVAppDelegate::awakeFromNib()
                                                           m_player1->timeMs(), m_blackBoxData, m_speedUnit)};
         },
         m_configuration.capturePath);
+    m_captureCommands->follow(*m_commands->action(Command::CaptureVideo), *m_player1);
     m_folderStatus = std::make_unique<FolderStatus>(*m_views, m_mediaList, m_recordings);
 
     const QString bar = QStringLiteral("bottom-background");
@@ -189,13 +190,9 @@ void MRVAppDelegate::connectCommands()
     on(Command::ClickMapViewButton, this, &MRVAppDelegate::clickMapViewButton);
     on(Command::CloseWindow, this, &MRVAppDelegate::closeWindow);
     on(Command::Quit, this, &MRVAppDelegate::closeWindow);
-    QAction* keepWindow = m_commands->action(Command::KeepWindow);
-    const QString keepWindowKey = QStringLiteral("keepWindow");
-    connect(keepWindow, &QAction::toggled, playback, [playback, keepWindowKey](bool keeps) {
-        playback->setKeepsWindow(keeps);
-        QSettings().setValue(keepWindowKey, keeps);
-    });
-    keepWindow->setChecked(QSettings().value(keepWindowKey).toBool());
+    remember(Command::KeepWindow, "keepWindow", [playback](bool keeps) { playback->setKeepsWindow(keeps); });
+    remember(Command::KeepProportions, "keepProportions",
+             [view = m_views->video1View](bool keeps) { view->setKeepsProportions(keeps); });
     auto* languages = new LanguageMenu(m_commands->menu());
     m_commands->insertLanguages(*languages);
     connect(languages, &LanguageMenu::languageChosen, this, [this] {
@@ -203,6 +200,17 @@ void MRVAppDelegate::connectCommands()
     });
     connect(m_views->headBox, &HeadBox::minimiseClicked, m_window.get(), &QWidget::showMinimized);
     connect(m_views->headBox, &HeadBox::zoomRequested, m_window.get(), &CustomWindow::toggleZoom);
+}
+
+/// A choice of the menu that holds at the next start, too.
+void MRVAppDelegate::remember(Command command, const char* key, const std::function<void(bool)>& apply)
+{
+    QAction* action = m_commands->action(command);
+    connect(action, &QAction::toggled, this, [apply, key](bool on) {
+        apply(on);
+        QSettings().setValue(QLatin1StringView(key), on);
+    });
+    action->setChecked(QSettings().value(QLatin1StringView(key)).toBool());
 }
 
 void MRVAppDelegate::openMediaDirectoryDialog()

@@ -18,6 +18,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -31,6 +32,7 @@ class FolderCommands;
 class FolderStatus;
 class MainViews;
 class MainWindowCommands;
+enum class Command;
 class MainWindowPlaybackHost;
 class PlaybackController;
 class PlaybackViews;
@@ -115,6 +117,7 @@ Q_SIGNALS:
 private:
     void setupInitialValues();
     void connectCommands();
+    void remember(Command command, const char* key, const std::function<void(bool)>& apply);
     void mediaListChanged();
     void cardSettingsKnown(const _FILEDATA& record);
     void setMileDisplay(bool miles);

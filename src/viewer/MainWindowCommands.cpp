@@ -33,8 +33,8 @@ const std::vector<MenuSection>& menuTable()
          {ChangeAndPlay, ClickPlayButton, JumpBackward, JumpForward, DecreaseSpeed, IncreaseSpeed}},
         {"viewer.menu.sound", {VolumeDown, VolumeUp}},
         {"viewer.menu.view",
-         {ClickMediaListViewButton, ClickMapViewButton, FindRecording, SizeDown, SizeUp, KeepWindow,
-          ToggleFullScreen}},
+         {ClickMediaListViewButton, ClickMapViewButton, FindRecording, SizeDown, SizeUp, KeepProportions,
+          KeepWindow, ToggleFullScreen}},
         {nullptr, {CloseWindow, Quit}},
     };
     return table;
@@ -66,7 +66,13 @@ const std::vector<CommandRow>& commandTable()
         {SizeDown, "sizeDown", {key(Qt::Key_Minus)}},
         // The plus sign shares its key with the equals sign on many keyboards.
         {SizeUp, "sizeUp", {key(Qt::Key_Plus), key(Qt::Key_Equal)}},
-        {KeepWindow, "keepWindow", {}, Once, CommandRow::Kind::Toggles},
+        {KeepWindow, "keepWindow", {}, Once, CommandRow::Kind::Toggles, "viewer.keepWindowTip"},
+        {KeepProportions,
+         "keepProportions",
+         {key(Qt::Key_A)},
+         Once,
+         CommandRow::Kind::Toggles,
+         "viewer.keepProportionsTip"},
         {ToggleFullScreen, "toggleFullScreen", {key(Qt::Key_F), key(Qt::Key_F11)}},
         {ClickMediaListViewButton, "clickMediaListViewButton", {key(Qt::Key_L)}},
         {ClickMapViewButton, "clickMapViewButton", {key(Qt::Key_M)}},
@@ -95,8 +101,8 @@ MainWindowCommands::MainWindowCommands(QWidget& window) : QObject(&window), m_me
         const QString name = title.endsWith(QChar(0x2026)) ? title.chopped(1) : title; // "Open folder…"
         const QString keyText =
             row.shortcuts.empty() ? QString() : row.shortcuts.front().toString(QKeySequence::NativeText);
-        action->setToolTip(keyText.isEmpty() ? localised("viewer.keepWindowTip")
-                                             : QStringLiteral("%1  (%2)").arg(name, keyText));
+        action->setToolTip(row.tipKey ? localised(row.tipKey)
+                                      : QStringLiteral("%1  (%2)").arg(name, keyText));
         window.addAction(action);
         m_actions.push_back(action);
     }

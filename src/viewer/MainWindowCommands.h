@@ -33,6 +33,7 @@ enum class Command {
     SizeDown,
     SizeUp,
     KeepWindow,
+    KeepProportions,
     ToggleFullScreen,
     ClickMediaListViewButton,
     ClickMapViewButton,
@@ -53,6 +54,7 @@ struct CommandRow
     std::vector<QKeySequence> shortcuts; ///< may be none
     Repeat repeat = Repeat::Once;
     Kind kind = Kind::Does;
+    const char* tipKey = nullptr; ///< of a tool tip other than name and key
 };
 
 const std::vector<CommandRow>& commandTable();

@@ -19,6 +19,7 @@
 #include "viewer/TKVideoBackgroundImageView.h"
 #include "viewer/VideoNotice.h"
 
+#include <QApplication>
 #include <QScreen>
 
 #include <utility>
@@ -91,6 +92,8 @@ void MainWindowPlaybackHost::extractionFinished() { m_dataPanel.extractionFinish
 void MainWindowPlaybackHost::resetDataFields() { m_dataPanel.resetDataFields(); }
 
 void MainWindowPlaybackHost::updateSideViewButton() { m_updateSideViewButton(); }
+
+bool MainWindowPlaybackHost::mayFollow() const { return QApplication::activeModalWidget() == nullptr; }
 
 QRect MainWindowPlaybackHost::windowFrame() const { return m_views.window.frame(); }
 

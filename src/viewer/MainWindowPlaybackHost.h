@@ -38,6 +38,7 @@ public:
     void extractionFinished() override;
     void resetDataFields() override;
     void updateSideViewButton() override;
+    bool mayFollow() const override;
     QRect windowFrame() const override;
     QRect screenFrame() const override;
     QSize minWindowSize() const override;

@@ -248,6 +248,8 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(stage.player().isPlaying() && stage.player().timeMs() > 2300, 10'000);
         capture();
         QVERIFY(dialog() && dialog()->isModal());
+        QTRY_VERIFY(stage.player().isPaused()); // until the dialog closes
+        QVERIFY(!stage.action(Command::CaptureVideo)->isEnabled());
         answer(m_home.path("saved.png"));
         QTRY_VERIFY(std::filesystem::exists(m_home.path("saved.png")));
         QTRY_COMPARE(opened(), "1:" + configuration.capturePath + '\n');
@@ -265,6 +267,7 @@ private Q_SLOTS:
         // A file that exists stays, and the new picture is opened all the same.
         m_home.write("there.png", "old");
         log.clear();
+        QTRY_VERIFY(stage.player().isPlaying());
         capture();
         answer(m_home.path("there.png"));
         const std::string twice =
@@ -277,6 +280,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!dialog());
         std::filesystem::rename(m_home.path("shots"), m_home.path("away"));
         log.clear();
+        QTRY_VERIFY(stage.player().isPlaying());
         capture();
         answer(m_home.path("nothing.png"));
         QTRY_COMPARE(log.lines().size(), 3u); // written, saved, opened: none of them
@@ -284,10 +288,10 @@ private Q_SLOTS:
         QCOMPARE(opened(), twice);
         std::filesystem::rename(m_home.path("away"), m_home.path("shots"));
 
-        QTRY_VERIFY(!dialog());
+        QTRY_VERIFY(!dialog() && stage.player().isPlaying());
         capture();
         QTest::keyClick(dialog(), Qt::Key_Escape);
-        QTRY_VERIFY(!dialog());
+        QTRY_VERIFY(!dialog() && stage.player().isPlaying());
 
         stage.key(Qt::Key_Space);
         QTRY_VERIFY(stage.player().isPaused());

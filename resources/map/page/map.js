@@ -94,9 +94,10 @@ marvo.MapPage = class {
         this.adaptZoom();
     }
 
-    /// Streets can be read closely; without them a wider view says more.
+    /// The recording's own way fits, wherever on it the car is. Without one: streets can be read closely; without
+    /// them a wider view says more.
     get usualZoom() {
-        return this.streets ? 15 : 12;
+        return this.wayZoom || (this.streets ? 15 : 12);
     }
 
     adaptZoom() {
@@ -172,6 +173,10 @@ marvo.MapPage = class {
     setWay(points) {
         this.vehicle.setWay(points);
         const bounds = this.vehicle.way.getBounds();
+        this.wayZoom = bounds.isValid()
+            ? Math.max(3, Math.min(marvo.MapPage.closestZoom, this.map.getBoundsZoom(bounds.pad(0.5)))) : null;
+        if (this.following)
+            this.adaptZoom();
         if (!this.vehicle.position && bounds.isValid() && this.following && !this.zoomChosen) {
             this.zooming = true;
             this.map.fitBounds(bounds, {animate: false, maxZoom: this.usualZoom, padding: [30, 30]});
@@ -181,10 +186,15 @@ marvo.MapPage = class {
 
     newRecording() {
         this.vehicle.clear();
+        this.wayZoom = null;
+        this.located = false;
+        this.follow(true);
         this.notice.show('');
         this.showReadout();
     }
 };
+
+marvo.MapPage.closestZoom = 16;
 
 marvo.page = new marvo.MapPage();
 
@@ -212,13 +222,15 @@ var marvoMap = {
     setWay(points) { marvo.page.setWay(points); },
     /// Another recording begins: its way starts anew.
     newRecording() { marvo.page.newRecording(); },
+    /// The car goes on elsewhere: no line leads there.
+    breakDriven() { marvo.page.vehicle.breakDriven(); },
     /// Back to the car, wherever the person has dragged the map.
     follow() { marvo.page.follow(true); },
-    /// [[longitude, latitude], ...]: the way driven before the page had to be loaded again.
+    /// [[longitude, latitude], ...]: the way driven before the page had to be loaded again; null where it breaks.
     restoreDriven(points) {
         marvo.page.vehicle.restoreDriven(points
-            .map(([longitude, latitude]) => marvo.parsedPosition(longitude, latitude))
-            .filter((position) => position && !marvo.isNoFix(position)));
+            .map((point) => point && marvo.parsedPosition(...point))
+            .filter((position) => position === null || !marvo.isNoFix(position)));
     },
 };
 

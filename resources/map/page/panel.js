@@ -8,6 +8,7 @@ marvo.ReadoutControl = L.Control.extend({
 
     onAdd: function () {
         this._box = L.DomUtil.create('div', 'readout');
+        L.DomEvent.disableClickPropagation(this._box); // its text can be selected
         this._position = L.DomUtil.create('div', 'readout-position', this._box);
         this._place = L.DomUtil.create('div', 'readout-place', this._box);
         this._box.hidden = true;

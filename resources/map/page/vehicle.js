@@ -91,9 +91,18 @@ marvo.Vehicle = class {
         return true;
     }
 
+    breakDriven() {
+        this.last = null;
+        this.headingFrom = null;
+    }
+
     /// All at once what moveTo would have done one by one, but for showing the car.
     restoreDriven(positions) {
         for (const position of positions) {
+            if (!position) {
+                this.breakDriven();
+                continue;
+            }
             this.extendDriven(position);
             this.turnTo(position);
         }

@@ -10,6 +10,8 @@
 
 #include <QLabel>
 
+#include <utility>
+
 namespace marvo {
 
 namespace {
@@ -74,8 +76,19 @@ void DataPanelUpdater::updateGsensorUIByPlayPositon()
 
 void DataPanelUpdater::updateGpsUIByPlayPosition()
 {
+    if (hasJumped())
+        m_mapWebView.breakWay();
     if (!m_listsBeingWritten)
         show(gpsPanelAt(m_playInfo.position(), m_fixes, m_blackBoxData.m_NMEAs(), m_speedUnit));
+}
+
+/// Whether this moment follows from the one shown before by playing, or by a seek.
+bool DataPanelUpdater::hasJumped()
+{
+    constexpr double longestStepMs = 2000; // at the highest speed, when the machine is busy
+    const double nowMs = m_playInfo.position() * static_cast<double>(m_player.lengthMs());
+    const double stepMs = nowMs - std::exchange(m_shownMs, nowMs);
+    return stepMs < 0 || stepMs > longestStepMs;
 }
 
 void DataPanelUpdater::show(const GsensorPanel& panel)

@@ -46,9 +46,9 @@ public:
     /// The lists are there: the graph gets its samples and the map the whole route.
     void extractionFinished();
     void resetDataFields();
-    /// Holds from the next change of the position on.
     /// Shows the moment of the play state again, whether it has changed or not.
     void refresh();
+    /// Holds from the next change of the position on.
     void setSpeedUnit(SpeedUnit unit) { m_speedUnit = unit; }
 
     void updateGsensorUIByPlayPositon();
@@ -57,6 +57,7 @@ public:
 private:
     void show(const GsensorPanel& panel);
     void show(const GpsPanel& panel);
+    bool hasJumped();
 
     DataPanelFields m_fields;
     GraphView& m_graphView;
@@ -66,6 +67,7 @@ private:
     const MRVPlayInfo& m_playInfo;
     std::vector<_AVI_GPS_DATA_T> m_fixes; ///< the extractor's m_vGpsData, out of their atomic entries
     SpeedUnit m_speedUnit = SpeedUnit::Kilometres;
+    double m_shownMs = 0; ///< the moment shown last
     bool m_listsBeingWritten = false;
 };
 

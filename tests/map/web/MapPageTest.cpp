@@ -212,6 +212,10 @@ private Q_SLOTS:
         run("setLatLag('126.979361','37.573057')"); // 2.2 km: out of a tunnel; the way does not cut the
                                                     // corner
         QVERIFY(ask(map, driven, QStringLiteral("2,1")));
+        run("marvoMap.breakDriven()"); // a seek
+        run("setLatLag('126.979361','37.574057')");
+        QVERIFY(ask(map, driven, QStringLiteral("2,1,1")));
+        run("setLatLag('126.979361','37.573057')");
         run("setLatLag('0.000000','0.000000')"); // a receiver without a fix
         QVERIFY(ask(map, car, QStringLiteral("126.979361 37.573057")));
         QVERIFY(ask(map, notice, QStringLiteral("No GPS signal")));
@@ -258,6 +262,13 @@ private Q_SLOTS:
 
         QTest::mouseClick(web, Qt::LeftButton, {}, QPoint(308, 101)); // the follow button
         QVERIFY(ask(map, centre, QStringLiteral("126.9810 37.5500")));
+        ask(map, QStringLiteral("marvo.page.follow(false)"));
+        map.newRecording(); // it is followed again, at a zoom that shows all of its way
+        map.setWay({{126.980, 37.55}, {126.983, 37.55}});
+        map.setLatLag(126.983, 37.55);
+        QVERIFY(ask(map, centre, QStringLiteral("126.9830 37.5500")));
+        QVERIFY(ask(map, "marvo.page.map.getBounds().contains(marvo.page.vehicle.way.getBounds())", true));
+        QVERIFY(ask(map, "marvo.page.map.getZoom() >= 14", true));
     }
 
     void keysStayWithTheWindow()
