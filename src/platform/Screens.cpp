@@ -7,6 +7,7 @@
 #include <QLoggingCategory>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 #include <utility>
 
@@ -68,6 +69,19 @@ QScreen* screenWithDisplayID(quint32 id)
 
 ScreenAreas areasOf(const QScreen& screen) { return {screen.geometry(), screen.availableGeometry()}; }
 
+bool desktopPlacesWindows()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}
+
+void keepAbove(QWidget& window, const QWidget& below)
+{
+    if (!desktopPlacesWindows())
+        return;
+    window.winId(); // makes the window that has the property
+    window.windowHandle()->setTransientParent(below.window()->windowHandle());
+}
+
 void Presentation::setFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen)
 {
     const unsigned before = options();
@@ -88,7 +102,11 @@ void WindowStatePresentation::setOptions(QWidget& window, unsigned options)
 {
     m_options = options;
     qCDebug(logScreens, "presentation options %u on screen %u", options, displayID(*window.screen()));
-    Qt::WindowStates state = window.windowState() & ~Qt::WindowMaximized;
+    Qt::WindowStates state = window.windowState();
+    // A frame is set on leaving, which a maximised window has none of; where the desktop has the say, the
+    // window comes back maximised.
+    if (!desktopPlacesWindows())
+        state &= ~Qt::WindowMaximized;
     state.setFlag(Qt::WindowFullScreen, (options & (AutoHideDock | AutoHideMenuBar)) != 0);
     window.setWindowState(state);
 }

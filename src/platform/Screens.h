@@ -40,6 +40,14 @@ bool isScreen(const QScreen& screen, const QScreen& other);
 QScreen* screenWithDisplayID(quint32 id);
 ScreenAreas areasOf(const QScreen& screen);
 
+/// True on Wayland: there the desktop alone says where a window is, which windows are above others, and how
+/// large one is that leaves full screen or the maximised state.
+bool desktopPlacesWindows();
+
+/// Keeps a window above another one where nothing but the desktop could (desktopPlacesWindows): on Wayland a
+/// window cannot raise itself. Neither blocks the other. Call before the window is shown.
+void keepAbove(QWidget& window, const QWidget& below);
+
 /// The desktop's side of full screen. Main thread.
 class Presentation
 {

@@ -18,6 +18,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace marvo {
 
@@ -92,6 +93,9 @@ CustomWindow::CustomWindow(QWidget* parent)
     m_desktopSettles.setSingleShot(true);
     m_desktopSettles.setInterval(desktopSettlesMs);
     connect(&m_desktopSettles, &QTimer::timeout, this, &CustomWindow::followDesktop);
+    m_frameChange.setDuration(frameChangeMs);
+    m_frameChange.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_frameChange, &QPropertyAnimation::finished, this, &CustomWindow::coverScreen);
     m_dropHint->setObjectName(QStringLiteral("dropHint"));
     m_dropHint->setAlignment(Qt::AlignCenter);
     m_dropHint->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -125,9 +129,19 @@ void CustomWindow::enterFullscreen()
     setIsFullScreen(true);
     if (m_initialFrame.width() == 0 || m_initialFrame.height() == 0)
         m_initialFrame = before;
+    m_frameAwaitsAnswer = false;
     // The frame first: setting one takes the state away again that makes the desktop put its panels away.
-    setGeometry(screen()->geometry());
-    m_presentation.setFullscreenPresentationOptions(*this, areasOf(*screen()));
+    // Where the desktop sizes windows it would be the size that the window comes back with.
+    if (!desktopPlacesWindows())
+        changeGeometry(screen()->geometry(), FrameChange::Animated);
+    coverScreen();
+}
+
+/// Once the frame has arrived, the desktop is asked for its full-screen state.
+void CustomWindow::coverScreen()
+{
+    if (m_isFullScreen && m_frameChange.state() != QAbstractAnimation::Running)
+        m_presentation.setFullscreenPresentationOptions(*this, areasOf(*screen()));
 }
 
 void CustomWindow::leaveFullscreen()
@@ -135,8 +149,21 @@ void CustomWindow::leaveFullscreen()
     if (!m_isFullScreen)
         return;
     setIsFullScreen(false);
+    m_frameChange.stop();
     m_presentation.setNonFullscreenPresentationOptions(*this, areasOf(*screen()));
-    setFrame(frameOnScreen(m_initialFrame, *screen()), FrameChange::AtOnce);
+    if (desktopPlacesWindows()) {
+        m_frameAwaitsAnswer = true; // a size that is set before the answer is lost, or breaks the protocol
+        m_desktopSettles.start();
+        return;
+    }
+    setFrame(frameOnScreen(m_initialFrame, *screen()), FrameChange::Animated);
+}
+
+void CustomWindow::takeRestoredFrame()
+{
+    const bool isFloating = !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
+    if (std::exchange(m_frameAwaitsAnswer, false) && isFloating)
+        setFrame(frameOnScreen(m_initialFrame, *screen()), FrameChange::AtOnce);
 }
 
 QRect CustomWindow::frame() const
@@ -149,15 +176,17 @@ void CustomWindow::setFrame(const QRect& wanted, FrameChange change)
 {
     m_frameChange.stop();
     const QScreen* target = QGuiApplication::screenAt(wanted.center());
-    const QRect newFrame = fittedFrame(wanted, (target ? target : screen())->availableGeometry());
+    changeGeometry(fittedFrame(wanted, (target ? target : screen())->availableGeometry()), change);
+}
+
+void CustomWindow::changeGeometry(const QRect& newFrame, FrameChange change)
+{
     const bool animate = change == FrameChange::Animated && isVisible() &&
                          style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
     if (!animate || newFrame == geometry()) {
         setGeometry(newFrame);
         return;
     }
-    m_frameChange.setDuration(frameChangeMs);
-    m_frameChange.setEasingCurve(QEasingCurve::OutCubic);
     m_frameChange.setStartValue(geometry());
     m_frameChange.setEndValue(newFrame);
     m_frameChange.start();
@@ -197,8 +226,10 @@ void CustomWindow::followDesktop()
     const bool covers = windowState() & Qt::WindowFullScreen;
     if (covers && !m_isFullScreen)
         enterFullscreen();
-    else if (!covers && m_isFullScreen)
+    else if (!covers && m_isFullScreen && m_frameChange.state() != QAbstractAnimation::Running)
         leaveFullscreen();
+    else
+        takeRestoredFrame();
 }
 
 void CustomWindow::keyPressEvent(QKeyEvent* event)
@@ -255,6 +286,8 @@ void CustomWindow::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     Q_EMIT contentResized();
     m_edges->follow();
+    if (m_frameAwaitsAnswer) // this is it
+        QTimer::singleShot(0, this, &CustomWindow::takeRestoredFrame);
 }
 
 void CustomWindow::closeEvent(QCloseEvent* event)

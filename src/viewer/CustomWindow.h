@@ -80,6 +80,9 @@ protected:
 
 private:
     void followDesktop();
+    void coverScreen();
+    void takeRestoredFrame();
+    void changeGeometry(const QRect& frame, FrameChange change);
     bool moveByDesktop(QPoint location);
 
     QPoint m_initialLocation; ///< of the last press, in window co-ordinates
@@ -87,7 +90,8 @@ private:
     bool m_isFullScreen = false;
     bool m_pressed = false;
     bool m_movedByDesktop = false;
-    bool m_desktopMoves = true; ///< until it has refused once
+    bool m_frameAwaitsAnswer = false; ///< of the desktop to leaving full screen
+    bool m_desktopMoves = true;       ///< until it has refused once
     WindowStatePresentation m_presentation;
     QPropertyAnimation m_frameChange;
     QTimer m_desktopSettles;

@@ -5,6 +5,7 @@
 #include "card/clock/MRVTimeSetupController.h"
 #include "card/disks/Disks.h"
 #include "logs/window/DrivingLogWindow.h"
+#include "platform/Screens.h"
 #include "settings/tabs/SettingsTabs.h"
 #include "settings/window/MRVSettingController.h"
 #include "viewer/CustomWindow.h"
@@ -24,6 +25,7 @@ void ToolWindows::showPanel(QPointer<QWidget>& panel, Make make)
     if (!panel) {
         panel = make(*m_disks);
         connect(&m_window, &CustomWindow::windowWillClose, panel, &QWidget::close);
+        keepAbove(*panel, m_window);
     }
     m_lastDialogController = panel;
     panel->show();
@@ -47,6 +49,7 @@ void ToolWindows::openDrivingLog(const std::string& folder)
 {
     openDrivingLogDialog(&m_window, folder, [this](DrivingLogWindow& log) {
         connect(&m_window, &CustomWindow::windowWillClose, &log, &QWidget::close);
+        keepAbove(log, m_window);
     });
 }
 

@@ -119,6 +119,14 @@ private Q_SLOTS:
         QTest::qWait(800);
         QVERIFY(m_window->isFullScreen());
         QCOMPARE(m_window->geometry(), m_window->screen()->geometry());
+        // Left while the frame is still growing, there is no state to take back.
+        m_window->leaveFullscreen();
+        m_window->enterFullscreen();
+        QTest::qWait(60);
+        m_window->leaveFullscreen();
+        QTest::qWait(800);
+        QVERIFY(!m_window->isFullScreen() && !(m_window->windowState() & Qt::WindowFullScreen));
+        QCOMPARE(m_window->geometry(), start);
     }
 
     void pointerAndBarRestTogetherAndComeBack()

@@ -10,6 +10,7 @@
 #include "logs/window/LogTableView.h"
 #include "map/MapView.h"
 #include "map/MRVMapWindowController.h"
+#include "platform/Screens.h"
 #include "texts/DisplayText.h"
 #include "texts/Localisation.h"
 #include "workers/ObjectLink.h"
@@ -348,6 +349,7 @@ void DrivingLogViewController::showMapWindow()
     }
     m_mapWindowController = std::make_unique<MRVMapWindowController>();
     m_mapWindowController->window()->installEventFilter(this);
+    keepAbove(*m_mapWindowController->window(), *this);
     m_mapWindowPlaced = false;
     m_mapWindowController->showWindow(window());
     placeMapWindow();

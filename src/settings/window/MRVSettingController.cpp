@@ -33,6 +33,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -176,7 +177,11 @@ void MRVSettingController::onInitDIalog()
     fillDefaultFileDataForLanguage(m_FileData, m_language);
     m_unchanged = m_FileData;
     setTabEnabled(false);
-    showLoading(QStringLiteral("Loading..."));
+    // A sheet needs a window that is on the screen: before, Wayland gives it no parent.
+    QTimer::singleShot(0, this, [this] {
+        if (!m_loaded)
+            showLoading(QStringLiteral("Loading..."));
+    });
     m_load.start(
         [disks = &m_disks, language = m_language, earlier = m_card](const LatestRun&) {
             return loadSettingFile(*disks, CardNaming::RenameToCardName, language, earlier);
