@@ -183,6 +183,11 @@ std::int64_t AviHeader::durationMsBeside(std::int64_t foundLengthMs) const
 std::variant<AviHeader, AviFault> readAviHeader(const std::string& path)
 {
     FileSource file(path);
+    return readAviHeader(file);
+}
+
+std::variant<AviHeader, AviFault> readAviHeader(FileSource& file)
+{
     if (!file.isOpen())
         return openingFault(file.errorNumber());
     // A failing medium is no fault of the recording.

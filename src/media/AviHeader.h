@@ -9,6 +9,8 @@
 
 namespace marvo {
 
+class FileSource;
+
 /// The facts of an AVI file's main and stream headers that playing needs.
 struct AviHeader
 {
@@ -47,5 +49,6 @@ enum class AviFault {
 /// Reads some kilobytes whatever the file's size, and never waits on a pipe; a card that does not answer may
 /// still hold it up, so call it on a worker.
 std::variant<AviHeader, AviFault> readAviHeader(const std::string& path);
+std::variant<AviHeader, AviFault> readAviHeader(FileSource& file);
 
 } // namespace marvo

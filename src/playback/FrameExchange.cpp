@@ -6,15 +6,10 @@
 
 namespace marvo {
 
-namespace {
-/// A header may claim any size, and three pictures are held: no more than twice the sides of "4K".
-constexpr int largestWidth = 8192;
-constexpr int largestHeight = 4320;
-} // namespace
-
 bool FrameExchange::setFormat(QSize size, PixelLayout layout, ColourMatrix matrix)
 {
-    if (size.isEmpty() || size.width() > largestWidth || size.height() > largestHeight)
+    if (size.isEmpty() || size.width() > static_cast<int>(largestWidth) ||
+        size.height() > static_cast<int>(largestHeight))
         return false;
     VideoFrame first(size, layout, matrix);
     VideoFrame second(size, layout, matrix);

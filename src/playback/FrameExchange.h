@@ -14,6 +14,10 @@ namespace marvo {
 class FrameExchange
 {
 public:
+    /// A header may claim any size, and three pictures are held: no more than twice the sides of "4K".
+    static constexpr unsigned largestWidth = 8192;
+    static constexpr unsigned largestHeight = 4320;
+
     /// Decoder: what the pictures to come are like. False when it is no size for a picture or there is no
     /// memory for one.
     bool setFormat(QSize size, PixelLayout layout, ColourMatrix matrix);

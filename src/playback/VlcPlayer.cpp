@@ -101,11 +101,8 @@ int cachingFor(const FilmLength& length)
                       longestCachingMs);
 }
 
-ClipIndex readIndex(const std::string& path, std::stop_token stop)
+ClipIndex readIndex(FileSource& file, std::stop_token stop)
 {
-    FileSource file(path);
-    if (!file.isOpen())
-        return {};
     StoppableSource source(file, std::move(stop));
     return readClipIndex(source, file.size());
 }
@@ -136,27 +133,30 @@ struct VlcPlayer::Prepared
 
     static Prepared make(const std::string& path, VlcSession::Report report, std::stop_token stop)
     {
-        const auto read = readAviHeader(path);
+        FileSource file(path);
+        const auto read = readAviHeader(file);
         if (const AviFault* fault = std::get_if<AviFault>(&read))
             return {nullptr, {}, {}, marvo::faultKey(*fault), 0};
         const AviHeader& header = std::get<AviHeader>(read);
         auto instance = VlcInstance::shared();
         if (!instance)
             return {nullptr, {}, {}, "play.error_engine", 0};
-        const ClipIndex index = readIndex(path, std::move(stop));
+        const ClipIndex index = readIndex(file, std::move(stop));
         const FilmLength length = filmLength(index);
         const bool agrees =
             header.hasIndex && header.totalFrames == length.pictures && index.picturesTold == length.pictures;
-        const auto film = agrees ? std::nullopt : mended(path, index);
+        auto film = agrees ? std::nullopt : mended(path, index);
         const auto matrix =
             usualColourMatrix(static_cast<int>(std::min(header.height, 0xFFFFU)), isMotionJpeg(header));
         const int cachingMs = cachingFor(length);
         QByteArrayList options = {":play-and-pause", ":clock-jitter=0",
                                   ":file-caching=" + QByteArray::number(cachingMs)};
         options += film ? QByteArrayList{":demux=mkv"} : QByteArrayList{":demux=avi", ":avi-index=3"};
+        std::variant<Descriptor, VlcBytes> source = file.duplicate();
+        if (film)
+            source = std::move(*film);
         std::shared_ptr<VlcSession> session =
-            film ? VlcSession::create(std::move(instance), *film, options, matrix, std::move(report))
-                 : VlcSession::create(std::move(instance), path, options, matrix, std::move(report));
+            VlcSession::create(std::move(instance), std::move(source), options, matrix, std::move(report));
         if (!session)
             return {nullptr, {}, {}, "play.error_engine", 0};
         return {std::move(session), header, length, nullptr, cachingMs + furtherReadMs};

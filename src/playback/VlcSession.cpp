@@ -19,6 +19,9 @@ namespace marvo {
 
 namespace {
 
+/// Decoders work on whole blocks, and add some.
+constexpr unsigned largestPadding = 64;
+
 constexpr std::array playerEvents = {
     libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerPaused,      libvlc_MediaPlayerEndReached,
     libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerLengthChanged,
@@ -68,13 +71,14 @@ std::shared_ptr<VlcInstance> VlcInstance::shared()
     if (auto instance = shared.instance.lock())
         return instance;
     // No window of libVLC's own, nothing written over the picture, and no search for subtitles, which would
-    // list the card's folder at every start. Of bytes that are handed to it libVLC would read 16 MiB ahead,
-    // anew for each seek, and long after a card is gone.
+    // list the card's folder at every start. None of its scripts, which it would open. Of bytes that are
+    // handed to it libVLC would read 16 MiB ahead, anew for each seek, and long after a card is gone.
     QByteArrayList options = {"--no-xlib",
                               "--quiet",
                               "--no-video-title-show",
                               "--no-osd",
                               "--no-sub-autodetect-file",
+                              "--no-lua",
                               "--file-caching=150",
                               "--prefetch-buffer-size=1024",
                               "--prefetch-read-size=65536"};
@@ -123,19 +127,22 @@ struct VlcSession::Callbacks
                           unsigned* lines)
     {
         VlcSession& self = session(*opaque);
+        if (*width > FrameExchange::largestWidth || *height > FrameExchange::largestHeight)
+            return 0; // of the picture itself, whatever the header tells
         // The sizes given are padded to whole blocks; the picture's own are asked for, or it would be
-        // stretched.
+        // stretched. Of a film that changes its size those of the header are no longer its own.
+        const auto isPadded = [](unsigned size, unsigned padded) {
+            return size > 0 && size <= padded && padded - size < largestPadding;
+        };
         unsigned trueWidth = 0;
         unsigned trueHeight = 0;
-        if (libvlc_video_get_size(self.m_player.get(), 0, &trueWidth, &trueHeight) == 0 && trueWidth > 0 &&
-            trueHeight > 0) {
+        if (libvlc_video_get_size(self.m_player.get(), 0, &trueWidth, &trueHeight) == 0 &&
+            isPadded(trueWidth, *width) && isPadded(trueHeight, *height)) {
             *width = trueWidth;
             *height = trueHeight;
         }
-        constexpr unsigned largestInt = 0x7FFF'FFFFU;
         const auto [layout, name] = layoutFor(std::string_view(chroma, 4));
-        if (*width > largestInt || *height > largestInt ||
-            !self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout,
+        if (!self.m_frames.setFormat({static_cast<int>(*width), static_cast<int>(*height)}, layout,
                                      self.m_matrix))
             return 0;
         name.copy(chroma, 4);
@@ -253,19 +260,20 @@ VlcSession::VlcSession(std::shared_ptr<VlcInstance> instance, ColourMatrix matri
 {}
 
 std::unique_ptr<VlcSession> VlcSession::create(std::shared_ptr<VlcInstance> instance,
-                                               const std::variant<std::string, VlcBytes>& pathOrBytes,
+                                               std::variant<Descriptor, VlcBytes> film,
                                                const QByteArrayList& mediaOptions, ColourMatrix matrix,
                                                Report report)
 {
     std::unique_ptr<VlcSession> session(new VlcSession(std::move(instance), matrix, std::move(report)));
     libvlc_instance_t* library = session->m_instance->get();
-    if (const VlcBytes* bytes = std::get_if<VlcBytes>(&pathOrBytes)) {
+    if (const VlcBytes* bytes = std::get_if<VlcBytes>(&film)) {
         session->m_bytes = *bytes;
         session->m_media.reset(libvlc_media_new_callbacks(library, &Callbacks::openBytes,
                                                           &Callbacks::readBytes, &Callbacks::seekBytes,
                                                           nullptr, session.get()));
     } else {
-        session->m_media.reset(libvlc_media_new_path(library, std::get<std::string>(pathOrBytes).c_str()));
+        session->m_file = std::get<Descriptor>(std::move(film));
+        session->m_media.reset(libvlc_media_new_fd(library, *session->m_file));
     }
     if (!session->m_media)
         return nullptr;

@@ -4,6 +4,7 @@
 
 #include "playback/FrameExchange.h"
 #include "support/ByteSource.h"
+#include "support/Descriptor.h"
 
 #include <QByteArrayList>
 
@@ -90,9 +91,10 @@ public:
     /// call the session.
     using Report = std::function<void(const VlcEvent&)>;
 
-    /// Null when libVLC refuses. Media options are written as ":demux=avi".
+    /// Of an open file, whatever its name leads to by now, or of bytes. Null when libVLC refuses. Media
+    /// options are written as ":demux=avi".
     static std::unique_ptr<VlcSession> create(std::shared_ptr<VlcInstance> instance,
-                                              const std::variant<std::string, VlcBytes>& pathOrBytes,
+                                              std::variant<Descriptor, VlcBytes> film,
                                               const QByteArrayList& mediaOptions, ColourMatrix matrix,
                                               Report report);
     ~VlcSession();
@@ -134,6 +136,7 @@ private:
     mutable std::mutex m_displayMutex;
     VlcDisplay m_lastDisplay;
     VlcBytes m_bytes;
+    Descriptor m_file;
     std::uint64_t m_readAt = 0; ///< in the bytes
     int m_soundFailuresBefore = 0;
     std::unique_ptr<libvlc_media_t, MediaRelease> m_media;

@@ -60,6 +60,8 @@ std::string FileSource::error() const
     return m_error != 0 ? std::generic_category().message(m_error) : std::string();
 }
 
+Descriptor FileSource::duplicate() const { return Descriptor(::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0)); }
+
 void FileSource::dropFromCache() const { ::posix_fadvise(m_descriptor, 0, 0, POSIX_FADV_DONTNEED); }
 
 std::size_t FileSource::readAt(std::uint64_t offset, std::span<std::byte> into)

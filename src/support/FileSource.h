@@ -3,6 +3,7 @@
 #pragma once
 
 #include "support/ByteSource.h"
+#include "support/Descriptor.h"
 
 #include <string>
 
@@ -33,6 +34,8 @@ public:
     std::uint64_t size() const { return m_size > m_start ? m_size - m_start : 0; }
 
     std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override;
+    /// The same open file once more, for somebody else.
+    Descriptor duplicate() const;
     /// Asks the system to read the medium again at the next read; it need not.
     void dropFromCache() const;
 

@@ -356,6 +356,32 @@ private Q_SLOTS:
         QCOMPARE(stage.player.state(), State::Paused);
     }
 
+    void thePictureHasTheDecodersSize()
+    {
+        const auto write = [this](const char* name, const QString& size) {
+            const QStringList arguments =
+                QStringLiteral("-loglevel error -y -f lavfi -i color=gray:s=%1:r=10:d=0.6 "
+                               "-c:v mjpeg -pix_fmt yuvj420p %2")
+                    .arg(size, file(name))
+                    .split(QLatin1Char(' '));
+            QCOMPARE(QProcess::execute(QStringLiteral("ffmpeg"), arguments), 0);
+            QByteArray bytes = read(name); // its header tells of another size
+            for (const auto& [chunk, offset] : {std::pair("avih", 32), std::pair("strf", 4)}) {
+                qToLittleEndian(320, bytes.data() + bytes.indexOf(chunk) + 8 + offset);
+                qToLittleEndian(240, bytes.data() + bytes.indexOf(chunk) + 12 + offset);
+            }
+            this->write(name, bytes);
+        };
+        write("larger.avi", QStringLiteral("648x360"));
+        Stage stage;
+        stage.play(file("larger.avi"));
+        const QSize size = stage.player.videoSize(); // or a few more, for whole blocks
+        QVERIFY(size.width() >= 648 && size.width() < 712 && size.height() >= 360 && size.height() < 424);
+        write("huge.avi", QStringLiteral("8320x4640"));
+        stage.start(file("huge.avi"));
+        QTRY_COMPARE_WITH_TIMEOUT(stage.player.state(), State::Failed, 15'000);
+    }
+
     void aCardThatGoesIsNoEnd()
     {
         for (const bool isGone : {true, false}) {
