@@ -29,7 +29,7 @@ using namespace std::chrono_literals;
 constexpr auto lookInterval = 100ms;
 constexpr std::int64_t timeLimitMs = 60'000;
 constexpr std::int64_t playTimeMs = 5'000;
-constexpr std::int64_t mapPatienceMs = 10'000; ///< a map that is not ready by then is pictured as it is
+constexpr std::int64_t mapTimeoutMs = 10'000; ///< a map that is not ready by then is pictured as it is
 constexpr std::int64_t mapSettlesMs = 1'500;
 
 void print(const QString& line) { QTextStream(stdout) << line << Qt::endl; }
@@ -85,7 +85,7 @@ void Tour::look()
     } else if (m_step == Step::Map) {
         const std::int64_t shown = m_running.elapsed() - m_mapShownMs;
         const bool ready = m_delegate.views().mapWebView->isReady();
-        if ((ready && shown >= mapSettlesMs) || shown >= mapPatienceMs)
+        if ((ready && shown >= mapSettlesMs) || shown >= mapTimeoutMs)
             saveMapPicture();
     }
 }

@@ -13,9 +13,8 @@ namespace marvo {
 
 class MRVAppDelegate;
 
-/// Shows by itself that the application works, for a machine without a display: waits for the folder's list,
-/// plays the first recording for some seconds by the commands a user has, saves what the window shows, and
-/// prints what it did.
+/// A self-test for machines without a display: waits for the folder's list, plays the first recording for
+/// some seconds by the user's commands, saves what the window shows, and prints what it did.
 class Tour : public QObject
 {
     Q_OBJECT

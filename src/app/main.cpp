@@ -36,7 +36,7 @@ Q_LOGGING_CATEGORY(lcCore, "marvo.core")
 
 QtMessageHandler usualMessages = nullptr;
 
-/// Names in log lines come from cards: on a terminal they must neither give commands nor begin new lines.
+/// Log lines hold names from cards: on a terminal they must not contain control characters or line ends.
 void logPrintableText()
 {
     usualMessages = qInstallMessageHandler(nullptr); // known before another thread may need it
@@ -59,7 +59,8 @@ bool asksForText(int argc, char** argv)
     });
 }
 
-/// A folder named by hand may be misspelt, which deserves a word; one that was chosen in the window is there.
+/// A folder named on the command line may be misspelt, so a message says so. One chosen in the window
+/// exists.
 void openAtStart(marvo::MRVAppDelegate& delegate, const std::string& folder, bool mayAsk)
 {
     if (mayAsk)
@@ -75,8 +76,8 @@ void openAtStart(marvo::MRVAppDelegate& delegate, const std::string& folder, boo
     delegate.openDirectory(folder);
 }
 
-/// The machine's disks, or the folder that stands for the camera's card. They are asked on workers that
-/// nobody waits for, so they stay until the process is gone.
+/// The machine's disks, or the folder that stands for the camera's card. Detached workers use them, so they
+/// live until the process ends.
 marvo::Disks& disksFor(const marvo::StartOptions& options)
 {
     static marvo::Disks* const disks = marvo::machineDisks(options.card).release();

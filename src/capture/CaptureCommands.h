@@ -22,14 +22,14 @@ class PrintController;
 class CaptureCommands
 {
 public:
-    /// None is owned; all outlive this object. The path is that of the picture that was captured or printed
-    /// last.
+    /// The objects are not owned and must outlive this one. The path is where the last picture captured or
+    /// printed is kept.
     CaptureCommands(QWidget& window, MediaPlayer& player, std::function<CaptureSnapshots::Shown()> shown,
                     const std::string& capturePath);
-    /// Waits, some seconds at most, for a picture that is still being saved or sent to a printer.
+    /// Waits up to some seconds for a picture that is still being saved or printed.
     ~CaptureCommands();
 
-    /// Enables a command while its work can be done, and tells in its tool tip why not.
+    /// Enables the command while it can do its work. Otherwise the tool tip says why not.
     void follow(QAction& captureVideo, const MediaPlayer& player);
 
     CaptureController& capture() const { return *m_capture; }

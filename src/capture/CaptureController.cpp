@@ -21,7 +21,7 @@ void CaptureController::captureVideo()
 {
     if (!m_player.isPlaying())
         return;
-    // Before the dialog, which takes its time to list a folder: the picture is that of the click.
+    // Taken before the dialog, which may be slow to list a folder.
     const Snapshot snapshot = m_snapshots.take();
     auto* dialog = new CaptureSaveDialog(&m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);

@@ -19,7 +19,7 @@ class CaptureController : public QObject
 {
     Q_OBJECT
 public:
-    /// None is owned; all outlive this object.
+    /// The objects are not owned and must outlive this one.
     CaptureController(QWidget& window, MediaPlayer& player, CaptureSnapshots& snapshots,
                       DetachedWorkers& workers);
 

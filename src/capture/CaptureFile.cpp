@@ -34,9 +34,9 @@ std::error_code writeAll(int file, std::string_view bytes)
 
 bool isOwnFile(const struct stat& status) { return S_ISREG(status.st_mode) && status.st_uid == ::geteuid(); }
 
-/// Gives a finished file its name without ever touching what is not ours. Nobody can take our file away from
-/// a name in a folder like /tmp, so one that was found there may be replaced; a free name may have been taken
-/// since, which linking notices and renaming would not.
+/// Gives a finished file its name and never touches a file that is not ours. In a folder like /tmp nobody
+/// else can remove our file, so our own old file may be replaced. A free name may have been taken since:
+/// linking notices that, renaming would not.
 std::error_code giveName(const std::string& temporary, const std::string& path)
 {
     struct stat status;

@@ -41,11 +41,11 @@ private:
     int m_descriptor = -1;
 };
 
-/// The one place that captured pictures are written to, in a folder that may be everybody's.
+/// The one place that captured pictures are written to. The folder may be shared by all users.
 ///
-/// A picture is a fresh file, readable by its owner only, that is renamed over the last one. Where somebody
-/// else's file or a link of whatever owner has taken the name, that is left alone, and the pictures go, with
-/// a line in the log, to a folder of the process's own beside it.
+/// Each picture is a new file, readable by its owner only, that is renamed over the last one. If a link or
+/// another user's file has the name, it is left alone: the pictures then go to a private folder beside it,
+/// and a line in the log says so.
 class CaptureStore
 {
 public:

@@ -16,7 +16,7 @@ namespace marvo {
 
 class DetachedWorkers;
 
-/// A picture that is being written, or has been: get() waits for it, on any thread but the main one.
+/// A picture that is being written or was written. get() waits for it; never call it on the main thread.
 using Snapshot = std::shared_future<std::shared_ptr<const CaptureFile>>;
 
 /// The picture as a JPEG file of its own size, quality 95, with the facts as EXIF; empty when there is no

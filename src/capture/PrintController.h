@@ -24,7 +24,7 @@ class PrintController : public QObject
 {
     Q_OBJECT
 public:
-    /// None is owned; all outlive this object.
+    /// The objects are not owned and must outlive this one.
     PrintController(QWidget& window, const MediaPlayer& player, CaptureSnapshots& snapshots,
                     DetachedWorkers& workers, std::shared_ptr<Printing> printing);
     ~PrintController() override;

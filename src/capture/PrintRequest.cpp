@@ -19,8 +19,8 @@ namespace {
 const std::string PictureType = "image/jpeg";
 const std::string Title = "marvo_capture.jpg";
 
-/// The property under which the print engine keeps what was chosen among the printer's own options, names and
-/// values by turns. Engines without such options know no such property.
+/// The property in which the print engine keeps the printer's own options: names and values in turn. Some
+/// engines do not have it.
 constexpr auto printerOptionsKey = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
 
 const char* sidesOf(QPrinter::DuplexMode mode)

@@ -25,8 +25,8 @@ struct PrintRequest
 /// What has been chosen in the print dialog; the main thread only.
 PrintRequest printRequestOf(const QPrinter& printInfo);
 
-/// Prints a JPEG file, fitted to the page. What goes wrong is told in the log, except that a printer which
-/// does not say what it takes is passed over in silence. Waits for the printer: not for the main thread.
+/// Prints a JPEG file, fitted to the page. Errors are lines in the log, except for a printer that does not
+/// say which types it takes. Waits for the printer: not for the main thread.
 void printPicture(Printing& printing, const PrintRequest& request, const CaptureFile& picture);
 
 } // namespace marvo

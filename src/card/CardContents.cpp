@@ -25,7 +25,7 @@ CardContents readCardContents(const std::string& root, const std::stop_token& st
     struct stat status = {};
     const std::string settings = std::string(root).append("/").append(settingsFileName);
     contents.settings = readCardSettingsFile(root);
-    // Where another user has mounted the card it cannot even be asked whether there are any.
+    // If another user has mounted the card, even this cannot be found out.
     contents.settingsUnreadable =
         !contents.settings && (::lstat(settings.c_str(), &status) == 0 || errno != ENOENT);
     return contents;

@@ -17,7 +17,7 @@ namespace marvo {
 inline constexpr const char* cardVolumeLabel = "MARVO";
 /// The camera's settings, one record (settings/FileData.h).
 inline constexpr const char* settingsFileName = "config.bin";
-/// What the camera sets its clock from at its next start (card/ClockFile.h).
+/// The file from which the camera sets its clock at its next start (card/ClockFile.h).
 inline constexpr const char* clockFileName = "timeset.cfg";
 /// The folder of the driving logs, and the log that every camera keeps in it.
 inline constexpr const char* logFolderName = "DrvInfo";

@@ -31,7 +31,7 @@ std::string settingsPath(const std::string& root) { return pathIn(root, settings
 
 constexpr std::size_t mostSettingsBytes = std::size_t{64} << 10;
 
-/// What the system holds of a folder's file system is written out, and what it remembers of a file forgotten.
+/// Writes out the folder's file system, then drops the file from the cache.
 std::error_code writeOut(const std::string& root)
 {
     const int folder = ::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -51,7 +51,7 @@ std::error_code writeOut(const std::string& root)
 
 std::optional<std::string> readCardSettingsFile(const std::string& root)
 {
-    // A link on a card from elsewhere could put any file of this user's on the new card.
+    // A link on a stranger's card could put any of this user's files on the new card.
     const int descriptor =
         ::open(settingsPath(root).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
     if (descriptor < 0)

@@ -19,11 +19,11 @@ std::optional<std::string> keepSettings(const std::string& bytes);
 /// Writes "config.bin" at the root of a card.
 std::error_code restoreSettings(const std::string& root, const std::string& bytes);
 
-/// Makes the folders that the camera records into. What fails shows in checkCard().
+/// Makes the folders that the camera records into. checkCard() finds what failed.
 void makeRecordingFolders(const std::string& root);
 
-/// Has the system write out all of the card, then checks that the settings on it are those bytes and that the
-/// folders are there. None when it is so, else what is not, one line in English.
+/// Writes the whole card out, then checks that it holds these settings and the folders. Returns none if so,
+/// else one line in English about what differs.
 std::optional<std::string> checkCard(const std::string& root, const std::string& bytes);
 
 } // namespace marvo

@@ -23,11 +23,11 @@ std::string clockFileBytes(const ClockMoment& moment)
 std::error_code writeClockFile(const std::string& path, const ClockMoment& moment, ClockFilePlace place)
 {
     if (place == ClockFilePlace::Existing) {
-        // A card that is gone may have left the folder behind where it was mounted.
+        // A removed card may leave its mount folder behind.
         struct stat status;
         if (::lstat(path.c_str(), &status) != 0)
             return systemError();
-        // Nobody has been asked about what a link on a card points to.
+        // The user was not asked about a link's target.
         if (!S_ISREG(status.st_mode))
             return std::make_error_code(std::errc::operation_not_permitted);
     }

@@ -10,7 +10,7 @@
 
 namespace marvo {
 
-/// The name of the file at the card's root that the camera sets its clock from.
+/// The file at the card's root from which the camera sets its clock.
 
 /// A moment of the computer's local time, of the Gregorian calendar: year 1 to 9999, hours of the whole day.
 struct ClockMoment

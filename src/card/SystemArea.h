@@ -11,7 +11,7 @@
 
 namespace marvo {
 
-/// The fields of a FAT32 boot sector that this program cares for.
+/// The fields of a FAT32 boot sector that this program uses.
 struct BootSector
 {
     std::uint16_t sectorSize = 0;

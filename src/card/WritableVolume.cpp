@@ -46,7 +46,7 @@ std::error_code DescriptorVolume::sync()
 {
     if (::fsync(m_descriptor) != 0)
         return systemError();
-    // The system's own copies go, else a reading back would compare memory with memory.
+    // Drops the cache: otherwise the check would compare memory with memory.
     ::posix_fadvise(m_descriptor, 0, 0, POSIX_FADV_DONTNEED);
     return {};
 }

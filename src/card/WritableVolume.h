@@ -32,7 +32,7 @@ private:
     int m_descriptor;
 };
 
-/// True for the errors by which a medium says that it takes no writing.
+/// True for the errors of a write-protected medium.
 bool isWriteProtection(const std::error_code& error);
 
 } // namespace marvo

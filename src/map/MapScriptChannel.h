@@ -10,12 +10,12 @@
 
 namespace marvo {
 
-/// The road of script statements into the map page.
+/// Sends script statements to the map page.
 ///
-/// A page that is still loading loses what is run in it, and one that is busy falls behind a position that
-/// changes ten times a second. So the channel runs one statement at a time and keeps of each kind only the
-/// latest that waits. It also knows what the map shows: a page that comes late, or has to be loaded again, is
-/// told all of it. It knows no web view: whoever owns one gives it a runner. All on the thread of the object.
+/// A page that is still loading loses statements, and a busy page falls behind a position that changes ten
+/// times a second. So the channel runs one statement at a time and keeps only the latest waiting one of
+/// each kind. It also remembers what the map shows, for a page that loads late or again. It does not know
+/// the web view: the owner passes a runner. Use it on its own thread only.
 class MapScriptChannel : public QObject
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ public:
 
     /// A page has loaded: it is told what the map shows, then whatever changes.
     void pageReady();
-    /// There is no page any more; an answer of the old one counts for nothing.
+    /// The page is gone; answers that it still sends are ignored.
     void pageLost();
 
 private:

@@ -42,7 +42,7 @@ void prepareForMaps()
     // The engine's sandbox refuses to work for the administrator, and then it would not start at all.
     if (isAdministrator() && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    // It would tell its whole set-up at each start; QT_LOGGING_RULES still brings that back.
+    // It would log its whole set-up at each start. QT_LOGGING_RULES can still enable that.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
     if (mayHaveGraphicsProcessor())
         QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
@@ -58,7 +58,7 @@ void prepareWindowForMap(QWidget& window)
 {
     if (!areMapsDrawnByOpenGl())
         return;
-    // It is never shown: that it is there decides what the window is made for.
+    // Never shown: its presence makes the window an OpenGL window.
     auto* sign = new QOpenGLWidget(&window);
     sign->setFixedSize(0, 0);
     sign->hide();

@@ -6,20 +6,20 @@ class QWidget;
 
 namespace marvo {
 
-/// Settles, before the QApplication is made, what maps need of it later: how their engine is let run, and
-/// OpenGL that all windows share where the machine may have a graphics processor. Without one no driver of
-/// OpenGL is loaded, which is a third of the time that the application takes to start.
+/// Call before the QApplication is made. Sets what the web engine needs to run, and OpenGL shared by all
+/// windows if the machine may have a graphics processor. Without one no OpenGL driver is loaded, which
+/// saves a third of the start.
 void prepareForMaps();
 
-/// Whether maps are drawn by a graphics processor; where they are not, the processor draws them, and the
-/// windows around them. Asks OpenGL at the first call. There must be a QApplication.
+/// Whether a graphics processor draws the maps. Without one the processor draws them and their windows. The
+/// first call asks OpenGL and needs a QApplication.
 bool areMapsDrawnByOpenGl();
 
-/// Makes a window, before it is first shown, one that can take a map later on.
+/// Prepares a window for a map. Call it before the window is first shown.
 ///
-/// A map that is drawn by OpenGL needs a window that is, too, and one that was made for anything else is
-/// taken off the screen and made anew when the first map appears in it. Without a graphics processor the
-/// window stays as it is: drawn by OpenGL, every picture of a recording would cost far more.
+/// A map drawn by OpenGL needs an OpenGL window. Any other window would be destroyed and created again when
+/// its first map appears. Without a graphics processor the window stays as it is, since OpenGL would make
+/// every picture far more expensive.
 void prepareWindowForMap(QWidget& window);
 
 } // namespace marvo

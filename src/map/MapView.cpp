@@ -24,7 +24,7 @@ const QColor seaColour(0x10, 0x16, 0x1d); // as the page's own background, so th
 constexpr int mostDeaths = 3;
 constexpr int deathsWithinMs = 60'000;
 
-/// The web engine ends the whole application when it cannot find or may not start its process, so ask before.
+/// The web engine ends the whole application if it cannot start its process, so this checks first.
 bool canRunWebEngine()
 {
     const QString named = qEnvironmentVariable("QTWEBENGINEPROCESS_PATH");
@@ -93,7 +93,7 @@ void MapView::showEvent(QShowEvent* event)
     if (m_started)
         return;
     m_started = true;
-    // The window is to be on the screen before the engine takes its time.
+    // The window appears first: the engine is slow to start.
     QTimer::singleShot(0, this, &MapView::startEngine);
 }
 

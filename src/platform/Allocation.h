@@ -4,8 +4,8 @@
 
 namespace marvo {
 
-/// Has the memory of ended recordings go back to the system, where the C library would keep it. To be called
-/// once, before there are other threads.
+/// Returns the memory of ended recordings to the system, which the C library would keep. Call it once,
+/// before any other thread starts.
 void returnFreedMemory();
 
 } // namespace marvo

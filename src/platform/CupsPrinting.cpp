@@ -38,7 +38,8 @@ public:
                const PrintSettings& settings)
         : m_connection(connection), m_destination(destination), m_facts(facts)
     {
-        // What the user keeps for this printer first; a queue's description stands among it and is no option.
+        // First the user's own options for this printer. The queue's description is among them and is no
+        // option.
         for (int i = 0; i < destination->num_options; ++i) {
             const cups_option_t& option = destination->options[i];
             const std::string_view name = option.name;
@@ -83,7 +84,7 @@ private:
     cups_option_t* m_options = nullptr;
 };
 
-/// The error that CUPS noted for this thread; some failures it forgets to note.
+/// The last error of CUPS in this thread; it does not record all failures.
 int lastError()
 {
     const int error = cupsLastError();
@@ -167,10 +168,10 @@ private:
     Facts m_facts;
 };
 
-/// Says no to waiting on, so that a printer which holds its line open in silence is given up.
+/// Refuses to wait on, so that a silent printer is given up.
 int giveUp(http_t*, void*) { return 0; }
 
-/// CUPS itself would ask on the terminal that the application was started from, and hold it up there.
+/// CUPS itself would ask on the terminal and block there.
 const char* noPassword(const char*, http_t*, const char*, const char*, void*) { return nullptr; }
 
 } // namespace
@@ -203,7 +204,7 @@ Printing::Found CupsPrinting::printerNamed(const std::string& name)
     Connection connection(
         cupsConnectDest(destination.get(), isAddress ? CUPS_DEST_FLAGS_DEVICE : CUPS_DEST_FLAGS_NONE,
                         connectTimeoutMs, &cancel, resource.data(), resource.size(), nullptr, nullptr));
-    // A printer that refused comes back as a connection that is none.
+    // A refused connection is returned as a special value.
     if (!connection || httpGetFd(connection.get()) < 0)
         return {nullptr, lastError()};
     httpSetTimeout(connection.get(), answerTimeoutSeconds, giveUp, nullptr);

@@ -17,7 +17,7 @@ namespace marvo {
 
 bool startDiskUtility()
 {
-    // What the desktops bring along, the most common first.
+    // The desktops' own programs, the most common first.
     for (const char* name : {"gnome-disks", "partitionmanager", "blivet-gui", "gparted"}) {
         const QString program = QStandardPaths::findExecutable(QLatin1String(name));
         if (!program.isEmpty() && QProcess::startDetached(program, {}))
@@ -38,7 +38,7 @@ bool openInDefaultProgram(const std::string& path)
     }
     ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    // In a session of its own it outlives this application, and the terminal that this was started from.
+    // In its own session it outlives this application and its terminal.
     ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
 
     std::string program = "xdg-open";

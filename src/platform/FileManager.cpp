@@ -20,7 +20,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(logFileManager, "marvo.filemanager")
 
-/// Of the bytes, so that a name that is not UTF-8 is found, too.
+/// Made from bytes, since a name need not be UTF-8.
 QString fileUri(const std::string& path)
 {
     return QStringLiteral("file://") +
@@ -31,7 +31,7 @@ QString fileUri(const std::string& path)
 
 void showInFileManager(const std::string& path, QObject* context, std::function<void()> failed)
 {
-    // Without a file manager that listens the desktop opens the folder with whatever it has.
+    // If no file manager listens, the desktop opens the folder.
     const auto openFolder = [folder = path.substr(0, std::max<std::size_t>(1, path.rfind('/'))),
                              failed = std::move(failed)](const QString& reason) {
         if (QProcess::startDetached(QStringLiteral("xdg-open"), {fileUri(folder)}))

@@ -7,8 +7,8 @@
 
 namespace marvo {
 
-/// Whether a folder (a path as bytes) is there and says so within a time that nobody notices. One on a
-/// network or a card that does not answer is not; whoever asks is held up by it no longer. Any thread.
+/// Whether a folder (a path as bytes) exists and answers within a fraction of a second. A network or card
+/// that does not answer counts as absent. Any thread.
 bool folderAnswers(const std::string& folder,
                    std::chrono::milliseconds atMost = std::chrono::milliseconds(200));
 

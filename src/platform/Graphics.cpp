@@ -11,7 +11,7 @@ namespace marvo {
 
 bool mayHaveGraphicsProcessor()
 {
-    // As the kernel's own drivers, NVIDIA's, and the guest of another system's kernel name theirs.
+    // The device names of the kernel's own drivers, of NVIDIA's, and of WSL.
     return !QDir(QStringLiteral("/dev/dri"), QStringLiteral("renderD*"), QDir::NoSort, QDir::System)
                 .isEmpty() ||
            QFile::exists(QStringLiteral("/dev/nvidiactl")) || QFile::exists(QStringLiteral("/dev/dxg"));

@@ -29,9 +29,9 @@ public:
 
     /// The document types that it takes, such as "image/jpeg"; none when it does not answer.
     virtual std::vector<std::string> mimeTypes() = 0;
-    /// Hands a file of one of those types to the printer, which has it when this returns. `file` is a
-    /// descriptor at the beginning of the document and stays the caller's. 0, or the print system's number of
-    /// an error; then the job is taken back.
+    /// Sends a file of one of those types to the printer and returns when the printer has it. `file` is a
+    /// descriptor at the beginning of the document and stays the caller's. 0, or the print system's number
+    /// of an error; then the job is taken back.
     virtual int printWithFile(int file, const std::string& title, const std::string& mimeType,
                               const PrintSettings& settings) = 0;
 };

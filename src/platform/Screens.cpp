@@ -50,7 +50,7 @@ unsigned withoutFullscreenOptions(unsigned options, const ScreenAreas& screen)
 
 quint32 displayID(const QScreen& screen)
 {
-    // The connector's name is the one thing that is the screen's own on every desktop.
+    // Only the connector's name identifies a screen on every desktop.
     static QHash<QString, quint32> ids;
     const QString name = screen.name();
     const auto known = ids.constFind(name);
@@ -92,8 +92,7 @@ void Presentation::setFullscreenPresentationOptions(QWidget& window, const Scree
 
 void Presentation::setNonFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen)
 {
-    // The panels may be others by now, or the screen: an option left behind would keep the window covering
-    // it.
+    // The panels or the screen may have changed: an option left behind would keep covering the screen.
     const unsigned added = std::exchange(m_added, noPresentationOptions);
     setOptions(window, withoutFullscreenOptions(options(), screen) & ~added);
 }
@@ -103,8 +102,8 @@ void WindowStatePresentation::setOptions(QWidget& window, unsigned options)
     m_options = options;
     qCDebug(logScreens, "presentation options %u on screen %u", options, displayID(*window.screen()));
     Qt::WindowStates state = window.windowState();
-    // A frame is set on leaving, which a maximised window has none of; where the desktop has the say, the
-    // window comes back maximised.
+    // Leaving sets a frame, which a maximised window does not have. Where the desktop decides, the window
+    // comes back maximised.
     if (!desktopPlacesWindows())
         state &= ~Qt::WindowMaximized;
     state.setFlag(Qt::WindowFullScreen, (options & (AutoHideDock | AutoHideMenuBar)) != 0);

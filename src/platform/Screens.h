@@ -19,8 +19,8 @@ struct ScreenAreas
     QRect frame;
     QRect visibleFrame;
 
-    /// Whether the desktop tells of its panels. A free area as large as the screen says nothing: Wayland
-    /// tells none, X11 not with several screens, and a panel that hides by itself takes no room.
+    /// Whether the desktop reports its panels. A free area as large as the screen proves nothing: Wayland
+    /// reports none, X11 none with several screens, and a panel that hides takes no room.
     bool tellsPanels() const { return visibleFrame != frame; }
     /// A panel along the top edge; true also where it is not known.
     bool hasMenuBar() const;
@@ -28,12 +28,13 @@ struct ScreenAreas
     bool hasDock() const;
 };
 
-/// The options with those added that the screen's panels call for.
+/// The options, plus those needed for the screen's panels.
 unsigned withFullscreenOptions(unsigned options, const ScreenAreas& screen);
-/// The options without those that the screen's panels call for.
+/// The options, minus those needed for the screen's panels.
 unsigned withoutFullscreenOptions(unsigned options, const ScreenAreas& screen);
 
-/// A number for a screen that stays its own while the program runs, also when it is unplugged and comes back.
+/// A number for a screen. It stays the same while the program runs, even if the screen is unplugged and
+/// plugged in again.
 quint32 displayID(const QScreen& screen);
 bool isScreen(const QScreen& screen, const QScreen& other);
 /// The first screen of that number, or none.
@@ -56,12 +57,11 @@ public:
 
     /// The options that hold now.
     virtual unsigned options() const = 0;
-    /// Asks the desktop for them on the screen of the window, which need not be shown yet.
+    /// Requests them for the window's screen. The window need not be shown yet.
     virtual void setOptions(QWidget& window, unsigned options) = 0;
 
-    /// For a window that is about to cover its screen, and for one that no longer does. The screen's areas
-    /// are those of the moment: what was added on entering goes again even if the panels have changed
-    /// meanwhile.
+    /// Call these when a window is about to cover its screen and when it stops. What was added on entering
+    /// is removed on leaving, even if the panels have changed meanwhile.
     void setFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen);
     void setNonFullscreenPresentationOptions(QWidget& window, const ScreenAreas& screen);
 

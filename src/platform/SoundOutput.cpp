@@ -24,7 +24,7 @@ bool mayHaveSoundOutput()
         if (QFileInfo::exists(place))
             return true;
     }
-    // The nodes of playback devices, such as pcmC0D0p.
+    // Playback devices, such as pcmC0D0p.
     return !QDir(QStringLiteral("/dev/snd")).entryList({QStringLiteral("pcm*p")}, QDir::System).isEmpty();
 }
 

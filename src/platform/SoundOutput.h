@@ -4,8 +4,8 @@
 
 namespace marvo {
 
-/// Whether this machine could make a sound: a sound card, a sound server, or a way the user has set up.
-/// Looked at anew each time, since headphones come and go.
+/// Whether this machine can play sound: through a sound card, a sound server or the user's own set-up.
+/// Checked each time, since headphones come and go.
 bool mayHaveSoundOutput();
 
 } // namespace marvo

@@ -13,7 +13,7 @@ namespace marvo {
 
 namespace {
 
-/// Where no session bus runs, asking for it would start a program that looks for one on the display.
+/// Without a session bus, asking for it would start a helper program.
 bool hasSessionBus()
 {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
@@ -24,7 +24,7 @@ bool hasSessionBus()
 
 UnityLauncherEntry::UnityLauncherEntry(const QString& desktopFileName)
     : m_appUri(QStringLiteral("application://%1.desktop").arg(desktopFileName)),
-      // Any path will do, as long as two programs do not share one.
+      // Any path works that no other program uses.
       m_path(QStringLiteral("/com/canonical/unity/launcherentry/%1").arg(qHash(m_appUri, 0)))
 {}
 

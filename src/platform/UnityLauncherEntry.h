@@ -8,8 +8,8 @@
 
 namespace marvo {
 
-/// The program's entry in the desktop's docks and task bars, as those know it that listen to
-/// com.canonical.Unity.LauncherEntry. Without a session bus, or without anybody who listens, nothing happens.
+/// The program's entry in docks and task bars that listen to com.canonical.Unity.LauncherEntry. Without a
+/// session bus or a listener nothing happens.
 class UnityLauncherEntry
 {
 public:

@@ -30,7 +30,7 @@ const VideoFrame& FrameExchange::beginWriting()
     const std::scoped_lock lock(m_mutex);
     if (!isUsable(m_writing))
         m_writing = VideoFrame(m_size, m_layout, m_matrix);
-    // Without memory for a third the picture that waits is given up: the decoder writes in any case.
+    // Without memory for a third picture the waiting one is given up: the decoder must write.
     if (m_writing.isNull() && isUsable(m_waiting)) {
         std::swap(m_writing, m_waiting);
         m_isWaitingNew = false;
@@ -38,7 +38,7 @@ const VideoFrame& FrameExchange::beginWriting()
     return m_writing;
 }
 
-/// Of the film as it is now, not of one that had another size before.
+/// Whether it has the film's present size.
 bool FrameExchange::isUsable(const VideoFrame& frame) const
 {
     return frame.size() == m_size && frame.layout() == m_layout && frame.matrix() == m_matrix;

@@ -18,8 +18,7 @@ public:
     static constexpr unsigned largestWidth = 8192;
     static constexpr unsigned largestHeight = 4320;
 
-    /// Decoder: what the pictures to come are like. False when it is no size for a picture or there is no
-    /// memory for one.
+    /// Decoder: the format of the next pictures. False for an impossible size or without memory.
     bool setFormat(QSize size, PixelLayout layout, ColourMatrix matrix);
     /// Decoder, after setFormat(): the frame to write the next picture into.
     const VideoFrame& beginWriting();

@@ -25,8 +25,8 @@ public:
 
     using QObject::QObject;
 
-    /// Gives the player a file (a path as bytes, since a card's names need not be UTF-8), not yet started; an
-    /// empty path takes the media away. What was playing is stopped, and no signal of it comes any more.
+    /// Sets a file, not yet started (a path as bytes, since a card's names need not be UTF-8). An empty
+    /// path removes the media. What was playing stops and sends no more signals.
     virtual void setMedia(const std::string& path) = 0;
     virtual bool hasMedia() const = 0;
     virtual std::string mediaPath() const = 0;

@@ -14,7 +14,7 @@ constexpr std::int64_t longestExtrapolationMs = 500;
 /// A seek is shown within 140 ms; a report this far from its target is from before it.
 constexpr std::int64_t seekToleranceMs = 400;
 constexpr std::int64_t longestSeekMs = 1000;
-/// Of a film whose header tells of less, or of nothing that can be.
+/// Used when the header gives less or nothing possible.
 constexpr double usualPictureMs = 40;
 constexpr double longestPictureMs = 2000;
 /// Decoders round times: a seek to the very beginning of the last picture may find nothing.

@@ -13,9 +13,9 @@ namespace marvo {
 
 /// The play time of one media, made of what the decoder reports some times a second.
 ///
-/// Between two reports time goes on at the playback rate, for as long as reports usually take to come. After
-/// a seek it stands at the target until a report from there arrives, since reports from before the seek may
-/// still be on their way.
+/// Between two reports the time advances at the playback rate, but no longer than reports usually take.
+/// After a seek it stays at the target until a report from there arrives, since older reports may still
+/// come.
 class PlaybackClock
 {
 public:
@@ -23,17 +23,17 @@ public:
 
     /// The length that the decoder found; it may be cut down to whole seconds.
     void setFoundLengthMs(std::int64_t lengthMs);
-    /// The length by the pictures that the film really has, which counts from now on, and how long one of
-    /// them is shown.
+    /// The length by the pictures the film really has, and how long one picture lasts. It overrides any
+    /// other.
     void setCountedLengthMs(std::int64_t lengthMs, double pictureMs);
     std::int64_t lengthMs() const { return m_lengthMs; }
-    /// Where the last picture begins, or a little before: a seek to there or sooner finds one.
+    /// Where the last picture begins, or a little before. Later seeks find no picture.
     std::int64_t lastPictureMs() const;
 
     void setRate(float rate);
     float rate() const { return m_rate; }
 
-    /// Starts or stops time going on by itself.
+    /// Starts or stops the time.
     void run();
     void halt();
 

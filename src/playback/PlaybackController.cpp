@@ -183,7 +183,7 @@ void PlaybackController::stop()
     abandonStart();
 }
 
-/// Nothing that the last start has set going goes on.
+/// Stops everything that the last start began.
 void PlaybackController::abandonStart()
 {
     dropDelayedSteps();
@@ -231,7 +231,7 @@ void PlaybackController::timerPlayNext()
         return;
     m_preparingPlayNext = true;
     after(m_timings.playNextMs, [this] {
-        // Not when the user has gone back meanwhile, nor into a list that the recording does not come from.
+        // Not if the user has gone back or opened another list meanwhile.
         if (isAtEnd() && isPlayersRow(m_mediaIndex) && m_host.mayFollow())
             playNext();
         else
@@ -360,7 +360,7 @@ void PlaybackController::syncVideoPositionDelay(int delayMs)
         });
 }
 
-/// A player that rests reports a seek once, and nothing follows that would put the views right.
+/// A resting player reports a seek only once.
 void PlaybackController::showRestingMoment()
 {
     m_playInfo.setPosition(m_player.position());
@@ -496,7 +496,7 @@ void PlaybackController::setVideoScaleIndex(int step)
 
 // Small questions and steps
 
-/// Not in the last second: what remains in whole seconds is none then.
+/// Not in the last second, when no whole second remains.
 bool PlaybackController::isPlaying() const
 {
     return m_player.hasMedia() && m_player.isPlaying() && m_player.remainingTimeMs() / 1000 != 0;
@@ -506,8 +506,8 @@ bool PlaybackController::hasAudio() const { return m_player.hasMedia() && m_play
 
 bool PlaybackController::isAtEnd() const { return m_player.isPaused() && m_player.position() >= endPosition; }
 
-/// Whether a row is the recording in the player. An index alone does not tell: the list may be another one by
-/// now than when the recording was started.
+/// Whether a row is the recording in the player. The index alone is not enough: the list may have changed
+/// since.
 bool PlaybackController::isPlayersRow(std::int64_t row) const
 {
     const MRVMedia* media = m_mediaList.mediaAtIndex(row);

@@ -21,15 +21,15 @@ class PlaybackHost;
 /// The delays of the playback rules, in milliseconds.
 struct PlaybackTimings
 {
-    int walkMs = 500;            ///< so long a start waits for the recording's data
-    int endCheckMs = 1000;       ///< between two looks whether the recording has ended
+    int walkMs = 500;            ///< how long a start waits for the recording's data
+    int endCheckMs = 1000;       ///< between two checks for the recording's end
     int playNextMs = 1000;       ///< from the end seen to the next recording
     int playAfterSeekMs = 100;   ///< from a seek away from the end to playing
     int seekBackRepeatMs = 100;  ///< a slider's seek backwards is made twice
-    int seekBackSettledMs = 200; ///< and has settled so long after the second
+    int seekBackSettledMs = 200; ///< and settles this long after the second
     int seekSettledMs = 300;     ///< after a slider's seek forwards and a jump forwards
     int jumpBackRepeatMs = 200;  ///< a jump backwards is made twice
-    int jumpBackSettledMs = 100; ///< and has settled so long after the second
+    int jumpBackSettledMs = 100; ///< and settles this long after the second
 };
 
 /// The rules of playback: starting a recording together with the extraction of its data, play and pause,
@@ -40,7 +40,7 @@ class PlaybackController : public QObject
 {
     Q_OBJECT
 public:
-    /// None of the objects is owned; all must outlive the controller.
+    /// The objects are not owned and must outlive the controller.
     PlaybackController(MediaPlayer& player, MRVMediaList& mediaList, MRVBlackBoxData& blackBoxData,
                        MRVPlayInfo& playInfo, PlaybackHost& host, QObject* parent = nullptr);
     ~PlaybackController() override;
@@ -86,7 +86,7 @@ Q_SIGNALS:
     /// have had that position before the picture came. Or the recording's data have arrived while it plays.
     void momentShown();
     void volumeChanged(int volume);
-    /// A recording is being started; its row may have the number of the one before, in another list.
+    /// A recording is starting. In a new list its row may have the same number as before.
     void mediaIndexChanged(std::int64_t index);
 
 private:

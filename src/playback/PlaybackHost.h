@@ -37,7 +37,7 @@ public:
     virtual void showVolume(int volume) = 0;           ///< on volumeSlider, without running volumeSliderMoved
     virtual int videoContainerHeight() const = 0;      ///< of videoContainerView
 
-    /// The extraction of a recording has begun: the panels must not read its lists until it has returned.
+    /// The extraction has begun: the panels must not read its lists until it ends.
     virtual void extractionStarted() = 0;
     /// It has returned: hand the G-sensor list to the graph.
     virtual void extractionFinished() = 0;

@@ -31,7 +31,7 @@ public:
 
     /// A walk still running is abandoned.
     void start(const std::string& path);
-    /// What is running is told to stop and not heard any more.
+    /// Asks the walk to stop and ignores its result.
     void abandon();
     bool isRunning() const { return m_walk.isRunning(); }
     /// The film plays from now on: the walk leaves it at least half of what the card gives.

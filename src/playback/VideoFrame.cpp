@@ -59,7 +59,7 @@ void writeColours(const VideoFrame& frame, QImage& image)
             static_cast<int>(image.bytesPerLine()), coloursOf(frame), image.width(), image.height());
 }
 
-/// Whether all planes can be halved without a rest, and are not too small for a size then.
+/// Whether all planes can be halved exactly and stay large enough.
 bool mayBeHalved(QSize size, QSize wanted)
 {
     return size.width() % 4 == 0 && size.height() % 4 == 0 && size.width() / 2 >= wanted.width() &&
@@ -131,8 +131,8 @@ const QImage& FrameConverter::convert(const VideoFrame& frame, QSize size)
     return m_image;
 }
 
-/// By halves as far as that goes, since to average four pixels takes a tenth of the time of any other
-/// scaling, and leaves to the last step no more than neighbours that it looks at.
+/// By halves as far as possible: averaging four pixels takes a tenth of the time of other scaling, and the
+/// last step then only mixes neighbours.
 const VideoFrame& FrameConverter::scaledDown(const VideoFrame& frame, QSize size)
 {
     const VideoFrame* from = &frame;

@@ -10,25 +10,22 @@
 
 namespace marvo {
 
-/// How a decoded picture lies in memory: a plane of brightness and two of colour, a byte a value, under the
-/// names that video software has for it. Of the colours there is one value for 2 x 2 pixels (420), for 2 x 1
-/// (422) or for each (444); values go from 16 to 235 as in television (I) or from 0 to 255 as in JPEG (J).
+/// How a decoded picture lies in memory: a plane of brightness and two of colour, one byte a value, with
+/// the usual names. There is one colour value for 2 x 2 pixels (420), for 2 x 1 (422) or for each pixel
+/// (444). Values range from 16 to 235 as in television (I) or from 0 to 255 as in JPEG (J).
 enum class PixelLayout { I420, I422, I444, J420, J422, J444 };
 
-/// By which recommendation of the ITU the colours are meant: BT.601 (standard definition, JPEG) or BT.709
-/// (high definition).
+/// The ITU recommendation for the colours: BT.601 (standard definition, JPEG) or BT.709 (high definition).
 enum class ColourMatrix { BT601, BT709 };
 
-/// libVLC does not tell what a film says of its colours. Where none does, players go by its size; JPEG has
-/// but one matrix.
+/// libVLC does not report a film's colour matrix. Players then choose by size; JPEG has only one matrix.
 constexpr ColourMatrix usualColourMatrix(int lines, bool isJpeg)
 {
     constexpr int standardLines = 576;
     return lines > standardLines && !isJpeg ? ColourMatrix::BT709 : ColourMatrix::BT601;
 }
 
-/// A picture as the decoder leaves it, which is a third of what it takes in colours for the screen. It can be
-/// moved, not copied.
+/// A picture as the decoder leaves it: a third of its size on the screen. It can be moved, not copied.
 class VideoFrame
 {
 public:

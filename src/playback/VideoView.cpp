@@ -55,7 +55,7 @@ void VideoView::paintEvent(QPaintEvent* event)
     const QRect place = pictureRect();
     const QSizeF onScreen = QSizeF(place.size()) * devicePixelRatioF();
     const QSize pixels = onScreen.toSize();
-    // What lies over the picture has the view painted as well, with the frame that it has shown already.
+    // Widgets over the picture make the view paint again with the same frame.
     if (std::exchange(m_hasChanged, false) || m_paintedFor != pixels)
         m_picture = &m_converter.convert(m_frame, pixels);
     m_paintedFor = pixels;

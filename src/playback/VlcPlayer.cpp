@@ -407,7 +407,7 @@ void VlcPlayer::jumpForward(int seconds) { setTimeMs(timeMs() + std::int64_t{sec
 
 void VlcPlayer::sendSeek()
 {
-    // Before libVLC plays a seek would be lost; it is sent when it does.
+    // A seek before libVLC plays would be lost; it is sent later.
     if (!m_unsentSeekMs || m_isEnded || (m_state != State::Playing && m_state != State::Paused))
         return;
     std::int64_t targetMs = *std::exchange(m_unsentSeekMs, std::nullopt);
@@ -433,7 +433,7 @@ void VlcPlayer::sendSeek()
         m_seekCheckTimer.start();
 }
 
-/// Now and then libVLC shows nothing of a seek that follows closely upon a pause; asked again, it does.
+/// Sometimes libVLC shows nothing after a seek soon after a pause. A second seek helps.
 void VlcPlayer::checkSeekInPause()
 {
     const bool wasClose = m_sincePause.elapsed() - m_sinceLastSeek.elapsed() < seekCheckMs;
@@ -442,7 +442,8 @@ void VlcPlayer::checkSeekInPause()
         m_session->setTimeMs(*m_lastSeekMs);
 }
 
-/// Tells of a time that was set, as libVLC does not while it rests; after the caller has finished.
+/// Reports a time that was set while libVLC rests, which libVLC does not. Runs after the caller has
+/// returned.
 void VlcPlayer::notifyTimeSoon()
 {
     if (std::exchange(m_isTimeNotificationPosted, true))
@@ -530,8 +531,7 @@ void VlcPlayer::handle(std::uint64_t generation, const VlcEvent& event)
 
 void VlcPlayer::handleFrame()
 {
-    // The picture shown goes back before the next is fetched, so that no copy of one is ever made for
-    // showing.
+    // The shown picture is returned before the next is fetched, so none is ever copied.
     if (m_view)
         m_view->setFrame(m_session->frames().exchange(m_view->takeFrame()));
     else
@@ -599,7 +599,7 @@ void VlcPlayer::handleEnd()
     endHere();
 }
 
-/// The end of a film that comes well before its time may be that of the card's connection.
+/// A film that ends well before its time may have lost its card.
 void VlcPlayer::lookWhyItEnded()
 {
     m_clock.halt();

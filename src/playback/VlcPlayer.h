@@ -26,9 +26,9 @@ class ObjectLink;
 
 /// A media player on libVLC 3, painting into a VideoView.
 ///
-/// What could wait for a card runs on workers: looking at the file, making the libVLC player, and ending it.
-/// A start that is overtaken is left behind with its session; nothing it reports later is heard. Playing is
-/// reported with the first picture on the view, so that a file that yields none ends in failed() instead.
+/// Everything that could wait for a card runs on workers: reading the file, creating the libVLC player, and
+/// ending it. A start that is overtaken is abandoned with its session. Playing is reported with the first
+/// picture on the view, so that a file that yields none ends in failed() instead.
 class VlcPlayer : public MediaPlayer
 {
     Q_OBJECT

@@ -70,9 +70,9 @@ std::shared_ptr<VlcInstance> VlcInstance::shared()
     const std::scoped_lock lock(shared.mutex);
     if (auto instance = shared.instance.lock())
         return instance;
-    // No window of libVLC's own, nothing written over the picture, and no search for subtitles, which would
-    // list the card's folder at every start. None of its scripts, which it would open. Of bytes that are
-    // handed to it libVLC would read 16 MiB ahead, anew for each seek, and long after a card is gone.
+    // No window of libVLC's own, no text over the picture, no scripts, and no search for subtitles, which
+    // would list the card's folder at every start. Without the prefetch limits libVLC would read 16 MiB
+    // ahead after each seek, even when the card is gone.
     QByteArrayList options = {"--no-xlib",
                               "--quiet",
                               "--no-video-title-show",

@@ -23,7 +23,7 @@ struct libvlc_media_t;
 
 namespace marvo {
 
-/// The libVLC library, loaded with its plug-ins; shared by all players, and gone with the last one.
+/// The libVLC library with its plug-ins. All players share it; the last one unloads it.
 class VlcInstance
 {
 public:
@@ -38,7 +38,7 @@ public:
     VlcInstance& operator=(const VlcInstance&) = delete;
     ~VlcInstance();
     libvlc_instance_t* get() const { return m_instance; }
-    /// How often a player could not open the sound output; it tries again with each bit of sound.
+    /// How often a player failed to open the sound output. It tries again with each block of sound.
     int soundFailures() const { return m_soundFailures; }
 
 private:
@@ -82,8 +82,8 @@ struct VlcDisplay
 
 /// One start of one file in a libVLC player of its own.
 ///
-/// Since libVLC ends a player by waiting for its threads, which a card may hold up, a session is made and
-/// destroyed on a worker; what lies between only posts to libVLC and never waits long.
+/// libVLC waits for its threads when a player ends, and a slow card may delay them. So a session is created
+/// and destroyed on a worker; all other calls return quickly.
 class VlcSession
 {
 public:
@@ -109,7 +109,7 @@ public:
     void setRate(float rate);
     void setVolume(int percent, bool muted);
     int audioTrackCount() const;
-    /// Gives the sound up if its output could not be opened since the session was made.
+    /// Drops the sound if its output could not be opened.
     void dropSoundIfFailed();
     FrameExchange& frames() { return m_frames; }
     /// From any thread. libVLC shows a picture again and again while it rests in pause.

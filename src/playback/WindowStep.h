@@ -7,7 +7,7 @@
 
 namespace marvo {
 
-/// What a step of the window's size comes to.
+/// The result of a size step.
 struct WindowStep
 {
     enum class Action { Nothing, SetFrame, EnterFullScreen, LeaveFullScreen };

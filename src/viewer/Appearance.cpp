@@ -54,8 +54,8 @@ QPalette darkPalette()
     return palette;
 }
 
-/// One family that has both languages' letters keeps their weights and heights alike; where it is not
-/// installed, the desktop's own font serves.
+/// One font family for both languages keeps weights and heights alike. Without it the desktop's font is
+/// used.
 QFont interfaceFont()
 {
     const QString wanted = QStringLiteral("Noto Sans CJK KR");
@@ -66,7 +66,7 @@ QFont interfaceFont()
     return font;
 }
 
-/// The sheet names text sizes for the usual font; with a larger one all of them grow.
+/// The style sheet's text sizes are for the usual font; they grow with a larger one.
 QString scaledSheet(const QString& sheet)
 {
     static const QRegularExpression size(QStringLiteral("font-size: ([0-9]+)pt"));

@@ -16,7 +16,7 @@ class FolderStatus : public QObject
 {
     Q_OBJECT
 public:
-    /// None is owned; all outlive this object.
+    /// The objects are not owned and must outlive this one.
     FolderStatus(MainViews& views, const MRVMediaList& mediaList, RecordingTableModel& recordings);
 
     /// A scan is under way and has found so many recordings.

@@ -17,7 +17,7 @@ class RecordingTableModel;
 class MainWindowPlaybackHost : public PlaybackHost
 {
 public:
-    /// None is owned; all outlive this object.
+    /// The objects are not owned and must outlive this one.
     MainWindowPlaybackHost(MainViews& views, RecordingTableModel& recordings, LoadingIndicator& loading,
                            DataPanelUpdater& dataPanel, std::function<void()> updateSideViewButton);
 

@@ -17,7 +17,7 @@ class PlaybackViews : public QObject
 {
     Q_OBJECT
 public:
-    /// None is owned; all outlive this object.
+    /// The objects are not owned and must outlive this one.
     PlaybackViews(MainViews& views, MediaPlayer& player, MRVPlayInfo& playInfo, PlaybackController& playback);
 
     /// The window's content has another size.

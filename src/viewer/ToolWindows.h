@@ -20,7 +20,8 @@ class ToolWindows : public QObject
 {
     Q_OBJECT
 public:
-    /// None is owned; all outlive this object. Without disks neither settings nor clock are shown.
+    /// The objects are not owned and must outlive this one. Without disks neither settings nor clock are
+    /// shown.
     ToolWindows(CustomWindow& window, Disks* disks, viewControllerForMRVSettingDelegate* settingsDelegate);
 
     /// Opens the camera's settings, or brings the window forward that already shows them.

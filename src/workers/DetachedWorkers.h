@@ -10,15 +10,14 @@
 
 namespace marvo {
 
-/// Threads for work that a card may hold up for as long as it likes, such as reading a file or closing it.
+/// Threads for work that a card may delay without limit, such as reading or closing a file.
 ///
-/// They are never joined without a limit, and one that hangs keeps no other from starting. The work must own
-/// all that it touches.
+/// They are never joined without a time limit, and one that hangs does not keep others from starting. The
+/// work must own all data it uses.
 class DetachedWorkers
 {
 public:
-    /// Where the system has no thread to give, the work is done before this returns: late is better than
-    /// never.
+    /// If no thread can be created, the work is done before this returns.
     void start(std::function<void()> work);
     /// False when some work was still going on when the time was up.
     bool waitForAll(std::chrono::milliseconds atMost) const;

@@ -16,7 +16,7 @@
 
 namespace marvo {
 
-/// What work on a worker knows of whoever started it. The work keeps it as long as it likes.
+/// The worker's side of a run: how it reports to its owner. The work may keep it.
 class LatestRun
 {
 public:
@@ -59,10 +59,9 @@ private:
 
 /// Work of one kind on a worker, of which only the latest counts.
 ///
-/// Starting supersedes what is under way: it is asked to stop, and neither its result nor anything else that
-/// it posts arrives. The owner is never waited for, and never waits, unless waitForAll() is called: work that
-/// hangs on a card that does not answer keeps nothing from starting or ending. The work must own all that it
-/// touches.
+/// A start supersedes the run before: that one is asked to stop, and nothing it posts arrives any more.
+/// Neither side waits for the other, except in waitForAll(), so a card that does not answer blocks nothing.
+/// The work must own all data it uses.
 template <typename Result>
 class Latest
 {
@@ -88,7 +87,7 @@ public:
             });
         });
     }
-    /// What is under way is asked to stop and not heard any more.
+    /// Asks the current run to stop and ignores its result.
     void abandon()
     {
         if (m_run)

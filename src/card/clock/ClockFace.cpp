@@ -111,7 +111,7 @@ std::optional<ClockHand> ClockFace::handUnder(QPointF position) const
 
 bool ClockFace::event(QEvent* event)
 {
-    // The arrow keys belong to the hands as long as the face has the keyboard.
+    // The arrow keys turn the hands while the face has the focus.
     if (event->type() == QEvent::ShortcutOverride) {
         switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Left:
@@ -202,7 +202,7 @@ void ClockFace::mouseReleaseEvent(QMouseEvent* event)
 
 void ClockFace::wheelEvent(QWheelEvent* event)
 {
-    // Only for who has chosen the face; a page that scrolls past must not set a clock.
+    // Only while the face has the focus: a page that scrolls past must not set a clock.
     if (!hasFocus()) {
         event->ignore();
         return;

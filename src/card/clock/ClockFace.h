@@ -21,7 +21,7 @@ public:
     explicit ClockFace(QWidget* parent = nullptr);
 
     QTime time() const { return m_time; }
-    /// Shows a time, to the second. Tells nobody.
+    /// Shows a time, to the second, without a signal.
     void setTime(QTime time);
     /// The hand that the keyboard turns.
     ClockHand selectedHand() const { return m_selected; }
@@ -39,7 +39,7 @@ public:
     void requestValue(double value) override;
 
 Q_SIGNALS:
-    /// A person chose another time; it is shown already.
+    /// The user chose another time, which is shown already.
     void timeChosen(QTime time);
 
 protected:

@@ -20,8 +20,8 @@ double clockHandAngle(ClockHand hand, QTime time);
 double clockHandLength(ClockHand hand);
 double clockAngleAt(QPointF point);
 
-/// The hand that lies under a point, within reach of it; none beside all of them. Where hands lie on each
-/// other, the shorter one is taken as far as it goes.
+/// The hand that lies under a point, within reach of it; none beside all of them. Where hands overlap, the
+/// shorter one is taken.
 std::optional<ClockHand> clockHandAt(QPointF point, QTime time, double reach);
 
 /// The time after a hand has been turned to an angle by the shorter way round. As on a clock, the hands that

@@ -208,7 +208,7 @@ bool MRVTimeSetupController::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        // The calendar would keep the key for itself. While a date is being typed, over a label, it is its.
+        // The calendar would take the key. It may, while a date is being typed.
         if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !watched->findChild<QLabel*>()) {
             m_saveButton->click();
             return true;

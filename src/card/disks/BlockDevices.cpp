@@ -89,7 +89,7 @@ fs::path sysfsFolder(std::uint64_t device)
     return error ? link : folder; // never empty, which would mean the working folder
 }
 
-/// The folder of the disk that a partition lies on; of the device itself when it is no partition.
+/// The folder of the partition's disk, or of the device itself.
 fs::path wholeDiskFolder(const fs::path& folder)
 {
     std::error_code error;
@@ -154,7 +154,7 @@ bool isSystemPath(std::string_view path)
 {
     constexpr std::array exactly{std::string_view("/"), std::string_view("/home"),
                                  std::string_view("/cdrom")};
-    // The last three are where live systems keep the stick that they run from.
+    // Live systems mount their own medium at the last three.
     constexpr std::array andBelow{
         std::string_view("/boot"),     std::string_view("/efi"),      std::string_view("/usr"),
         std::string_view("/var"),      std::string_view("/etc"),      std::string_view("/opt"),
@@ -175,7 +175,7 @@ bool carriesSystem(std::uint64_t device)
     if (family.empty() || mounts.empty())
         return true;
     for (const MountLine& mount : mounts) {
-        // Some file systems, btrfs among them, show a number of their own.
+        // Some file systems, such as btrfs, show a number of their own.
         if (isSystemPath(mount.path) && (family.contains(mount.device) ||
                                          (mount.source.starts_with("/dev/") && liesOn(family, mount.source))))
             return true;

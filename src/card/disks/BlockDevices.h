@@ -27,7 +27,7 @@ std::vector<std::string> readSwapPaths(std::string_view swaps);
 bool isSystemPath(std::string_view path);
 
 /// True when any part of the disk that the block device belongs to holds such a place or swap space, be it
-/// through an encrypted or logical volume. True as well when the system does not tell.
+/// through an encrypted or logical volume. Also true when the system does not say.
 bool carriesSystem(std::uint64_t device);
 
 /// Which medium is in the drive, as a number that the system never gives twice (its disk sequence number); 0
@@ -37,7 +37,7 @@ std::uint64_t diskSequence(std::uint64_t device);
 /// Where a partition begins on its medium, in bytes; 0 for a whole medium.
 std::uint64_t partitionStart(std::uint64_t device);
 
-/// What an open descriptor itself tells of the device behind it.
+/// The device behind an open descriptor.
 struct DescriptorFacts
 {
     std::uint64_t device = 0;

@@ -13,7 +13,7 @@
 
 namespace marvo {
 
-/// Which card in which reader: what must still be the same when it is written.
+/// Which card in which reader. All of it must be unchanged when the card is written.
 struct DeviceIdentity
 {
     std::string path;           ///< "/dev/sdb1"

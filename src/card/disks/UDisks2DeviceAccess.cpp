@@ -23,9 +23,9 @@ using Kind = DeviceError::Kind;
 using udisks2::interfaceName;
 
 constexpr int changeTimeoutMs = 60'000;
-/// Nobody can tell how long a person takes for a password, nor a slow card for what the system holds back.
+/// A password can take any time, and so can a slow card.
 constexpr int noTimeout = std::numeric_limits<int>::max();
-/// A file manager that is just looking at the volume lets go of it again.
+/// A file manager may use the volume for a moment.
 constexpr int busyPatienceMs = 3000;
 constexpr int noticePatienceMs = 8000;
 constexpr int mountedPatienceMs = 3000;
@@ -148,7 +148,7 @@ std::optional<DeviceError> UDisks2DeviceAccess::unmountOne(const QString& key)
 std::optional<DeviceError> UDisks2DeviceAccess::unmount(const TKUSBDiskEntity& volume)
 {
     if (volume.mediaWhole()) {
-        // Not all of the same drive: readers with one serial number are one to the service.
+        // Not all are in the same drive: the service joins readers with the same serial number.
         const udisks2::ManagedObjects objects = udisks2::managedObjects(m_bus);
         for (auto object = objects.begin(); object != objects.end(); ++object) {
             if (!udisks2::isPartitionOf(*object, volume.key()) || udisks2::mountPoints(*object).empty())
@@ -183,7 +183,7 @@ std::optional<DeviceError> UDisks2DeviceAccess::openForWriting(const QString& ke
     return std::nullopt;
 }
 
-/// The service may tell of a mount only after it has answered the call for it.
+/// The service may report a mount after it has answered the call.
 void UDisks2DeviceAccess::waitForMountPoint(const QString& key) const
 {
     const QDeadlineTimer patience(mountedPatienceMs);
@@ -194,8 +194,7 @@ void UDisks2DeviceAccess::waitForMountPoint(const QString& key) const
 
 std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const QString& fileSystemId)
 {
-    // Udev looks at the device when its last writer closes it; this tells it to, should it have missed that.
-    // It is not worth a password.
+    // Udev reads the device when its last writer closes it. This triggers it again. Not worth a password.
     const QVariantMap unasked{{QStringLiteral("auth.no_user_interaction"), true}};
     udisks2::call(m_bus, key, interfaceName("Block"), "Rescan", {unasked}, changeTimeoutMs);
     const QDeadlineTimer patience(noticePatienceMs);
@@ -207,7 +206,7 @@ std::optional<DeviceError> UDisks2DeviceAccess::mount(const QString& key, const 
         if (noticed || patience.hasExpired()) {
             const QDBusMessage reply = udisks2::call(m_bus, key, interfaceName("Filesystem"), "Mount",
                                                      {QVariantMap()}, changeTimeoutMs);
-            // A desktop that mounts what appears may have been quicker.
+            // An automounting desktop may have been faster.
             const auto error = isError(reply, ".AlreadyMounted") ? std::nullopt : errorOf(reply, "mount");
             if (!error)
                 waitForMountPoint(key);

@@ -15,7 +15,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(logUDisks, "marvo.udisks")
 
-/// Unmounting writes out what the system still holds back for a slow card.
+/// Unmounting writes out what is still cached, which a slow card delays.
 constexpr int changeTimeoutMs = 60'000;
 
 } // namespace
@@ -65,7 +65,7 @@ std::vector<MountedVolume> UDisks2Disks::mountedVolumes() const
 
 std::optional<QString> UDisks2Disks::renameVolume(const TKUSBDiskEntity& volume, const QString& name)
 {
-    // On a medium that cannot be written the service answers that all went well and changes nothing.
+    // On a write-protected medium the service reports success and changes nothing.
     if (!volume.writable())
         return QStringLiteral("the volume is read-only");
 
@@ -73,7 +73,7 @@ std::optional<QString> UDisks2Disks::renameVolume(const TKUSBDiskEntity& volume,
         arguments.append(QVariantMap());
         const QDBusMessage reply = udisks2::call(m_bus, volume.key(), udisks2::interfaceName("Filesystem"),
                                                  method, arguments, changeTimeoutMs);
-        // A desktop that mounts what appears may have been quicker than our own Mount.
+        // An automounting desktop may have been faster.
         if (reply.type() == QDBusMessage::ReplyMessage ||
             reply.errorName() == QLatin1String("org.freedesktop.UDisks2.Error.AlreadyMounted"))
             return std::nullopt;

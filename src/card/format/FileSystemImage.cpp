@@ -30,7 +30,7 @@ QString formatterProgram()
 
 QString systemErrorText() { return QString::fromStdString(systemError().message()); }
 
-/// Runs the formatter on the file; what it complains of, empty when it is content.
+/// Runs the formatter on the file. Returns its complaint, or nothing.
 QString runFormatter(const QString& program, const FormatPlan& plan, int file, const std::stop_token& stop)
 {
     QStringList arguments;
@@ -77,7 +77,7 @@ FileSystemImage makeFileSystemImage(const FormatPlan& plan, const std::stop_toke
     image.error = runFormatter(program, plan, file.get(), stop);
     if (!image.error.isEmpty())
         return image;
-    // It ends content with too few clusters, too, and another version of it may lay the volume out otherwise.
+    // It also succeeds with too few clusters, and another version may lay the volume out differently.
     DescriptorVolume made(file.get());
     if (const auto fault = checkSystemArea(made, plan))
         image.error = QStringLiteral("mkfs.fat: ") + QString::fromStdString(*fault);

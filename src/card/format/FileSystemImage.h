@@ -12,8 +12,7 @@
 
 namespace marvo {
 
-/// Has mkfs.fat make the plan's file system in a sparse file in memory, as large as the volume. The file has
-/// no name and goes with its descriptor.
+/// Makes the plan's file system with mkfs.fat, in an unnamed sparse file in memory as large as the volume.
 struct FileSystemImage
 {
     DeviceDescriptor file;         ///< none when it could not be made

@@ -91,7 +91,7 @@ std::optional<FormatFailure> FormatJob::format(const OnStep& onStep, const std::
         return failureOf(*error);
     if (!onStep(FormatStep::Password) || stop.stop_requested())
         return abandoned;
-    // Nobody is asked for a password for what cannot come about.
+    // Checked before the password is asked for.
     if (m_access.identify(m_volume.entity.key()) != m_volume.identity)
         return FormatFailure{Kind::Changed, {}};
     if (!makeFormatPlan(m_volume.identity.size))
@@ -146,7 +146,7 @@ bool FormatJob::isStillTheChosen(const DescriptorFacts& facts) const
 {
     const DeviceIdentity& chosen = m_volume.identity;
     return facts.device == chosen.number && facts.size == chosen.size &&
-           // A kernel that counts no media gives 0 here and there.
+           // A kernel without sequence numbers gives 0 for both.
            facts.sequence == chosen.sequence;
 }
 

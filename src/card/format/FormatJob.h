@@ -71,8 +71,7 @@ struct FormatOutcome
 class FormatJob
 {
 public:
-    /// Told of each step before it begins, on the job's thread. False at a step up to Write ends the job;
-    /// after it nobody is asked any more.
+    /// Called before each step, on the job's thread. Returning false ends the job, up to the step Write.
     using OnStep = std::function<bool(FormatStep)>;
 
     /// The access must outlive the job. Earlier settings, kept from the same card by a job that failed, count
@@ -81,7 +80,7 @@ public:
     FormatJob(DeviceAccess& access, FormattableVolume volume, std::optional<KeptSettings> earlier,
               std::optional<std::string> seen);
 
-    /// Takes as long as the card and the user do: not for the main thread.
+    /// May take minutes: not for the main thread.
     FormatOutcome run(const OnStep& onStep, const std::stop_token& stop);
 
 private:

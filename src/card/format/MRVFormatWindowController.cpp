@@ -41,7 +41,7 @@ void callAndWait(const LatestRun& run, Call call)
 {
     auto called = std::make_shared<std::promise<void>>();
     const std::future<void> returned = called->get_future();
-    // A call that is thrown away with the window breaks the promise, which ends the waiting, too.
+    // If the window goes, its dropped call breaks the promise, which also ends the wait.
     run.post([called = std::move(called), call = std::move(call)] {
         call();
         called->set_value();
@@ -79,7 +79,7 @@ MRVFormatWindowController::MRVFormatWindowController(Disks& disks, std::string n
 {
     setObjectName(QStringLiteral("MRVFormatWindowController"));
     setWindowTitle(localised("setting.format.title"));
-    // The window behind it must not be closed, and with it the application, in the middle of writing.
+    // The window behind must not be closed while the card is being written.
     setWindowModality(Qt::ApplicationModal);
     buildWindow();
     m_progressTimer.setInterval(progressTick);
@@ -229,7 +229,7 @@ void MRVFormatWindowController::volumesChanged()
     });
 }
 
-/// No other card silently takes the place of one that has gone.
+/// A removed card is not silently replaced by another.
 void MRVFormatWindowController::selectOnly(const std::string& deviceFilePath)
 {
     if (selectUSBByDevFile(deviceFilePath))
@@ -391,7 +391,7 @@ bool MRVFormatWindowController::showStep(FormatStep step)
     showMessage(message.isEmpty() ? m_progressMessageField->text() : message, stepDetail(step));
     if (m_stop.stop_requested())
         return false;
-    // From Write on giving up would leave a card without a file system.
+    // From Write on, giving up would leave a card without a file system.
     if (step == FormatStep::Unmount || step == FormatStep::Password)
         setWork(Work::CanBeLeft);
     else if (step < FormatStep::Write)
@@ -490,7 +490,7 @@ void MRVFormatWindowController::restored(const FormattableVolume& volume, const 
     const bool notCopied = !copyError.isEmpty();
     const QString title = notCopied ? QStringLiteral("config.bin copy fail") : localised("msg.cannot_format");
     const QString text = notCopied ? copyError : errorText(volume.entity.displayString(), checkError);
-    // The next attempt must not take the card for one that never had any settings.
+    // The next attempt must know that the card had settings.
     rememberUnfinished(volume, kept);
     loadUSBVolumes([this, path = volume.entity.deviceFilePath(), title, text = text + keptText(kept)] {
         selectOnly(path);

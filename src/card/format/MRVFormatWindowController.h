@@ -51,7 +51,7 @@ Q_SIGNALS:
     void volumesLoaded();
     /// The progress display shows another message.
     void stepShown(const QString& message, const QString& detail);
-    /// A card has another content than before, whether or not all went well.
+    /// The card's content has changed, successfully or not.
     void cardChanged();
 
 protected:

@@ -76,8 +76,7 @@ void CameraPlayer::begin(std::unique_ptr<FilmSession> session)
 
 void CameraPlayer::showPicture()
 {
-    // The picture shown goes back before the next is fetched, so that no copy of one is ever made for
-    // showing.
+    // The shown picture is returned before the next is fetched, so none is ever copied.
     if (m_view)
         m_view->setFrame(m_current->exchange(m_view->takeFrame()));
     else

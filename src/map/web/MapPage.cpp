@@ -33,9 +33,8 @@ void MapRequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info)
         info.block(true);
         return;
     }
-    // Public tile servers turn away who does not say where the request comes from. There is no web site to
-    // name. The engine cancels a request whose referrer is more than an origin or has a safer scheme than the
-    // request.
+    // Public tile servers refuse requests without a referrer. There is no web site to name. The engine
+    // cancels a request whose referrer is more than an origin or has a safer scheme than the request.
     info.setHttpHeader(QByteArrayLiteral("Referer"), url.scheme().toLatin1() + "://marvo.invalid/");
 }
 

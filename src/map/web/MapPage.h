@@ -26,12 +26,12 @@ private:
     const std::function<bool(const QUrl&)> m_mayFetch;
 };
 
-/// The one browser profile of all map pages, with the disk cache that keeps the tiles seen before.
-/// It lives as long as a page holds it, for a profile must outlive its pages.
+/// The one browser profile of all map pages, with the disk cache that keeps the tiles seen before. Held by
+/// each page, since a profile must outlive its pages.
 std::shared_ptr<QWebEngineProfile> sharedMapProfile();
 
-/// The map page in a web engine that goes nowhere else: no navigation, no windows, no downloads, no
-/// permissions. A click on a credit opens it in the desktop's browser.
+/// The map page in a locked-down web engine: no navigation, windows, downloads or permissions. A click on a
+/// credit opens it in the desktop's browser.
 class MapPage : public QWebEnginePage
 {
     Q_OBJECT

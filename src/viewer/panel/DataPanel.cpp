@@ -121,7 +121,7 @@ QList<MapPoint> wayOf(std::span<const _AVI_GPS_DATA_T> gpsData,
     QList<MapPoint> way;
     for (std::size_t i = 0; i < gpsData.size(); ++i) {
         const MapPoint place = placeOf(gpsData, nmeas, i);
-        // Written so that not a number is no place either.
+        // NaN is no place either.
         const bool onEarth = std::abs(place.longitude) <= 180 && std::abs(place.latitude) <= 90;
         const bool received = gpsData[i].fLongitude != 0 || gpsData[i].fLatitude != 0;
         if (onEarth && received && (way.isEmpty() || way.back() != place))

@@ -37,7 +37,7 @@ class DataPanelUpdater : public QObject
 {
     Q_OBJECT
 public:
-    /// None is owned; all outlive this object.
+    /// The objects are not owned and must outlive this one.
     DataPanelUpdater(const DataPanelFields& fields, GraphView& graphView, MapView& mapWebView,
                      const MediaPlayer& player, const MRVBlackBoxData& blackBoxData,
                      const MRVPlayInfo& playInfo);

@@ -25,8 +25,8 @@ public:
     /// Shows these samples, in time order. They are shared, not copied: the caller keeps them alive and
     /// unchanged until clearGraphData(), another list, or the view's end.
     void setGraphData(std::span<const MRVGSensor> samples);
-    /// Lets go of the samples and shows the grid alone. To be called before their owner changes them, that is
-    /// when the extraction of the next recording starts.
+    /// Drops the samples and shows only the grid. Call it before their owner changes them, when the next
+    /// extraction starts.
     void clearGraphData() { setGraphData({}); }
     std::span<const MRVGSensor> values() const { return m_values; }
 
@@ -43,8 +43,8 @@ public:
     void requestValue(double positionFraction) override;
 
 Q_SIGNALS:
-    /// The user points at a moment of the recording, as a fraction from 0 to 1; the cursor itself moves when
-    /// playback answers with updateTimePosition. Not sent while there are no samples.
+    /// The user clicked a moment, as a fraction from 0 to 1. The cursor moves when playback answers with
+    /// updateTimePosition. Never sent without samples.
     void seekRequested(double positionFraction);
 
 protected:

@@ -13,7 +13,7 @@ class GsensorBox : public QWidget
 {
     Q_OBJECT
 public:
-    /// Takes the graph's view into itself.
+    /// Adopts the graph's view.
     explicit GsensorBox(QWidget* graphView, QWidget* parent = nullptr);
 
     QLabel* gsensorXField() const { return m_gsensorXField; }
