@@ -3,6 +3,7 @@
 <TS version="2.1" language="en">
 <context>
     <name></name>
+    <message id="clock.wrong_clock"><source></source><translation>This computer's clock says %1. Choose the date by hand.</translation></message>
     <message id="clock.window_title"><source></source><translation>Camera clock</translation></message>
     <message id="today"><source></source><translation>Today</translation></message>
     <message id="clock.date"><source></source><translation>Date</translation></message>

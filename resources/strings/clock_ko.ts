@@ -3,6 +3,7 @@
 <TS version="2.1" language="ko">
 <context>
     <name></name>
+    <message id="clock.wrong_clock"><source></source><translation>이 컴퓨터의 시계는 %1년입니다. 날짜를 직접 선택하십시오.</translation></message>
     <message id="clock.window_title"><source></source><translation>카메라 시계</translation></message>
     <message id="today"><source></source><translation>오늘</translation></message>
     <message id="clock.date"><source></source><translation>날짜</translation></message>

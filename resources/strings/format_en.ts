@@ -3,6 +3,10 @@
 <TS version="2.1" language="en">
 <context>
     <name></name>
+    <message id="format.no_answer"><source></source><translation>The disk service does not answer. It is asked again.</translation></message>
+    <message id="format.too_small"><source></source><translation>This card is too small: the camera needs at least 33 MB.</translation></message>
+    <message id="format.too_large"><source></source><translation>This card is too large: the camera can use at most 2 TiB.</translation></message>
+    <message id="format.sector_size"><source></source><translation>This card has sectors of %1 bytes. The camera needs sectors of 512 bytes.</translation></message>
     <message id="setting.format.title"><source></source><translation>Format card</translation></message>
     <message id="setting.format.volume"><source></source><translation>Card</translation></message>
     <message id="setting.format.device"><source></source><translation>Device</translation></message>

@@ -3,6 +3,10 @@
 <TS version="2.1" language="ko">
 <context>
     <name></name>
+    <message id="format.no_answer"><source></source><translation>디스크 서비스가 응답하지 않습니다. 다시 시도합니다.</translation></message>
+    <message id="format.too_small"><source></source><translation>카드 용량이 너무 작습니다. 카메라에는 33 MB 이상이 필요합니다.</translation></message>
+    <message id="format.too_large"><source></source><translation>카드 용량이 너무 큽니다. 카메라는 2 TiB까지 사용할 수 있습니다.</translation></message>
+    <message id="format.sector_size"><source></source><translation>이 카드의 섹터는 %1바이트입니다. 카메라에는 512바이트 섹터가 필요합니다.</translation></message>
     <message id="setting.format.title"><source></source><translation>카드 포맷</translation></message>
     <message id="setting.format.volume"><source></source><translation>카드</translation></message>
     <message id="setting.format.device"><source></source><translation>장치</translation></message>

@@ -56,6 +56,15 @@ std::optional<FormatPlan> makeFormatPlan(std::uint64_t volumeSize, std::uint64_t
     return std::nullopt;
 }
 
+std::optional<Unsuitable> unsuitability(std::uint64_t volumeSize, unsigned sectorSize)
+{
+    if (sectorSize != FormatPlan::sectorSize)
+        return Unsuitable::SectorSize;
+    if (makeFormatPlan(volumeSize))
+        return std::nullopt;
+    return volumeSize < largeVolume ? Unsuitable::TooSmall : Unsuitable::TooLarge;
+}
+
 std::vector<std::string> formatterArguments(const FormatPlan& plan, const std::string& file)
 {
     // Without -a the reserved sectors grow to a whole cluster.

@@ -47,6 +47,11 @@ struct FormatPlan
 /// 33 MB), or when the volume is larger than FAT32 can count (2 TiB).
 std::optional<FormatPlan> makeFormatPlan(std::uint64_t volumeSize, std::uint64_t volumeStart = 0);
 
+/// Why no card of the camera can be made of a volume.
+enum class Unsuitable { TooSmall, TooLarge, SectorSize };
+/// None when one can. Both in bytes.
+std::optional<Unsuitable> unsuitability(std::uint64_t volumeSize, unsigned sectorSize);
+
 /// The arguments for mkfs.fat that make the plan come true in a file of the volume's size.
 std::vector<std::string> formatterArguments(const FormatPlan& plan, const std::string& file);
 

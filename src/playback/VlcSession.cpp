@@ -165,7 +165,8 @@ struct VlcSession::Callbacks
     static void display(void* opaque, void* /*picture*/)
     {
         VlcSession& self = session(opaque);
-        const VlcDisplay display{std::chrono::steady_clock::now(), fingerprint(self.m_frames.beginWriting())};
+        const VlcDisplay display{std::chrono::steady_clock::now(),
+                                 self.m_tellsPicturesApart ? fingerprint(self.m_frames.beginWriting()) : 0};
         const bool isNews = self.m_frames.publish();
         {
             const std::scoped_lock lock(self.m_displayMutex);

@@ -77,7 +77,7 @@ struct VlcBytes
 struct VlcDisplay
 {
     std::chrono::steady_clock::time_point at{};
-    std::uint64_t fingerprint = 0; ///< differs between pictures that do
+    std::uint64_t fingerprint = 0; ///< differs between pictures that do; 0 where nobody asked
 };
 
 /// One start of one file in a libVLC player of its own.
@@ -101,6 +101,8 @@ public:
     VlcSession(const VlcSession&) = delete;
     VlcSession& operator=(const VlcSession&) = delete;
 
+    /// Has lastDisplay() tell pictures apart, which takes a look at each of them. Before play().
+    void setTellsPicturesApart() { m_tellsPicturesApart = true; }
     bool play();
     void setPaused(bool paused);
     /// libVLC's own idea of the state: whether it rests in pause.
@@ -135,6 +137,7 @@ private:
     FrameExchange m_frames;
     mutable std::mutex m_displayMutex;
     VlcDisplay m_lastDisplay;
+    bool m_tellsPicturesApart = false;
     VlcBytes m_bytes;
     Descriptor m_file;
     std::uint64_t m_readAt = 0; ///< in the bytes

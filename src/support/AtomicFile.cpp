@@ -84,9 +84,11 @@ std::error_code takeOver(const struct stat& from, int descriptor)
     if (::fstat(descriptor, &now) != 0)
         return systemError();
     const bool sameOwner = now.st_uid == from.st_uid && now.st_gid == from.st_gid;
-    if (!sameOwner && ::fchown(descriptor, from.st_uid, from.st_gid) != 0 && errno != EPERM)
+    // Some mounts know no owners and permissions at all.
+    const auto isRefused = [] { return errno == EPERM || errno == ENOSYS || errno == ENOTSUP; };
+    if (!sameOwner && ::fchown(descriptor, from.st_uid, from.st_gid) != 0 && !isRefused())
         return systemError();
-    if (::fchmod(descriptor, from.st_mode & 07777) != 0 && errno != EPERM)
+    if (::fchmod(descriptor, from.st_mode & 07777) != 0 && !isRefused())
         return systemError();
     return {};
 }

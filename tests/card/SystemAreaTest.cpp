@@ -117,6 +117,10 @@ TEST(FormatPlan, takesTheCamerasClusterValueWhereThatMakesEnoughClusters)
     const std::uint64_t smallest = (32 + 2 * 512 + 65525) * 512;
     EXPECT_TRUE(makeFormatPlan(smallest));
     EXPECT_FALSE(makeFormatPlan(smallest - 512));
+    EXPECT_EQ(unsuitability(smallest, 512), std::nullopt);
+    EXPECT_EQ(unsuitability(smallest - 512, 512), Unsuitable::TooSmall);
+    EXPECT_EQ(unsuitability(2048 * gibi, 512), Unsuitable::TooLarge);
+    EXPECT_EQ(unsuitability(16 * gibi, 4096), Unsuitable::SectorSize);
 }
 
 TEST(SystemArea, aChangeOfAnyByteThatCountsIsFound)

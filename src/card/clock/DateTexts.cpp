@@ -11,10 +11,12 @@ QString fullDateText(QDate day, const QLocale& locale) { return locale.toString(
 QString mediumDateText(QDate day, const QLocale& locale)
 {
     // There is no such format of Qt's own: it is the long one without the weekday and what ties that to the
-    // rest, be it a comma before or after it or a word such as the Danish "den".
-    static const QRegularExpression weekday(QStringLiteral("[\\s,]*dddd[\\s,]*('[^']*'\\s*)?"));
+    // rest, a comma before or after it or a word such as the Danish "den".
+    static const QRegularExpression weekday(QStringLiteral("[\\s,\u060C]*dddd[\\s,\u060C]*('[^']*'\\s*)?"));
     QString format = locale.dateFormat(QLocale::LongFormat);
     format.replace(weekday, QStringLiteral(" "));
+    static const QRegularExpression beforeFirst(QStringLiteral("^[^dMy']+")); // such as the Thai "on the"
+    format.remove(beforeFirst);
     format.replace(QStringLiteral("MMMM"), QStringLiteral("MMM"));
     return locale.toString(day, format.trimmed());
 }

@@ -43,7 +43,10 @@ Q_LOGGING_CATEGORY(logClock, "marvo.card")
 
 using namespace std::chrono_literals;
 
-constexpr auto checkedFor = 200ms; ///< the check box works as a button
+// What a camera knows: FAT counts from 1980, and its clock has two digits for the year.
+constexpr QDate firstDate = QDate::fromJulianDay(2'444'240); // 1 January 1980
+constexpr QDate lastDate = QDate::fromJulianDay(2'488'069);  // 31 December 2099
+constexpr auto checkedFor = 200ms;                           ///< the check box works as a button
 const auto clockFileEnding = QStringLiteral(".cfg");
 
 /// The calendar's own colours are made for paper.
@@ -104,6 +107,7 @@ void MRVTimeSetupController::buildWindow()
     m_datePicker = new QCalendarWidget(this);
     m_datePicker->setObjectName(QStringLiteral("datePicker"));
     m_datePicker->setAccessibleName(localised("clock.date"));
+    m_datePicker->setDateRange(firstDate, lastDate);
     m_datePicker->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     useDarkColours(*m_datePicker);
     if (auto* days = m_datePicker->findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"))) {
@@ -136,6 +140,10 @@ void MRVTimeSetupController::buildWindow()
     auto* notes = new QVBoxLayout;
     notes->setSpacing(4);
     notes->addWidget(guide);
+    m_wrongClockField = new QLabel(localised("clock.wrong_clock").arg(QDate::currentDate().year()), this);
+    m_wrongClockField->setObjectName(QStringLiteral("wrongClockField"));
+    m_wrongClockField->setWordWrap(true);
+    notes->addWidget(m_wrongClockField);
     notes->addWidget(m_targetField);
     m_saveButton = dialogButton("saveButton", "save", this);
     m_saveButton->setDefault(true);
@@ -186,7 +194,8 @@ void MRVTimeSetupController::onInitDIalog()
 {
     loadSettingFile();
     const QDateTime now = QDateTime::currentDateTime();
-    m_selectedDate = now.date();
+    m_selectedDate = std::clamp(now.date(), firstDate, lastDate);
+    m_wrongClockField->setVisible(m_selectedDate != now.date());
     m_selectedTime = QTime(now.time().hour(), now.time().minute(), now.time().second());
     m_clockTimePicker->setTime(m_selectedTime);
     const QSignalBlocker blocker(m_timePicker);
@@ -270,7 +279,7 @@ void MRVTimeSetupController::nowDayChecked(bool checked)
 {
     if (!checked)
         return;
-    m_selectedDate = QDate::currentDate();
+    m_selectedDate = std::clamp(QDate::currentDate(), firstDate, lastDate);
     showSelectedDate();
     updateNowDayTitle();
     QTimer::singleShot(checkedFor, m_nowDaySettingChk,

@@ -87,6 +87,7 @@ private:
     ClockFace* m_clockTimePicker = nullptr;
     QTimeEdit* m_timePicker = nullptr;
     ElidedLabel* m_targetField = nullptr;
+    QLabel* m_wrongClockField = nullptr; ///< shown while the computer's clock is out of range
     QPushButton* m_saveButton = nullptr;
 };
 

@@ -195,6 +195,12 @@ std::uint64_t partitionStart(std::uint64_t device)
     return numberIn<std::uint64_t>(contentOf(sysfsFolder(device) / "start")).value_or(0) * kernelSector;
 }
 
+unsigned logicalSectorSize(std::uint64_t device)
+{
+    return numberIn<unsigned>(contentOf(wholeDiskFolder(sysfsFolder(device)) / "queue/logical_block_size"))
+        .value_or(512);
+}
+
 std::optional<DescriptorFacts> descriptorFacts(int descriptor)
 {
     struct stat status = {};

@@ -36,6 +36,8 @@ std::uint64_t diskSequence(std::uint64_t device);
 
 /// Where a partition begins on its medium, in bytes; 0 for a whole medium.
 std::uint64_t partitionStart(std::uint64_t device);
+/// Bytes of a sector of its medium; 512 when the system does not say.
+unsigned logicalSectorSize(std::uint64_t device);
 
 /// The device behind an open descriptor.
 struct DescriptorFacts

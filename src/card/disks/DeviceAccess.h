@@ -31,6 +31,7 @@ struct FormattableVolume
 {
     TKUSBDiskEntity entity;
     DeviceIdentity identity;
+    unsigned sectorSize = 512; ///< bytes, of the medium
 };
 
 struct DeviceError
@@ -80,6 +81,8 @@ public:
     /// disks. An entry is writable when its medium is, even if the system has mounted it read-only because of
     /// damage.
     virtual std::vector<FormattableVolume> formattableVolumes() const = 0;
+    /// False when the last list is empty only because the system did not answer.
+    virtual bool isAnswering() const { return true; }
 
     /// What the device is now, whether or not it is mounted; none when it is gone, or no longer one that may
     /// be formatted.

@@ -113,10 +113,12 @@ std::vector<FormattableVolume> UDisks2DeviceAccess::formattableVolumes() const
         qCInfo(logAccess, "%s", volume.mountPath.c_str());
         volumes.push_back({TKUSBDiskEntity(volume.name, volume.mountPath, volume.devicePath, volume.model,
                                            volume.size, volume.deviceWritable, volume.mediaWhole, volume.key),
-                           identityOf(volume)});
+                           identityOf(volume), logicalSectorSize(volume.deviceNumber)});
     }
     return volumes;
 }
+
+bool UDisks2DeviceAccess::isAnswering() const { return udisks2::isAnswering(); }
 
 std::optional<DeviceIdentity> UDisks2DeviceAccess::identify(const QString& key) const
 {

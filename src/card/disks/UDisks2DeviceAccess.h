@@ -18,6 +18,7 @@ public:
     explicit UDisks2DeviceAccess(const Disks& disks);
 
     std::vector<FormattableVolume> formattableVolumes() const override;
+    bool isAnswering() const override;
     std::optional<DeviceIdentity> identify(const QString& key) const override;
     std::optional<DeviceError> unmount(const TKUSBDiskEntity& volume) override;
     std::optional<DeviceError> openForWriting(const QString& key, DeviceDescriptor& opened) override;

@@ -3,6 +3,7 @@
 #include "card/disks/UDisks2Objects.h"
 
 #include <QDBusArgument>
+#include <QDBusError>
 #include <QDBusMetaType>
 #include <QLoggingCategory>
 
@@ -15,7 +16,18 @@ namespace {
 
 Q_LOGGING_CATEGORY(logUDisks, "marvo.udisks")
 
+/// A busy service is asked again.
 constexpr int listTimeoutMs = 2000;
+constexpr int mostListTries = 2;
+
+std::atomic<bool> answers = true;
+
+bool isTimeout(const QDBusMessage& reply)
+{
+    const QDBusError error(reply);
+    return error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout ||
+           error.type() == QDBusError::TimedOut;
+}
 
 /// A path as the service sends it: bytes with a closing NUL.
 std::string pathOf(QByteArray bytes)
@@ -70,9 +82,15 @@ ManagedObjects managedObjects(const QDBusConnection& bus)
 {
     if (!bus.isConnected())
         return {};
-    const QDBusMessage reply =
-        call(bus, QStringLiteral("/org/freedesktop/UDisks2"),
-             QStringLiteral("org.freedesktop.DBus.ObjectManager"), "GetManagedObjects", {}, listTimeoutMs);
+    QDBusMessage reply;
+    for (int tries = answers ? 0 : 1; tries < mostListTries; ++tries) {
+        reply = call(bus, QStringLiteral("/org/freedesktop/UDisks2"),
+                     QStringLiteral("org.freedesktop.DBus.ObjectManager"), "GetManagedObjects", {},
+                     listTimeoutMs);
+        if (!isTimeout(reply))
+            break;
+    }
+    answers = !isTimeout(reply);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
         static std::atomic_flag told;
         if (!told.test_and_set())
@@ -81,6 +99,8 @@ ManagedObjects managedObjects(const QDBusConnection& bus)
     }
     return qdbus_cast<ManagedObjects>(reply.arguments().constFirst());
 }
+
+bool isAnswering() { return answers; }
 
 std::vector<std::string> mountPoints(const Interfaces& interfaces)
 {

@@ -32,6 +32,8 @@ QDBusMessage call(const QDBusConnection& bus, const QString& path, const QString
 
 /// Every object of the service; none, with one line in the log, when it does not answer.
 ManagedObjects managedObjects(const QDBusConnection& bus);
+/// False when the service has not answered the last question in time, though it was asked some times.
+bool isAnswering();
 
 /// Where a volume is mounted, in the service's order; bytes.
 std::vector<std::string> mountPoints(const Interfaces& interfaces);

@@ -33,7 +33,8 @@ namespace {
 Q_LOGGING_CATEGORY(logFormat, "marvo.format")
 
 constexpr std::chrono::milliseconds progressTick{300};
-constexpr double progressSeconds = 1000; ///< after which the display, not the work, ends
+constexpr std::chrono::seconds askAgainDelay{3}; ///< of a disk service that does not answer
+constexpr double progressSeconds = 1000;         ///< after which the display, not the work, ends
 
 /// Calls on the window's thread and returns when it has been called, or the window has gone.
 template <typename Call>
@@ -69,6 +70,23 @@ std::vector<FormattableVolume> doLoadUSBVolumes(DeviceAccess* access,
     if (isMissing && access->identify(erased->entity.key()) == erased->identity)
         volumes.push_back(*erased);
     return volumes;
+}
+
+/// Why the volume cannot become the camera's card; empty when it can.
+QString unsuitableText(const FormattableVolume& volume)
+{
+    const auto reason = unsuitability(volume.entity.volumeSize(), volume.sectorSize);
+    if (!reason)
+        return {};
+    switch (*reason) {
+    case Unsuitable::TooSmall:
+        return localised("format.too_small");
+    case Unsuitable::TooLarge:
+        return localised("format.too_large");
+    case Unsuitable::SectorSize:
+        break;
+    }
+    return localised("format.sector_size").arg(volume.sectorSize);
 }
 
 } // namespace
@@ -121,6 +139,11 @@ void MRVFormatWindowController::buildWindow()
         value(new QLabel(this), "allocationUnitField", "setting.format.allocation_unit_size");
     form->addRow(label("allocationUnitLabel", "setting.format.allocation_unit_size"), m_allocationUnitField);
 
+    m_hintField = new QLabel(this);
+    m_hintField->setObjectName(QStringLiteral("hintField"));
+    m_hintField->setWordWrap(true);
+    m_hintField->hide();
+
     m_progressBar = new PMProgressIndicator(this);
     m_progressBar->setObjectName(QStringLiteral("progressBar"));
     m_progressMessageField = new QLabel(this);
@@ -160,6 +183,7 @@ void MRVFormatWindowController::buildWindow()
     layout->setContentsMargins(20, 18, 20, 16);
     layout->setSpacing(16);
     layout->addLayout(form);
+    layout->addWidget(m_hintField);
     layout->addLayout(progress);
     layout->addStretch();
     layout->addLayout(buttons);
@@ -199,8 +223,13 @@ void MRVFormatWindowController::loadUSBVolumes(std::function<void()> completion)
             m_usbDiskArray = std::move(volumes);
             m_listing = false;
             m_usbDiskCombo->clear();
-            m_usbDiskCombo->setPlaceholderText(
-                localised(m_usbDiskArray.empty() ? "setting.format.no_card" : "setting.format.choose"));
+            const DeviceAccess* access = m_disks.deviceAccess();
+            m_isAnswering = access == nullptr || !m_usbDiskArray.empty() || access->isAnswering();
+            m_usbDiskCombo->setPlaceholderText(localised(!m_isAnswering           ? "format.no_answer"
+                                                         : m_usbDiskArray.empty() ? "setting.format.no_card"
+                                                                                  : "setting.format.choose"));
+            if (!m_isAnswering)
+                QTimer::singleShot(askAgainDelay, this, &MRVFormatWindowController::volumesChanged);
             for (const FormattableVolume& volume : m_usbDiskArray)
                 m_usbDiskCombo->addItem(volume.entity.displayString());
             m_usbDiskCombo->setCurrentIndex(m_usbDiskArray.empty() ? -1 : 0);
@@ -261,6 +290,9 @@ const FormattableVolume* MRVFormatWindowController::selectedUSBDisk() const
 void MRVFormatWindowController::updateSelectedDiskInfo()
 {
     const FormattableVolume* volume = selectedUSBDisk();
+    const QString hint = volume ? unsuitableText(*volume) : QString();
+    m_hintField->setText(hint);
+    m_hintField->setVisible(!hint.isEmpty());
     if (volume == nullptr) {
         m_pathField->setFullText(QStringLiteral("-"));
         m_allocationUnitField->setText(QStringLiteral("64KB"));
@@ -294,14 +326,19 @@ void MRVFormatWindowController::onFormat()
     const FormattableVolume* volume = selectedUSBDisk();
     if (volume == nullptr) {
         showMessageSheet(this, QStringLiteral("MARVO"),
-                         m_usbDiskArray.empty() ? QStringLiteral("There is no USB drive.")
-                                                : QStringLiteral("Please select USB drive."));
+                         !m_isAnswering           ? localised("format.no_answer")
+                         : m_usbDiskArray.empty() ? QStringLiteral("There is no USB drive.")
+                                                  : QStringLiteral("Please select USB drive."));
         return;
     }
     const QString displayString = volume->entity.displayString();
     if (!volume->entity.writable()) {
         const FormatFailure failure{FormatFailure::Kind::WriteProtected, {}};
         showMessageSheet(this, localised("msg.cannot_format"), failureText(displayString, failure, {}));
+        return;
+    }
+    if (const QString text = unsuitableText(*volume); !text.isEmpty()) {
+        showMessageSheet(this, localised("msg.cannot_format"), text);
         return;
     }
     askAndFormat(*volume);

@@ -122,6 +122,7 @@ private:
     bool m_listing = false;
     bool m_listAgain = false;    ///< a card came or went meanwhile
     bool m_formatWanted = false; ///< the button was pressed meanwhile
+    bool m_isAnswering = true;   ///< the disk service
 
     /// A card that a failed format has left without a file system or without its settings, and what these
     /// were.
@@ -137,6 +138,7 @@ private:
     PMProgressIndicator* m_progressBar = nullptr;
     QLabel* m_progressMessageField = nullptr;
     QLabel* m_progressDetailField = nullptr;
+    QLabel* m_hintField = nullptr;
 };
 
 } // namespace marvo

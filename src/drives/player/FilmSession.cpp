@@ -103,6 +103,7 @@ void FilmSession::adopt(std::shared_ptr<VlcSession> session)
     if (!m_session || m_state == State::Broken)
         return breakOff({});
     waitFor(Step::FirstFrame, startTimeoutMs);
+    m_session->setTellsPicturesApart();
     m_session->setVolume(0, true);
     m_session->play();
 }

@@ -122,13 +122,16 @@ private Q_SLOTS:
                     {"de_DE", "Sonntag, 26. Mai 2013", "26. Mai 2013", "13:45:02"},
                     {"da_DK", "søndag den 26. maj 2013", "26. maj 2013", "13.45.02"},
                     {"ja_JP", "2013年5月26日日曜日", "2013年5月26日", "13時45分02秒"},
+                    {"ar_EG", "الأحد، ٢٦ مايو ٢٠١٣", "٢٦ مايو ٢٠١٣", ""},
+                    {"th_TH", "วันอาทิตย์ที่ 26 พฤษภาคม 2013", "26 พ.ค. 2013", ""},
                     {"C", "Sunday, 26 May 2013", "26 May 2013", "13:45:02"}};
         for (const auto& row : rows) {
             const QLocale locale(QString::fromLatin1(row.locale));
             const QDate day(2013, 5, 26);
             QCOMPARE(fullDateText(day, locale), QString::fromUtf8(row.full));
             QCOMPARE(mediumDateText(day, locale), QString::fromUtf8(row.medium));
-            QCOMPARE(locale.toString(QTime(13, 45, 2), timeFormat(locale)), QString::fromUtf8(row.time));
+            if (*row.time)
+                QCOMPARE(locale.toString(QTime(13, 45, 2), timeFormat(locale)), QString::fromUtf8(row.time));
         }
     }
 

@@ -126,6 +126,18 @@ private Q_SLOTS:
         QCOMPARE(m_stage->message(), QStringLiteral("MARVO\nThere is no USB drive."));
     }
 
+    void aBusyServiceIsNoMissingCard()
+    {
+        QVERIFY(m_stage->root().run(QStringLiteral("pkill -STOP -x udisksd")));
+        m_stage->open({}); // which waits in vain for the list
+        auto* cards = m_stage->find<QComboBox>("usbDiskCombo");
+        const QString noAnswer = QStringLiteral("The disk service does not answer. It is asked again.");
+        const bool isTold = QTest::qWaitFor([&] { return cards->placeholderText() == noAnswer; }, 15'000);
+        QVERIFY(m_stage->root().run(QStringLiteral("pkill -CONT -x udisksd")));
+        QVERIFY(isTold);
+        QTRY_VERIFY_WITH_TIMEOUT(cards->placeholderText() != noAnswer, 15'000); // it is asked again by itself
+    }
+
     void cancelIsTheDefaultOfTheWarning()
     {
         const StageCard card = m_stage->card("WHOLE");
