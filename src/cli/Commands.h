@@ -34,6 +34,7 @@ extern const Command trackCommand;    ///< TrackCommand.cpp
 extern const Command verifyCommand;   ///< VerifyCommand.cpp
 extern const Command clipCommand;     ///< FilmCommands.cpp
 extern const Command repairCommand;   ///< FilmCommands.cpp
+extern const Command reportCommand;   ///< ReportCommand.cpp
 extern const Command demoCommand;     ///< DemoCommand.cpp
 
 /// Prints "marvo-cli NAME: MESSAGE" and where to find help to stderr; returns WrongUsage.

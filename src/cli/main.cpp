@@ -17,7 +17,7 @@ namespace {
 constexpr const Command* commands[] = {&inspectCommand, &nmeaCommand,   &listCommand,   &settingsCommand,
                                        &logCommand,     &drivesCommand, &eventsCommand, &archiveCommand,
                                        &trackCommand,   &clipCommand,   &repairCommand, &verifyCommand,
-                                       &demoCommand};
+                                       &reportCommand,  &demoCommand};
 
 void say(const Command& command, std::string_view message, std::string_view hint)
 {

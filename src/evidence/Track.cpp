@@ -98,7 +98,7 @@ private:
 
 } // namespace
 
-RecordingTrack readTrack(ByteSource& source, std::string name)
+RecordingTrack readTrack(ByteSource& source, std::string name, TrackReach reach)
 {
     RecordingTrack track;
     track.name = std::move(name);
@@ -123,7 +123,8 @@ RecordingTrack readTrack(ByteSource& source, std::string name)
         if (!said.deniesFix)
             track.fixes.back().place.emplace();
     });
-    track.isWhole = recording.ExtractStreamInformation(source);
+    track.isWhole = reach == TrackReach::Film ? recording.ExtractStreamInformation(source)
+                                              : recording.ExtractDataArea(source);
     // Only now are all snapshots there.
     for (std::size_t i = 0; i < track.fixes.size(); ++i) {
         auto& place = track.fixes[i].place;

@@ -48,7 +48,11 @@ struct RecordingTrack
 };
 
 /// Reads a recording's data area. Hemispheres follow the snapshots, as in the window.
-RecordingTrack readTrack(ByteSource& source, std::string name);
+enum class TrackReach {
+    Film,    ///< as the window does: on through the film where the data area does not end
+    DataArea ///< to the end of the data area's declared size, for many recordings in a row
+};
+RecordingTrack readTrack(ByteSource& source, std::string name, TrackReach reach = TrackReach::Film);
 
 /// Fixes with a place that follow each other without a gap, in order.
 using TrackSegment = std::vector<const TrackFix*>;
