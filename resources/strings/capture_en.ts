@@ -10,7 +10,9 @@
     <message id="capture.save.cancel"><source></source><translation>Cancel</translation></message>
     <message id="capture.save.allFiles"><source></source><translation>All files (*)</translation></message>
     <message id="capture.save.taken"><source></source><translation>“%1” exists already and will be left as it is. Choose another name.</translation></message>
-    <message id="capture.only_playing"><source></source><translation>A picture can be saved while the recording plays.</translation></message>
+    <message id="capture.still_saved"><source></source><translation>Saved as %1</translation></message>
+    <message id="capture.still_failed"><source></source><translation>The still was not saved: %1</translation></message>
+    <message id="capture.only_playing"><source></source><translation>A picture can be saved this way while the recording plays. K saves a still at once, also in pause.</translation></message>
     <message id="print.no_file"><source></source><translation>Nothing is made when the printer is a file. Use “Save picture…” for a file.</translation></message>
     <message id="print.title"><source></source><translation>Print picture</translation></message>
 </context>

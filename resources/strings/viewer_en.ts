@@ -54,6 +54,7 @@
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>Open folder…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>Camera settings…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>Camera clock…</translation></message>
+    <message id="viewer.command.saveStill"><source></source><translation>Save still at once</translation></message>
     <message id="viewer.command.captureVideo"><source></source><translation>Save picture…</translation></message>
     <message id="viewer.command.print"><source></source><translation>Print picture…</translation></message>
     <message id="viewer.command.changeAndPlay"><source></source><translation>Play the selected recording</translation></message>

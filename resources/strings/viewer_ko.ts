@@ -54,6 +54,7 @@
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>폴더 열기…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>카메라 설정…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>카메라 시계…</translation></message>
+    <message id="viewer.command.saveStill"><source></source><translation>정지 화면 바로 저장</translation></message>
     <message id="viewer.command.captureVideo"><source></source><translation>화면 저장…</translation></message>
     <message id="viewer.command.print"><source></source><translation>화면 인쇄…</translation></message>
     <message id="viewer.command.changeAndPlay"><source></source><translation>선택한 녹화 재생</translation></message>

@@ -17,6 +17,7 @@ namespace marvo {
 class CaptureController;
 class MediaPlayer;
 class PrintController;
+class StillController;
 
 /// Saving and printing the picture of the moment, with the workers and the snapshots that both share.
 class CaptureCommands
@@ -30,8 +31,9 @@ public:
     ~CaptureCommands();
 
     /// Enables the command while it can do its work. Otherwise the tool tip says why not.
-    void follow(QAction& captureVideo, const MediaPlayer& player);
+    void follow(QAction& captureVideo, QAction& saveStill, const MediaPlayer& player);
 
+    StillController& stills() const { return *m_stills; }
     CaptureController& capture() const { return *m_capture; }
     PrintController& printing() const { return *m_print; }
 
@@ -40,6 +42,7 @@ private:
     CaptureSnapshots m_snapshots;
     std::unique_ptr<CaptureController> m_capture;
     std::unique_ptr<PrintController> m_print;
+    std::unique_ptr<StillController> m_stills;
 };
 
 } // namespace marvo

@@ -6,6 +6,7 @@
 #include "capture/CaptureController.h"
 #include "capture/CaptureFacts.h"
 #include "capture/PrintController.h"
+#include "capture/StillController.h"
 #include "card/disks/Disks.h"
 #include "controls/MessageSheet.h"
 #include "map/MapSurface.h"
@@ -14,6 +15,7 @@
 #include "playback/PlaybackController.h"
 #include "playback/VideoView.h"
 #include "playback/VlcPlayer.h"
+#include "texts/Localisation.h"
 #include "viewer/CustomWindow.h"
 #include "viewer/FolderCommands.h"
 #include "viewer/FolderStatus.h"
@@ -46,6 +48,10 @@
 #include <utility>
 
 namespace marvo {
+
+namespace {
+constexpr std::chrono::seconds stillNoticeTime{4}; // it names a file
+} // namespace
 
 MRVAppDelegate::MRVAppDelegate() : MRVAppDelegate(Configuration{}) {}
 
@@ -85,7 +91,17 @@ void MRVAppDelegate::awakeFromNib()
                                                           m_player1->timeMs(), m_blackBoxData, m_speedUnit)};
         },
         m_configuration.capturePath);
-    m_captureCommands->follow(*m_commands->action(Command::CaptureVideo), *m_player1);
+    m_captureCommands->follow(*m_commands->action(Command::CaptureVideo),
+                              *m_commands->action(Command::SaveStill), *m_player1);
+    VideoNotice* notice = m_views->videoNotice;
+    connect(&m_captureCommands->stills(), &StillController::saved, notice, [notice](QString path) {
+        if (const QString home = QDir::homePath() + QLatin1Char('/'); path.startsWith(home))
+            path.replace(0, home.size(), QStringLiteral("~/")); // as file managers do
+        notice->tell(localised("capture.still_saved").arg(path), stillNoticeTime);
+    });
+    connect(&m_captureCommands->stills(), &StillController::failed, notice, [notice](const QString& reason) {
+        notice->tell(localised("capture.still_failed").arg(reason), stillNoticeTime);
+    });
     m_folderStatus = std::make_unique<FolderStatus>(*m_views, m_mediaList, m_recordings);
 
     const QString bar = QStringLiteral("bottom-background");

@@ -27,7 +27,7 @@ const std::vector<MenuSection>& menuTable()
     static const std::vector<MenuSection> table{
         {nullptr, {OpenMediaDirectoryDialog, OpenDrivingLog}},
         {nullptr, {ShowSettingPanel, ShowTimeSetupPanel}},
-        {nullptr, {CaptureVideo, Print}},
+        {nullptr, {CaptureVideo, SaveStill, Print}},
         {nullptr, {}}, // a line between the commands and the submenus
         {"viewer.menu.playback",
          {ChangeAndPlay, ClickPlayButton, JumpBackward, JumpForward, DecreaseSpeed, IncreaseSpeed}},
@@ -54,6 +54,7 @@ const std::vector<CommandRow>& commandTable()
         {ShowSettingPanel, "showSettingPanel", {control(Qt::Key_Comma)}},
         {ShowTimeSetupPanel, "showTimeSetupPanel", {control(Qt::Key_T)}},
         {CaptureVideo, "captureVideo", {control(Qt::Key_S)}},
+        {SaveStill, "saveStill", {key(Qt::Key_K)}},
         {Print, "print", {control(Qt::Key_P)}},
         {ChangeAndPlay, "changeAndPlay", {key(Qt::Key_Return), key(Qt::Key_Enter)}},
         {ClickPlayButton, "clickPlayButton", {key(Qt::Key_Space)}},

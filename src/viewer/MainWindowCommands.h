@@ -21,6 +21,7 @@ enum class Command {
     ShowSettingPanel,
     ShowTimeSetupPanel,
     CaptureVideo,
+    SaveStill,
     Print,
     ChangeAndPlay,
     ClickPlayButton,

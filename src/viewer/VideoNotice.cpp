@@ -14,7 +14,6 @@ namespace marvo {
 
 namespace {
 
-constexpr std::chrono::milliseconds shownFor{1200};
 constexpr int edgeGap = 16;
 constexpr int widestReason = 460;
 
@@ -29,7 +28,7 @@ VideoNotice::VideoNotice(QWidget* parent) : QLabel(parent)
     hide();
 }
 
-void VideoNotice::tell(const QString& text)
+void VideoNotice::tell(const QString& text, std::chrono::milliseconds shownFor)
 {
     setText(text);
     adjustSize();

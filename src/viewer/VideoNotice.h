@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QTimer>
 
+#include <chrono>
+
 namespace marvo {
 
 /// A word over the video for a moment, such as the new volume.
@@ -14,7 +16,7 @@ class VideoNotice : public QLabel
 public:
     explicit VideoNotice(QWidget* parent);
 
-    void tell(const QString& text);
+    void tell(const QString& text, std::chrono::milliseconds shownFor = std::chrono::milliseconds(1200));
 
 private:
     QTimer m_gone;

@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QBuffer>
+#include <QDir>
 #include <QImageReader>
 #include <QLineEdit>
 
@@ -300,6 +301,23 @@ private Q_SLOTS:
         QVERIFY(!dialog());
         QCOMPARE(m_home.read("shots/capture.jpg"), before);
         QCOMPARE(opened(), twice); // neither the cancelled one nor the paused one
+
+        // A still is saved in pause as well, each under a name of its own.
+        const auto stills = [this] {
+            const QDir folder(QString::fromStdString(m_home.path("Pictures/MARVO")));
+            return folder.entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+        };
+        stage.key(Qt::Key_K);
+        QTRY_COMPARE(stills().size(), 1);
+        stage.key(Qt::Key_K);
+        QTRY_COMPARE(stills().size(), 2);
+        QVERIFY2(stills().front().startsWith(QLatin1String("2024-05-18_00-00-")),
+                 qPrintable(stills().front()));
+        QVERIFY(stills().front().endsWith(QLatin1String("_front.jpg")));
+        const std::string still = m_home.read("Pictures/MARVO/" + stills().front().toStdString());
+        QCOMPARE(pictureSize(still), stage.player().videoSize());
+        QVERIFY(exifText(still, EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL)
+                    .startsWith(QLatin1String("2024:05:18")));
     }
 };
 
