@@ -13,7 +13,7 @@
     <message id="setting.format.allocation_unit_size"><source></source><translation>할당 단위 크기</translation></message>
     <message id="setting.format.filesystem"><source></source><translation>파일 시스템</translation></message>
     <message id="setting.format.format"><source></source><translation>포맷</translation></message>
-    <message id="setting.format.no_card"><source></source><translation>USB 리더에 카드가 없습니다</translation></message>
+    <message id="setting.format.no_card"><source></source><translation>USB 카드 리더기에 카드가 없습니다</translation></message>
     <message id="setting.format.choose"><source></source><translation>카드를 선택하세요</translation></message>
     <message id="msg.cannot_format"><source></source><translation>카드를 포맷할 수 없습니다</translation></message>
     <message id="msg.format_complete"><source></source><translation>카드 포맷을 마쳤습니다</translation></message>
@@ -27,14 +27,14 @@
     <message id="format.contents.many"><source></source><translation>녹화 파일 %1개</translation></message>
     <message id="format.step.look"><source></source><translation>카드에 있는 내용을 확인하고 있습니다</translation></message>
     <message id="format.step.keep"><source></source><translation>카메라 설정을 복사해 두고 있습니다</translation></message>
-    <message id="format.step.unmount"><source></source><translation>카드를 마운트 해제하고 있습니다</translation></message>
+    <message id="format.step.unmount"><source></source><translation>카드의 마운트를 해제하고 있습니다</translation></message>
     <message id="format.step.password"><source></source><translation>관리자 암호를 기다리고 있습니다</translation></message>
     <message id="format.step.prepare"><source></source><translation>새 파일 시스템을 준비하고 있습니다</translation></message>
     <message id="format.step.write"><source></source><translation>카드에 쓰고 있습니다. 카드를 빼지 마세요</translation></message>
     <message id="format.step.readback"><source></source><translation>쓴 내용을 확인하고 있습니다. 카드를 빼지 마세요</translation></message>
     <message id="format.step.mount"><source></source><translation>새 파일 시스템을 기다리고 있습니다. 카드를 빼지 마세요</translation></message>
     <message id="format.step.restore"><source></source><translation>카메라 설정을 복원하고 있습니다. 카드를 빼지 마세요</translation></message>
-    <message id="msg.format.refused"><source></source><translation>암호가 승인되지 않았습니다. 카드의 내용은 바뀌지 않았습니다.</translation></message>
+    <message id="msg.format.refused"><source></source><translation>암호 인증에 실패했습니다. 카드의 내용은 바뀌지 않았습니다.</translation></message>
     <message id="msg.format.dismissed"><source></source><translation>암호를 입력하지 않았습니다. 카드의 내용은 바뀌지 않았습니다.</translation></message>
     <message id="msg.format.nobody_asks"><source></source><translation>이 데스크톱에는 관리자 암호를 묻는 프로그램이 없습니다. 카드의 내용은 바뀌지 않았습니다.</translation></message>
     <message id="msg.format.changed"><source></source><translation>선택한 카드가 바뀌었거나 제거되었습니다. 아무것도 기록하지 않았습니다. 다시 선택하세요.</translation></message>
@@ -42,7 +42,7 @@
     <message id="msg.format.busy"><source></source><translation>다른 프로그램이 카드를 사용하고 있습니다. 그 프로그램을 닫고 다시 시도하세요.</translation></message>
     <message id="msg.format.unsuitable"><source></source><translation>이 크기의 카드에는 FAT32를 사용할 수 없습니다.</translation></message>
     <message id="msg.format.no_formatter"><source></source><translation>mkfs.fat 프로그램(dosfstools 패키지)이 설치되어 있지 않습니다.</translation></message>
-    <message id="msg.format.mismatch"><source></source><translation>기록한 내용이 다르게 읽힙니다. 카드가 낡았을 수 있습니다.</translation></message>
+    <message id="msg.format.mismatch"><source></source><translation>기록한 내용과 읽은 내용이 다릅니다. 카드의 수명이 다했을 수 있습니다.</translation></message>
     <message id="msg.format.erased"><source></source><translation>카드를 이 상태로는 사용할 수 없습니다. 다시 포맷하세요.</translation></message>
     <message id="msg.format.kept"><source></source><translation>카메라 설정의 복사본:
 %1</translation></message>

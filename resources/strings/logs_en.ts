@@ -18,13 +18,13 @@
     <message id="log.records"><source></source><translation>%1 records</translation></message>
     <message id="log.ends_early"><source></source><translation>%1 of %2 records; the file ends early</translation></message>
     <message id="log.way"><source></source><translation>Show the whole route</translation></message>
-    <message id="log.fault.cannot_open"><source></source><translation>“%1” cannot be opened. Check that the card is inserted and that you may read the file.</translation></message>
+    <message id="log.fault.cannot_open"><source></source><translation>“%1” cannot be opened. Check that the card is inserted and that you have permission to read the file.</translation></message>
     <message id="log.fault.no_log"><source></source><translation>“%1” is not a driving log.</translation></message>
     <message id="log.fault.no_memory"><source></source><translation>“%1” is too large for this computer's memory.</translation></message>
     <message id="log.fault.cannot_read"><source></source><translation>“%1” could not be read to its end. Check that the card is still in the reader, then open it again.</translation></message>
     <message id="log.export.failed"><source></source><translation>“%1” could not be written. %2</translation></message>
     <message id="log.export.full"><source></source><translation>There is not enough room on the disk.</translation></message>
-    <message id="log.export.protected"><source></source><translation>You may not write there, or the disk is write-protected.</translation></message>
+    <message id="log.export.protected"><source></source><translation>You do not have permission to write there, or the disk is write-protected.</translation></message>
     <message id="log.export.gone"><source></source><translation>The folder or the disk is no longer there.</translation></message>
     <message id="log.export.same_file"><source></source><translation>It is the driving log itself. Choose another name.</translation></message>
     <message id="setting.flashdata.index"><source></source><translation>No.</translation></message>

@@ -20,8 +20,8 @@
     <message id="log.way"><source></source><translation>지도에 전체 경로 표시</translation></message>
     <message id="log.fault.cannot_open"><source></source><translation>“%1” 파일을 열 수 없습니다. 카드가 꽂혀 있는지, 파일을 읽을 권한이 있는지 확인하세요.</translation></message>
     <message id="log.fault.no_log"><source></source><translation>“%1” 파일은 주행 기록이 아닙니다.</translation></message>
-    <message id="log.fault.no_memory"><source></source><translation>“%1” 파일이 너무 커서 이 컴퓨터의 메모리에 담을 수 없습니다.</translation></message>
-    <message id="log.fault.cannot_read"><source></source><translation>“%1” 파일을 끝까지 읽을 수 없습니다. 카드가 리더에 꽂혀 있는지 확인하고 다시 여세요.</translation></message>
+    <message id="log.fault.no_memory"><source></source><translation>“%1” 파일이 너무 커서 이 컴퓨터의 메모리로는 열 수 없습니다.</translation></message>
+    <message id="log.fault.cannot_read"><source></source><translation>“%1” 파일을 끝까지 읽을 수 없습니다. 카드가 리더기에 꽂혀 있는지 확인하고 다시 여세요.</translation></message>
     <message id="log.export.failed"><source></source><translation>“%1” 파일을 쓸 수 없습니다. %2</translation></message>
     <message id="log.export.full"><source></source><translation>디스크에 공간이 부족합니다.</translation></message>
     <message id="log.export.protected"><source></source><translation>쓰기 권한이 없거나 디스크가 쓰기 방지되어 있습니다.</translation></message>

@@ -5,8 +5,8 @@
     <name></name>
     <message id="progress.name"><source></source><translation>진행률</translation></message>
     <message id="progress.busy"><source></source><translation>작업 중</translation></message>
-    <message id="progress.completed"><source></source><translation>%1 % 완료</translation></message>
-    <message id="progress.completed_remaining"><source></source><translation>%1 % 완료 - %2</translation></message>
+    <message id="progress.completed"><source></source><translation>%1% 완료</translation></message>
+    <message id="progress.completed_remaining"><source></source><translation>%1% 완료 - %2</translation></message>
     <message id="progress.minutes"><source></source><translation>약 %1분 남음</translation></message>
     <message id="progress.ten_minutes"><source></source><translation>약 10분 남음</translation></message>
     <message id="progress.nine_minutes"><source></source><translation>약 9분 남음</translation></message>

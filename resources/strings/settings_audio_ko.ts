@@ -26,7 +26,7 @@
     <message id="BahasaIndonesia"><source></source><translation>인도네시아어</translation></message>
     <message id="Vietnamese"><source></source><translation>베트남어</translation></message>
     <message id="Mongolian"><source></source><translation>몽골어</translation></message>
-    <message id="Spanish.SouthAmerica"><source></source><translation>스페인어 (남미)</translation></message>
+    <message id="Spanish.SouthAmerica"><source></source><translation>스페인어 (중남미)</translation></message>
     <message id="German"><source></source><translation>독일어</translation></message>
     <message id="Turkish"><source></source><translation>터키어</translation></message>
     <message id="Italian"><source></source><translation>이탈리아어</translation></message>

@@ -20,6 +20,6 @@
     <message id="setting.aux.place_of_use"><source></source><translation>사용 장소</translation></message>
     <message id="setting.aux.place_of_use_vehicle"><source></source><translation>차량</translation></message>
     <message id="setting.aux.place_of_use_indoor"><source></source><translation>실내</translation></message>
-    <message id="setting.aux.place_of_use_guide"><source></source><translation>카메라를 차량이 아닌 실내에서 사용할 때는 ‘실내’를 선택하세요.</translation></message>
+    <message id="setting.aux.place_of_use_guide"><source></source><translation>카메라를 차량이 아닌 실내에서 사용할 때는 “실내”를 선택하세요.</translation></message>
 </context>
 </TS>

@@ -20,7 +20,7 @@
     <message id="sensitive"><source></source><translation>high</translation></message>
     <message id="setting.basic.others"><source></source><translation>Camera</translation></message>
     <message id="setting.basic.enable_security_led"><source></source><translation>Security LED</translation></message>
-    <message id="setting.basic.enable_high_temperature_safety_mode"><source></source><translation>Protection against high temperature</translation></message>
+    <message id="setting.basic.enable_high_temperature_safety_mode"><source></source><translation>High-temperature protection</translation></message>
     <message id="setting.basic.auto_switch_driving_mode"><source></source><translation>Switch to driving mode automatically</translation></message>
     <message id="setting.basic.auto_switch_parking_mode"><source></source><translation>Switch to parking mode automatically</translation></message>
     <message id="setting.basic.stanby_time_parking_mode"><source></source><translation>Standby time before parking mode</translation></message>
@@ -42,7 +42,7 @@
     <message id="setting.basic.power_guide"><source></source><translation>Protects the vehicle's battery. With an external power supply the camera is not cut off.</translation></message>
     <message id="unuse"><source></source><translation>Not used</translation></message>
     <message id="nHour_fmt"><source></source><translation>%1 hours</translation></message>
-    <message id="msg.on_hightemperatureprotection"><source></source><translation>The protection against high temperature is on: when it gets too hot, the camera stops recording until it has cooled down.</translation></message>
-    <message id="msg.off_hightemperatureprotection"><source></source><translation>The protection against high temperature is off: great heat may damage the camera.</translation></message>
+    <message id="msg.on_hightemperatureprotection"><source></source><translation>High-temperature protection is on. When the camera gets too hot, it stops recording until it has cooled down.</translation></message>
+    <message id="msg.off_hightemperatureprotection"><source></source><translation>High-temperature protection is off. Heat may damage the camera.</translation></message>
 </context>
 </TS>

@@ -3,7 +3,7 @@
 <TS version="2.1" language="ko">
 <context>
     <name></name>
-    <message id="setting.basic.display_setting"><source></source><translation>화면 표시</translation></message>
+    <message id="setting.basic.display_setting"><source></source><translation>카메라 화면 표시</translation></message>
     <message id="setting.basic.display_setting_speed_time_date"><source></source><translation>속도, 시간, 날짜</translation></message>
     <message id="setting.basic.display_setting_speed_time"><source></source><translation>속도, 시간</translation></message>
     <message id="setting.basic.display_setting_speed_date"><source></source><translation>속도, 날짜</translation></message>
@@ -14,7 +14,7 @@
     <message id="setting.basic.enable_gsensor"><source></source><translation>충격 감지 사용 (G센서)</translation></message>
     <message id="setting.basic.driving_impact_sensitivity"><source></source><translation>주행 중 충격 감도</translation></message>
     <message id="setting.basic.parking_impact_sensitivity"><source></source><translation>주차 중 충격 감도</translation></message>
-    <message id="setting.basic.customize"><source></source><translation>사용자</translation></message>
+    <message id="setting.basic.customize"><source></source><translation>사용자 지정</translation></message>
     <message id="setting.basic.axis_fmt"><source></source><translation>%1 (g)</translation></message>
     <message id="insensitive"><source></source><translation>둔감</translation></message>
     <message id="sensitive"><source></source><translation>민감</translation></message>

@@ -4,7 +4,7 @@
 <context>
     <name></name>
     <message id="setting.gps.weekly_alarm"><source></source><translation>Weekly alarm</translation></message>
-    <message id="setting.gps.gps_guide1"><source></source><translation>The settings of this page need a GPS receiver on the camera.</translation></message>
+    <message id="setting.gps.gps_guide1"><source></source><translation>The settings on this page need a GPS receiver on the camera.</translation></message>
     <message id="setting.gps.speed_display"><source></source><translation>Speed unit</translation></message>
     <message id="setting.gps.gps_speed_guide1"><source></source><translation>Also used in this program once the settings are saved.</translation></message>
     <message id="setting.gps.timezone_setting"><source></source><translation>Time zone</translation></message>

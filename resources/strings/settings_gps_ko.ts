@@ -4,7 +4,7 @@
 <context>
     <name></name>
     <message id="setting.gps.weekly_alarm"><source></source><translation>주간 알림</translation></message>
-    <message id="setting.gps.gps_guide1"><source></source><translation>이 페이지의 설정은 카메라에 GPS 수신기가 연결되어 있어야 합니다.</translation></message>
+    <message id="setting.gps.gps_guide1"><source></source><translation>이 페이지의 설정을 사용하려면 카메라에 GPS 수신기가 연결되어 있어야 합니다.</translation></message>
     <message id="setting.gps.speed_display"><source></source><translation>속도 단위</translation></message>
     <message id="setting.gps.gps_speed_guide1"><source></source><translation>설정을 저장하면 이 프로그램에서도 사용됩니다.</translation></message>
     <message id="setting.gps.timezone_setting"><source></source><translation>시간대</translation></message>

@@ -3,14 +3,14 @@
 <TS version="2.1" language="en">
 <context>
     <name></name>
-    <message id="setting.obd.obd_guide1"><source></source><translation>The settings of this page need an OBD adapter connected to the camera.</translation></message>
+    <message id="setting.obd.obd_guide1"><source></source><translation>The settings on this page need an OBD adapter connected to the camera.</translation></message>
     <message id="setting.obd.weekly_alarm"><source></source><translation>Weekly alarm</translation></message>
     <message id="setting.obd.speed_display"><source></source><translation>Speed unit</translation></message>
     <message id="setting.obd.obd_speed_guide1"><source></source><translation>Also used in this program once the settings are saved.</translation></message>
     <message id="setting.obd.timezone_setting"><source></source><translation>Time zone</translation></message>
     <message id="setting.obd.timezone_accessible"><source></source><translation>Time zone, difference from UTC</translation></message>
     <message id="setting.obd.obd_time_guide1"><source></source><translation>The camera sets its clock to the time of this zone.</translation></message>
-    <message id="setting.obd.osd_speed_display"><source></source><translation>Speed in the picture</translation></message>
+    <message id="setting.obd.osd_speed_display"><source></source><translation>Speed on the camera's display</translation></message>
     <message id="setting.obd.driving_route_info_saving_interval"><source></source><translation>Saving interval of the driving route</translation></message>
     <message id="setting.obd.obd_on_parking_mode"><source></source><translation>OBD in parking mode</translation></message>
     <message id="setting.obd.obd_guide2"><source></source><translation>OBD uses some of the battery's power while parked.</translation></message>

@@ -21,8 +21,8 @@
     <message id="setting.restore_earlier"><source></source><translation>Restore an earlier settings file…</translation></message>
     <message id="setting.open_file"><source></source><translation>Open settings file…</translation></message>
     <message id="setting.file"><source></source><translation>Settings file</translation></message>
-    <message id="setting.defaults_shown"><source></source><translation>No card with camera settings was found. These are the default settings until you change them.</translation></message>
-    <message id="msg.no_settings_file"><source></source><translation>%1 is no settings file of the camera.</translation></message>
+    <message id="setting.defaults_shown"><source></source><translation>No card with camera settings was found. The default settings are shown.</translation></message>
+    <message id="msg.no_settings_file"><source></source><translation>“%1” is not a camera settings file.</translation></message>
     <message id="setting.camera_with_obd"><source></source><translation>Camera with OBD adapter</translation></message>
     <message id="setting.earlier.title"><source></source><translation>Earlier settings files</translation></message>
     <message id="setting.earlier.guide"><source></source><translation>Choose the settings to bring back into this window. Nothing is written to the card before you save.</translation></message>

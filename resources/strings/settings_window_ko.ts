@@ -21,7 +21,7 @@
     <message id="setting.restore_earlier"><source></source><translation>이전 설정 파일 복원…</translation></message>
     <message id="setting.open_file"><source></source><translation>설정 파일 열기…</translation></message>
     <message id="setting.file"><source></source><translation>설정 파일</translation></message>
-    <message id="setting.defaults_shown"><source></source><translation>카메라 설정이 들어 있는 카드를 찾지 못했습니다. 변경하기 전에는 기본값이 표시됩니다.</translation></message>
+    <message id="setting.defaults_shown"><source></source><translation>카메라 설정이 들어 있는 카드를 찾지 못해 기본값을 표시합니다.</translation></message>
     <message id="msg.no_settings_file"><source></source><translation>카메라 설정 파일이 아닙니다: %1</translation></message>
     <message id="setting.camera_with_obd"><source></source><translation>OBD 어댑터가 있는 카메라</translation></message>
     <message id="setting.earlier.title"><source></source><translation>이전 설정 파일</translation></message>

@@ -17,7 +17,7 @@
     <message id="viewer.list.empty"><source></source><translation>No recordings in this folder</translation></message>
     <message id="viewer.list.emptyHelp"><source></source><translation>Recordings are AVI files named by the camera, such as event_20240517_081530.avi. Open the card itself or one of its movie folders.</translation></message>
     <message id="viewer.list.unreadable"><source></source><translation>This folder cannot be read</translation></message>
-    <message id="viewer.list.unreadableHelp"><source></source><translation>%1. Check that the card is still inserted and that you may read it, then open it again.</translation></message>
+    <message id="viewer.list.unreadableHelp"><source></source><translation>%1. Check that the card is still inserted and that you have permission to read it, then open it again.</translation></message>
     <message id="viewer.folder.count"><source></source><translation>%1 recordings</translation></message>
     <message id="viewer.folder.countOne"><source></source><translation>1 recording</translation></message>
     <message id="viewer.folder.incomplete"><source></source><translation>%1; not all could be read: %2</translation></message>
@@ -50,7 +50,7 @@
     <message id="viewer.menu.view"><source></source><translation>View</translation></message>
     <message id="viewer.menu.language"><source></source><translation>Language</translation></message>
     <message id="viewer.language.desktop"><source></source><translation>As the desktop</translation></message>
-    <message id="viewer.language.nextStart"><source></source><translation>The new language holds from the next start of MARVO.</translation></message>
+    <message id="viewer.language.nextStart"><source></source><translation>MARVO uses the new language the next time it starts.</translation></message>
     <message id="viewer.command.openMediaDirectoryDialog"><source></source><translation>Open folder…</translation></message>
     <message id="viewer.command.showSettingPanel"><source></source><translation>Camera settings…</translation></message>
     <message id="viewer.command.showTimeSetupPanel"><source></source><translation>Camera clock…</translation></message>

@@ -38,7 +38,7 @@ public:
     QVariant minimumStepSize() const override { return m_source.accessibleValue().step; }
 
 private:
-    AccessibleValueSource& m_source; ///< the widget itself, which Qt keeps alive as long as this object
+    AccessibleValueSource& m_source; ///< the widget, which outlives this object
 };
 
 QAccessibleInterface* present(const QString&, QObject* object)

@@ -16,7 +16,7 @@ struct AccessibleValue
     double minimum = 0;
     double maximum = 1;
     double step = 0;
-    QString text; ///< as it is to be read out; empty: the number itself
+    QString text; ///< read out in place of the number; empty: the number is read out
 };
 
 /// A widget that shows one number and can say which. Such a widget derives from this class beside QWidget and
@@ -28,7 +28,7 @@ public:
 
     virtual QAccessible::Role accessibleRole() const = 0;
     virtual AccessibleValue accessibleValue() const = 0;
-    /// The user asks for another value by assistive technology; a widget that only shows one ignores it.
+    /// Assistive technology sets the value. Read-only widgets ignore it.
     virtual void requestValue(double) {}
 };
 

@@ -6,8 +6,7 @@
 
 namespace marvo {
 
-/// One line of text that leaves out its middle when there is too little room, and then tells the whole of it
-/// as its tool tip.
+/// One line of text. Where it does not fit, its middle is left out and the tool tip has the whole text.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT

@@ -25,7 +25,7 @@ QAccessibleInterface* accessibleList(const QString& className, QObject* object)
 ExclusiveButtons::ExclusiveButtons(QWidget* owner) : QObject(owner), m_owner(owner)
 {
     QAccessible::installFactory(accessibleList);
-    // No focus proxy: setting one moves the owner in the order of the tab stops.
+    // No focus proxy: setting one changes the tab order.
     owner->setFocusPolicy(Qt::ClickFocus);
     owner->installEventFilter(this);
     connect(owner, &QObject::objectNameChanged, this, &ExclusiveButtons::updateNames);
@@ -36,7 +36,7 @@ void ExclusiveButtons::append(QAbstractButton* button)
     button->setCheckable(true);
     button->setAutoExclusive(true);
     button->installEventFilter(this);
-    // Widgets made after the owner come after its buttons, too.
+    // Keeps later widgets after the buttons in the tab order.
     QWidget::setTabOrder(m_buttons.isEmpty() ? m_owner : m_buttons.constLast(), button);
     const int index = count();
     // Assistive technology toggles without a click.
@@ -146,7 +146,7 @@ void ExclusiveButtons::showSelection()
         QAbstractButton* const button = m_buttons.at(i);
         if (i == m_selected || !button->isChecked())
             continue;
-        // The one that is checked among exclusive buttons cannot be unchecked.
+        // An exclusive button that is checked cannot be unchecked.
         button->setAutoExclusive(false);
         button->setChecked(false);
         button->setAutoExclusive(true);

@@ -10,10 +10,9 @@ class QWidget;
 
 namespace marvo {
 
-/// Lets one button at most of a list be selected, and makes the list one stop of the tabulator key. The arrow
-/// keys select the next button that is enabled, Home and End the first and the last, the space bar the one
-/// with the focus. Unlike a button group it can have nothing selected again, and tells a person's choice from
-/// the program's.
+/// A list of buttons of which at most one is selected. The list is one tab stop. The arrow keys select the
+/// next enabled button, Home and End the first and the last, the space bar the one with the focus. Unlike a
+/// button group, it can return to no selection and has a signal for the user's choices alone.
 class ExclusiveButtons : public QObject
 {
     Q_OBJECT
@@ -39,9 +38,9 @@ public:
     void setEnabled(int index, bool enabled);
 
 Q_SIGNALS:
-    /// Whoever changed it.
+    /// Changed by the user or by the program.
     void selectedChanged(int index);
-    /// A person selected another button.
+    /// The user selected another button.
     void chosen(int index);
 
 protected:

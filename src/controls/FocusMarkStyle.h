@@ -6,8 +6,8 @@
 
 namespace marvo {
 
-/// The Fusion style with a frame in a push button that has the keyboard. Its own mark is the outline that the
-/// default button has all the time.
+/// The Fusion style with a focus frame inside push buttons. Fusion marks the focus with the outline that the
+/// default button always has.
 class FocusMarkStyle : public QProxyStyle
 {
     Q_OBJECT

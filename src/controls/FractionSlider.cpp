@@ -14,7 +14,7 @@ namespace marvo {
 
 namespace {
 
-constexpr int positions = 1'000'000; // a recording of hours still seeks to single frames
+constexpr int positions = 1'000'000; // enough to seek to single frames in hours of recording
 constexpr int grooveHeight = 4;
 constexpr int hoverGap = 5;
 
@@ -158,7 +158,7 @@ void FractionSlider::keyPressEvent(QKeyEvent* event)
 
 void FractionSlider::wheelEvent(QWheelEvent* event)
 {
-    // A touch pad tells a step in many small parts.
+    // A touch pad sends many small parts of a step.
     m_wheelDelta += event->angleDelta().y();
     const int steps = m_wheelDelta / QWheelEvent::DefaultDeltasPerStep;
     m_wheelDelta -= steps * QWheelEvent::DefaultDeltasPerStep;
@@ -193,7 +193,7 @@ void FractionSlider::leaveEvent(QEvent* event)
 void FractionSlider::hideEvent(QHideEvent* event)
 {
     QSlider::hideEvent(event);
-    setSliderDown(false); // the release of the button goes to no one
+    setSliderDown(false); // the button release will not arrive
     endHover();
 }
 

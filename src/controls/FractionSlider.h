@@ -13,8 +13,8 @@ class QLabel;
 
 namespace marvo {
 
-/// A horizontal slider over real values that jumps to where it is clicked, and that tells what the user did
-/// from what the program set.
+/// A horizontal slider over real values. It jumps to a click, and has one signal for changes made by the user
+/// alone.
 class FractionSlider : public QSlider, public AccessibleValueSource
 {
     Q_OBJECT
@@ -29,9 +29,10 @@ public:
     FractionSlider(double maximum, double singleStep, double pageStep, Keys keys, QWidget* parent = nullptr);
 
     double fraction() const;
-    /// Shows a value, clamped to the range. Tells nobody, and waits its turn while the user holds the knob.
+    /// Shows a value, clamped to the range, without a signal. While the user drags the knob, the value is
+    /// shown after the release.
     void setFraction(double value);
-    /// What a label over the pointer says of the value there; an empty text shows none.
+    /// Sets the text of the label above the pointer, by the value there. An empty text shows no label.
     void setHoverText(std::function<QString(double)> text);
 
     QAccessible::Role accessibleRole() const override { return QAccessible::Slider; }
@@ -66,7 +67,7 @@ private:
     std::function<QString(double)> m_hoverText;
     QPointer<QLabel> m_hover; ///< the window's
     int m_hoverX = -1;
-    int m_wheelDelta = 0; ///< of a step that is not full yet
+    int m_wheelDelta = 0; ///< of an incomplete step
 };
 
 } // namespace marvo

@@ -13,12 +13,12 @@ namespace marvo {
 
 namespace {
 
-constexpr double barHeight = 14; ///< a line of the icon stays between two bars
+constexpr double barHeight = 14; ///< leaves a line of the icon between two bars
 constexpr double stripeUnits = 32;
 constexpr double stripesPerSecond = 48;
-constexpr qreal imageRatio = 2; ///< the pictures, drawn for the larger one of an icon's sizes
+constexpr qreal imageRatio = 2; ///< the pictures are twice the icon's base size
 
-/// A part of a picture, or a plain colour where there is no picture. Places are units of the icon.
+/// A part of a picture, or a plain colour without one. Positions are in units of the icon.
 void drawPart(QPainter& painter, const QRectF& place, const QPixmap& image, double fromX, QColor fallback)
 {
     if (place.width() <= 0)

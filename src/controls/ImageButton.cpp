@@ -75,7 +75,7 @@ QSize ImageButton::sizeHint() const
     return style()->sizeFromContents(QStyle::CT_ToolButton, &option, content, this);
 }
 
-/// Picture and text stand in the middle together; a style would put them at the left.
+/// Centres image and text together; a style would align them left.
 void ImageButton::paintEvent(QPaintEvent*)
 {
     QStylePainter painter(this);
@@ -90,7 +90,7 @@ void ImageButton::paintEvent(QPaintEvent*)
     const int textWidth = text().isEmpty() ? 0 : textGap + fontMetrics().horizontalAdvance(text());
     const int left = (width() - iconSize().width() - textWidth) / 2;
     const QRect iconRect(QPoint(left, (height() - iconSize().height()) / 2), iconSize());
-    // On whole pixels of the screen, or a fractional scale would blur it.
+    // On whole device pixels: a fractional scale would blur it.
     const qreal ratio = devicePixelRatioF();
     const QPointF origin = mapTo(window(), QPoint(0, 0));
     const QPointF corner = (origin + iconRect.topLeft()) * ratio;

@@ -6,9 +6,8 @@
 
 namespace marvo {
 
-/// A flat button drawn by a picture, with or without a text beside it. A click does not take the keyboard
-/// from where it is, the Tab key does; then the space bar presses the button, whatever the window uses the
-/// space bar for.
+/// A flat button with an image and an optional text beside it. It takes the focus from the Tab key, not from
+/// a click. With the focus, the space bar presses it, even where the window has another use for that key.
 class ImageButton : public QToolButton
 {
     Q_OBJECT

@@ -43,7 +43,7 @@ QPixmap imageNamed(const QString& name, qreal devicePixelRatio)
 QIcon iconNamed(const QString& name)
 {
     QIcon icon;
-    // Every scale that desktops offer: a picture drawn for another one would be blurred.
+    // One pixmap for each scale that desktops offer: any other would be blurred.
     for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
         const QPixmap pixmap = imageNamed(name, ratio);
         icon.addPixmap(pixmap);

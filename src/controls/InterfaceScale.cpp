@@ -14,7 +14,7 @@ namespace {
 
 constexpr double largestPointSize = 18;
 
-/// A font that is told in pixels has no size in points.
+/// A font set in pixels has no point size.
 double fontPoints() { return interfacePointSize(QApplication::font().pointSizeF()); }
 
 } // namespace

@@ -58,7 +58,7 @@ void LoadingSheet::showLoading(const QString& title, std::function<void()> cance
 
 void LoadingSheet::setProgress(double percent)
 {
-    // When the sheet has gone, nothing would take the progress off the application's icon again.
+    // After the sheet has closed, nothing would remove the progress from the application's icon.
     if (m_stopLoadingWindow)
         return;
     m_ticks = 0;
@@ -76,7 +76,7 @@ void LoadingSheet::reject()
 
 void LoadingSheet::updateLoadingWindow(double seconds)
 {
-    // Counted, since a sum of thirds falls short of the whole.
+    // Ticks are counted: a sum of thirds would stay below 100.
     const double progress = ++m_ticks * 100 / (2 * seconds);
     if (m_progressIndicator->isIndeterminate())
         m_progressIndicator->setDoubleValue(progress);

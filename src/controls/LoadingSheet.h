@@ -15,9 +15,9 @@ namespace marvo {
 
 class PMProgressIndicator;
 
-/// A small sheet over a window that something is being read or written. It goes at the next tick after
-/// hideLoading(), and by itself 30 ticks after the last sign of life, so that a card that never answers does
-/// not hold the window for ever.
+/// A small sheet that tells that the window reads or writes something. It closes at the next tick after
+/// hideLoading(). It also closes 30 ticks after the last progress, so that a card that never answers does not
+/// block the window for ever.
 class LoadingSheet : public QDialog
 {
     Q_OBJECT
@@ -26,10 +26,10 @@ public:
 
     explicit LoadingSheet(QWidget* window);
 
-    /// With something to call for it, the sheet offers to cancel; else it cannot be waved away.
+    /// With `cancel`, the sheet has a Cancel button that calls it. Without, the user cannot close the sheet.
     void showLoading(const QString& title, std::function<void()> cancel = {});
-    /// How much is done, 0 to 100: a sign of life. Until then the sheet shows only that work goes on. Nothing
-    /// once the sheet has gone.
+    /// The percentage done, 0 to 100. Until the first call the bar is indeterminate. No effect once the sheet
+    /// has closed.
     void setProgress(double percent);
     void hideLoading() { m_stopLoadingWindow = true; }
 

@@ -28,7 +28,7 @@ void setPlainMessage(QMessageBox& box, const QString& message)
 {
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(message);
-    // The format is the main text's alone.
+    // The text format applies to the main text only.
     if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         label->setTextFormat(Qt::PlainText);
 }

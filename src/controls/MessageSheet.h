@@ -18,8 +18,8 @@ QMessageBox* showAlertSheet(QWidget* window, const QString& title, const QString
                             std::function<void()> dismissed);
 QMessageBox* showMessageSheet(QWidget* window, const QString& title, const QString& message);
 
-/// Shows paths and texts of a card's own as they stand, whatever tags they seem to hold: the box's main text
-/// and, below it, the message.
+/// Shows the box's main text and the message below it as plain text: paths and names on a card may look like
+/// HTML.
 void setPlainMessage(QMessageBox& box, const QString& message);
 
 } // namespace marvo

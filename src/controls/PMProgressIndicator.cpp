@@ -21,8 +21,8 @@ namespace marvo {
 namespace {
 
 constexpr int tickMs = 33;
-constexpr double glideSeconds = 1.6; ///< one passage of the light
-constexpr double lightWidth = 0.35;  ///< as a part of the bar
+constexpr double glideSeconds = 1.6; ///< duration of one pass
+constexpr double lightWidth = 0.35;  ///< fraction of the bar
 constexpr double mostThickness = 6;
 constexpr float trackOpacity = 0.16F;
 
@@ -84,7 +84,7 @@ void PMProgressIndicator::updateDock()
         icon.addProgressIndicator(*this);
 }
 
-/// For what is no new value, and so neither puts the bar on the icon nor takes it away.
+/// Redraws without a new value: the bar is neither put on the icon nor removed.
 void PMProgressIndicator::redrawDock() const
 {
     if (auto* icon = PMProgressIndicatorController::existingInstance())
@@ -194,7 +194,7 @@ void PMProgressIndicator::paintEvent(QPaintEvent*)
     const double done = bar.width() * std::clamp(m_progress.fraction(), 0.0, 1.0);
     if (done <= 0)
         return;
-    // Cut out of the track, so that a short bar keeps the track's round end.
+    // Clipped to the track, so that a short bar has the track's round end.
     painter.setClipPath(track);
     QPainterPath filled;
     filled.addRoundedRect(QRectF(bar.left() - thickness, bar.top(), done + thickness, thickness),
@@ -227,7 +227,7 @@ QString PMProgressIndicator::percentageText() const
     return QString::fromStdString(fixedText(m_progress.fraction() * 100, 0));
 }
 
-/// Keeps the timer running exactly while there is something to see moving.
+/// Runs the timer only while a visible animation needs it.
 void PMProgressIndicator::runAnimation()
 {
     const bool moving = m_animating && m_indeterminate && isVisible();

@@ -16,7 +16,7 @@
 
 namespace marvo {
 
-/// A progress bar that can write beside it how much is done and how long the rest will take.
+/// A progress bar with an optional text beside it: the percentage done and the remaining time.
 ///
 /// A determinate bar shows a value between a minimum and a maximum; an indeterminate one only that work goes
 /// on, by a light that glides along it while the animation runs. Nothing ticks while the bar is not visible.
@@ -35,9 +35,8 @@ public:
     void setMinValue(double minimum);
     void setMaxValue(double maximum);
 
-    /// Shows a value, taken into the bar's range, and renews the text. The bar moves only when the integer
-    /// part of its value changes: any other value, and one that is not a number, is passed over. See
-    /// setDrawDockProgress() for what happens on the application's icon.
+    /// Shows a value, clamped to the bar's range, and updates the text. A value whose integer part is that of
+    /// the last one is ignored, and so is NaN. For the application's icon see setDrawDockProgress().
     void setDoubleValue(double value);
     double doubleValue() const { return m_progress.value; }
     /// The part done, 0 to 1.

@@ -13,7 +13,7 @@ namespace marvo {
 
 namespace {
 
-constexpr int pictureSize = 128; ///< every drawing is sent to the desktop: the largest icon would be too much
+constexpr int pictureSize = 128; ///< every drawing is sent to the desktop, so the largest icon would be slow
 
 QPointer<PMProgressIndicatorController>& instance()
 {

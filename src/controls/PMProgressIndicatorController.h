@@ -17,20 +17,20 @@ namespace marvo {
 
 class PMProgressIndicator;
 
-/// Shows the progress of all that takes long on the application's icon, a bar for each indicator in its list,
-/// and tells it to the desktop's launcher. Indicators list themselves (PMProgressIndicator::setDoubleValue
+/// Shows progress on the application's icon, one bar for each listed indicator, and reports it to the
+/// desktop's launcher. Indicators list themselves (PMProgressIndicator::setDoubleValue
 /// and setDrawDockProgress); nothing else needs to call this class. Main thread.
 class PMProgressIndicatorController : public QObject
 {
     Q_OBJECT
 public:
-    /// Work that is over sooner never reaches the icon; and it is not drawn more often.
+    /// The delay before a drawing: shorter work never shows, and the icon is not drawn more often.
     static constexpr std::chrono::milliseconds redrawDelay{100};
 
-    /// The one of the process, made at the first call with a copy of the icon that the application has then.
-    /// It ends with the application.
+    /// The process's controller. The first call makes it, with a copy of the application's icon. It is
+    /// destroyed with the application.
     static PMProgressIndicatorController& sharedInstance();
-    /// The same, without making one.
+    /// The same; null if there is none yet.
     static PMProgressIndicatorController* existingInstance();
 
     /// Adds an indicator unless it is listed, and draws anew 0.1 s later.
@@ -47,8 +47,8 @@ public:
     /// Sets the plain icon back.
     void restoreIcon();
 
-    /// Who is told of the progress beside the icon: the fraction of the first listed indicator that has one,
-    /// none when there is nothing to show. Told at each drawing that changes it.
+    /// Sets the callback for the launcher. It gets the fraction of the first listed indicator that has one,
+    /// none when there is nothing to show, at each drawing that changes it.
     using Announcer = std::function<void(std::optional<double> fraction)>;
     void setAnnouncer(Announcer announcer) { m_announcer = std::move(announcer); }
 

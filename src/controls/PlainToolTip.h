@@ -6,8 +6,7 @@
 
 namespace marvo {
 
-/// A tool tip for a text that is not ours, such as a file's name: tool tips that look like HTML are taken for
-/// it.
+/// A tool tip that shows a text, such as a file name, as it is. Qt renders tool tips that look like HTML.
 QString plainToolTip(const QString& text);
 
 } // namespace marvo

@@ -18,7 +18,7 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr Seconds windowLength{3.5};
 constexpr Seconds shortestEstimate{0.5};
-constexpr double startTolerance = 0.00001; ///< a value this near the minimum is back at the start
+constexpr double startTolerance = 0.00001; ///< a value this close to the minimum is a restart
 
 struct Phrase
 {
@@ -26,7 +26,7 @@ struct Phrase
     const char* key;
 };
 
-/// The first row that the seconds lie above applies.
+/// The first row whose bound the seconds exceed applies.
 constexpr std::array phrases{
     Phrase{555, "progress.ten_minutes"},   Phrase{495, "progress.nine_minutes"},
     Phrase{435, "progress.eight_minutes"}, Phrase{375, "progress.seven_minutes"},
@@ -35,10 +35,9 @@ constexpr std::array phrases{
     Phrase{75, "progress.two_minutes"},    Phrase{50, "progress.one_minute"},
     Phrase{10, "progress.under_a_minute"}, Phrase{5, "progress.ten_seconds"},
 };
-constexpr double countedMinutesAbove = 615; ///< seconds; beyond it the minutes are told as a number
+constexpr double countedMinutesAbove = 615; ///< seconds; above it the minutes are a number
 
-/// Rounds to microseconds: work that goes steadily must not fall to the wrong side of a phrase's bound by
-/// what the division leaves behind.
+/// Rounds to microseconds, so that a rounding error of the division does not pick the wrong phrase.
 double withoutNoise(double seconds) { return std::round(seconds * 1e6) / 1e6; }
 
 } // namespace
@@ -51,7 +50,7 @@ double ProgressEstimate::Progress::fraction() const
 
 bool ProgressEstimate::update(const Progress& progress, TimePoint now)
 {
-    // The start of a window is noted as a part of the maximum, so estimates want a minimum of 0.
+    // The start of a window is stored as a fraction of the maximum, so estimates need a minimum of 0.
     const Window window{.startTime = now, .startFraction = progress.value / progress.maximum};
     if (progress.value < progress.minimum + startTolerance) {
         m_current.reset();

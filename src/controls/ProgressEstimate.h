@@ -9,7 +9,7 @@
 
 namespace marvo {
 
-/// Estimates the time that work will still take from how fast it went in the last 3.5 to 7 seconds.
+/// Estimates the remaining time from the progress of the last 3.5 to 7 seconds.
 class ProgressEstimate
 {
 public:
@@ -26,15 +26,15 @@ public:
         double fraction() const;
     };
 
-    /// Takes the progress at a time, not earlier than the call before. True when it begins a new estimate:
-    /// what was said about the time left no longer holds.
+    /// Takes the progress at a time, not earlier than that of the previous call. Returns true when a new
+    /// estimate begins, which makes the last one invalid.
     bool update(const Progress& progress, TimePoint now);
 
     /// Seconds left, judged by the last update. None in the first half second, and none without progress
     /// since the window of the estimate began.
     std::optional<double> remainingSeconds() const { return m_remainingSeconds; }
 
-    /// What to tell the user of so many seconds, such as "About ten minutes remaining".
+    /// The text for a number of seconds, such as "About ten minutes remaining".
     static QString phrase(double remainingSeconds);
 
 private:

@@ -10,10 +10,9 @@ namespace marvo {
 
 class ExclusiveButtons;
 
-/// A grid of radio cells of which one at most is selected. Cells are counted in row-major order: row times
-/// columns() plus column. One stop of the tabulator key; the arrow keys go to the neighbours, Left and Right
-/// on into the next row, Home and End to the first and last cell. The cells have the object names "NAME.0",
-/// "NAME.1", … after the matrix's own.
+/// A grid of radio cells of which at most one is selected. A cell's index is row * columns() + column. The
+/// grid is one tab stop; the arrow keys go to the neighbours, Left and Right also into the next row, Home and
+/// End to the first and last cell. The cells have the object names "NAME.0", "NAME.1", … after the matrix's.
 class RadioMatrix : public QWidget
 {
     Q_OBJECT
@@ -38,13 +37,13 @@ public:
     void deselectAllCells() { setSelectedCell(-1); }
 
     bool isCellEnabled(int index) const;
-    /// A disabled cell cannot be chosen by a person; the program may still select it.
+    /// The user cannot choose a disabled cell; the program can still select it.
     void setCellEnabled(int index, bool enabled);
 
 Q_SIGNALS:
-    /// Whoever changed it.
+    /// Changed by the user or by the program.
     void selectedCellChanged(int index);
-    /// A person chose another cell, by mouse, key or assistive technology.
+    /// The user chose another cell, by mouse, key or assistive technology.
     void cellClicked(int index);
 
 private:

@@ -10,8 +10,8 @@ namespace marvo {
 
 namespace {
 
-/// Room beside a label that there is no need to break, beyond the style's own.
-constexpr int kSidePadding = 6;
+/// Extra room beside a label on one line.
+constexpr int sidePadding = 6;
 
 /// A third of one colour and two of the other.
 QColor mixed(const QColor& third, const QColor& rest)
@@ -38,12 +38,12 @@ void SegmentButton::setPlace(const QString& place)
     if (place == m_place)
         return;
     m_place = place;
-    // A style sheet's rules for a property are looked up once.
+    // A style sheet evaluates a property once only.
     style()->unpolish(this);
     style()->polish(this);
 }
 
-QSize SegmentButton::naturalSize() const { return sizeForText(m_label) + QSize(2 * kSidePadding, 0); }
+QSize SegmentButton::naturalSize() const { return sizeForText(m_label) + QSize(2 * sidePadding, 0); }
 
 int SegmentButton::leastWidth() const
 {
@@ -61,7 +61,7 @@ void SegmentButton::initStyleOption(QStyleOptionButton* option) const
     QColor ground = palette().color(QPalette::Highlight);
     QColor text = palette().color(QPalette::HighlightedText);
     if (!isEnabled()) {
-        // What is selected still has to be seen.
+        // The selection stays visible.
         ground =
             mixed(palette().color(QPalette::Active, QPalette::Highlight), palette().color(QPalette::Button));
         text = mixed(palette().color(QPalette::Active, QPalette::ButtonText),
@@ -76,7 +76,7 @@ void SegmentButton::paintEvent(QPaintEvent* event)
     QPushButton::paintEvent(event);
     if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange))
         return;
-    // Style sheets take away the style's own mark of the focus.
+    // Style sheets remove the style's focus mark.
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(isChecked() ? QPalette::HighlightedText : QPalette::Highlight), 1.5));
@@ -94,7 +94,7 @@ QSize SegmentButton::sizeForText(const QString& text) const
     ensurePolished();
     QStyleOptionButton option;
     initStyleOption(&option);
-    option.text.clear(); // or the style gives it a button's usual width at least
+    option.text.clear(); // else the style applies a button's minimum width
     const QSize contents = fontMetrics().size(0, text);
     return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
 }

@@ -6,7 +6,7 @@
 
 namespace marvo {
 
-/// One segment of a segmented control: a button that can be pressed in, whose label may take several lines. A
+/// One segment of a segmented control: a checkable button whose label may take several lines. A
 /// style sheet finds it as marvo--SegmentButton, with :checked and the property "place" (first, middle, last
 /// or only); without one it is drawn in the selection's colours when checked.
 class SegmentButton : public QPushButton
@@ -24,7 +24,7 @@ public:
 
     /// The size with the label on one line.
     QSize naturalSize() const;
-    /// The least width, with a line a word.
+    /// The least width, with one word per line.
     int leastWidth() const;
     /// The height when the label is broken between words to fit a width.
     int heightFor(int width) const { return sizeForText(brokenLabel(width)).height(); }

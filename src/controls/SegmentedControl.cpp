@@ -133,7 +133,7 @@ QList<int> SegmentedControl::segmentWidths(int width) const
     const int naturalSum = std::accumulate(natural.cbegin(), natural.cend(), 0);
     const int leastSum = std::accumulate(least.cbegin(), least.cend(), 0);
 
-    // Room to spare goes to all alike; what is missing is taken where labels can be broken, in proportion.
+    // Spare room is shared equally. Missing room is taken in proportion from labels that can be broken.
     QList<int> widths;
     int used = 0;
     for (int i = 0; i < count; ++i) {
@@ -153,7 +153,7 @@ QList<int> SegmentedControl::segmentWidths(int width) const
 
 void SegmentedControl::placeSegments()
 {
-    // A window's least size does not ask for the height for a width, so the size hint has to tell it.
+    // A window's minimum size ignores height-for-width, so the size hint includes that height.
     if (const int needed = heightForWidth(width()); needed != m_neededHeight) {
         m_neededHeight = needed;
         updateGeometry();

@@ -13,10 +13,10 @@ namespace marvo {
 class ExclusiveButtons;
 class SegmentButton;
 
-/// A row of labelled segments of which one at most is selected. It asks for the width of its labels and,
-/// given less, breaks them between words; no label is ever cut. One stop of the tabulator key, on the
-/// selected segment or else the first enabled one; the arrow keys, Home and End select. The segments have the
-/// object names "NAME.0", "NAME.1", … after the control's own.
+/// A row of labelled segments of which at most one is selected. Where the labels do not fit, they are broken
+/// between words; no label is cut. The control is one tab stop, at the selected or else the first enabled
+/// segment; the arrow keys, Home and End select. The segments have the object names "NAME.0", "NAME.1", …
+/// after the control's.
 class SegmentedControl : public QWidget
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
     /// The button that shows a segment, 0 to segmentCount() - 1.
     QAbstractButton* segment(int index) const;
     QStringList labels() const;
-    /// One segment a label. The selection stays where there is still a segment, else nothing is selected.
+    /// One segment for each label. The selection stays if its segment still exists, else it is cleared.
     void setLabels(const QStringList& labels);
 
     /// The index of the selected segment, or -1.
@@ -38,7 +38,7 @@ public:
     void setSelectedSegment(int index);
 
     bool isSegmentEnabled(int index) const;
-    /// A disabled segment cannot be chosen by a person; the program may still select it.
+    /// The user cannot choose a disabled segment; the program can still select it.
     void setSegmentEnabled(int index, bool enabled);
 
     QSize sizeHint() const override;
@@ -47,9 +47,9 @@ public:
     int heightForWidth(int width) const override;
 
 Q_SIGNALS:
-    /// Whoever changed it.
+    /// Changed by the user or by the program.
     void selectedSegmentChanged(int index);
-    /// A person chose another segment, by mouse, key or assistive technology.
+    /// The user chose another segment, by mouse, key or assistive technology.
     void segmentClicked(int index);
 
 protected:

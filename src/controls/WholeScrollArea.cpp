@@ -16,7 +16,7 @@ WholeScrollArea::WholeScrollArea(QWidget* parent) : QScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus); // its controls are the stops
+    setFocusPolicy(Qt::NoFocus); // its controls are the tab stops
     viewport()->setAutoFillBackground(false);
 }
 
@@ -30,7 +30,7 @@ QSize WholeScrollArea::sizeHint() const
 {
     if (!widget())
         return QScrollArea::sizeHint();
-    // With room for the bar, or a height that is short of the widget's would make the width short, too.
+    // With room for the vertical bar, so that it does not cause a horizontal one.
     return widget()->sizeHint().expandedTo(widget()->minimumSize()) +
            QSize(verticalScrollBar()->sizeHint().width(), 0);
 }

@@ -6,8 +6,8 @@
 
 namespace marvo {
 
-/// Shows its widget whole where there is room for it, without a frame or a background of its own, and scrolls
-/// where there is not.
+/// A scroll area without frame and background whose preferred size is its widget's, so that it scrolls only
+/// where there is too little room.
 class WholeScrollArea : public QScrollArea
 {
     Q_OBJECT

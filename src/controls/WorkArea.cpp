@@ -13,8 +13,7 @@ namespace marvo {
 void centreInWorkArea(QWidget& window, const QSize& wanted)
 {
     const QRect visible = window.screen()->availableGeometry();
-    // The desktop's frame is not known before the window is shown, and what is set now is its content's
-    // place.
+    // Before the window is shown its frame is unknown, and the position set is that of its content.
     const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
     const QRect room = visible.adjusted(0, titleBar, 0, 0);
     const QSize size = wanted.boundedTo(room.size());

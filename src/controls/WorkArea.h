@@ -7,9 +7,8 @@ class QWidget;
 
 namespace marvo {
 
-/// Gives a window its size and puts it into the middle of what the desktop's panels leave of its screen.
-/// Where that is smaller than the window with its title bar, the window is made smaller; what it holds must
-/// then scroll.
+/// Sizes a window and centres it in the screen's work area, which excludes the desktop's panels. A window
+/// that does not fit with its title bar is made smaller; its content must then scroll.
 void centreInWorkArea(QWidget& window, const QSize& wanted);
 
 } // namespace marvo

@@ -10,12 +10,11 @@
 
 namespace marvo {
 
-/// No cell of a driving log is longer than this.
+/// The maximum length of a cell.
 inline constexpr std::size_t maxCellLength = 24;
 
-/// Writes the text of cells one after the other into room that its owner has provided. An export writes
-/// millions of cells: nothing is allocated, no locale is asked, and numbers with decimals are made of whole
-/// ones.
+/// Writes the texts of cells into a buffer of the caller's. An export writes millions of cells, so it
+/// allocates nothing, uses no locale, and makes decimals with integer arithmetic.
 class CellText
 {
 public:

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t headerSize = 12;
 constexpr std::size_t enoughPoints = 50'000; // a map draws these without a pause
-constexpr double farthestThinning = 640;     // metres; a map takes more than 1,000 for a gap in the way
+constexpr double farthestThinning = 640;     // metres; the map treats more than 1,000 as a gap in the route
 constexpr double metresPerDegree = 111'195;
 
 double metresBetween(const DecimalPosition& a, const DecimalPosition& b)
@@ -29,7 +29,7 @@ double metresBetween(const DecimalPosition& a, const DecimalPosition& b)
     return std::hypot(north, east) * metresPerDegree;
 }
 
-/// Leaves out what lies nearer than a distance to the point before it, but never the ends of a gap.
+/// Leaves out points closer to the previous one than a distance, except at the ends of a gap.
 std::vector<DecimalPosition> thinned(const std::vector<DecimalPosition>& way, double metres)
 {
     std::vector<DecimalPosition> result;

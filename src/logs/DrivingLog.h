@@ -17,8 +17,7 @@
 
 namespace marvo {
 
-/// The records of one log file as they stand in it. Once read it never changes, so that a table and an export
-/// can use it on different threads.
+/// The records of one log file. It is immutable, so a table and an export can use it on different threads.
 class DrivingLog
 {
 public:
@@ -39,8 +38,8 @@ public:
         static Reading outOfMemory() { return {.log = {}, .fault = Fault::NoMemory, .detail = {}}; }
     };
 
-    /// Reads a whole file. The count in its header is a promise only: there are as many records as the file
-    /// has whole ones, and at most the count. Takes as long as the medium does.
+    /// Reads a whole file. The number of records is the smaller of the header's count and the complete
+    /// records in the file. Blocks while the medium is read.
     static Reading read(const std::string& path, const LogDescription& description);
 
     const LogDescription& description() const { return *m_description; }

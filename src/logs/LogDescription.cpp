@@ -116,7 +116,7 @@ constexpr std::array flashColumns{
 
 constexpr std::array obdColumns{
     Column<Obd>{{"setting.obdata.index", 38}, [](const Obd&, CellText& out) { index(out); }},
-    // As "%d" has it: from 2^31 on the number is a negative one.
+    // As "%d": negative from 2^31 on.
     Column<Obd>{{"setting.obdata.seq", 38}, [](const Obd& r, CellText& out) { out.number(static_cast<std::int32_t>(r.seq)); }},
     Column<Obd>{{"setting.obdata.date", 86}, [](const Obd& r, CellText& out) { date(r, out); }},
     Column<Obd>{{"setting.obdata.time", 72}, [](const Obd& r, CellText& out) { timeOfDay(r, out); }},
@@ -159,8 +159,8 @@ constexpr std::array obdColumns{
 };
 // clang-format on
 
-/// The description that a table of columns makes. The table is a constant, so that the cells of a line are
-/// written by code without a call a cell.
+/// The description that a table of columns makes. The table is a constant, so that the compiler inlines the
+/// cells of a line.
 template <typename Record, const auto& table>
 struct Described
 {

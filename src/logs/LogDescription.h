@@ -19,8 +19,7 @@ struct LogColumn
     Title titleIs = Title::Key;
 };
 
-/// All that one kind of driving log differs in from another. The table's header and cells, the export and the
-/// command line tool follow from it.
+/// Describes one kind of driving log, for the table, the export and the command line tool.
 struct LogDescription
 {
     std::string_view fileType;   ///< of its files, lower case without the dot

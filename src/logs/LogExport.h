@@ -14,7 +14,7 @@ namespace marvo {
 
 /// Takes a piece of an export; an error ends it.
 using LogExportSink = std::function<std::error_code(std::string_view piece)>;
-/// Hears from time to time how many records have been written; false abandons the export.
+/// Called now and then with the number of records written; returning false cancels the export.
 using LogExportProgress = std::function<bool(std::uint64_t records)>;
 
 /// Writes a log as comma-separated text: a line of titles, one for each column, then a line a record, all as

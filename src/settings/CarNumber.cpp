@@ -11,7 +11,7 @@ QString keptCarNumber(QStringView typed)
     };
     QString kept;
     for (const QChar c : typed) {
-        if (kept.size() == kCarNumberLength)
+        if (kept.size() == carNumberLength)
             break;
         if (isKept(c))
             kept.append(c);

@@ -7,10 +7,10 @@
 namespace marvo {
 
 /// The longest vehicle number that the camera takes, in characters.
-inline constexpr int kCarNumberLength = 8;
+inline constexpr int carNumberLength = 8;
 
 /// What the camera can keep of a vehicle number as typed: its ASCII letters and digits in order, with their
-/// case, up to kCarNumberLength of them.
+/// case, up to carNumberLength of them.
 QString keptCarNumber(QStringView typed);
 
 } // namespace marvo

@@ -17,14 +17,14 @@ std::optional<QString> MRVValidator::validateGsensorThreshold(const QString& tex
     const std::optional<double> threshold = numberInText(text);
     if (!threshold)
         return localised("msg.input_value_invalid_format");
-    if (*threshold < kLowestThreshold || *threshold > kHighestThreshold)
-        return localised("msg.gsensor_outofrange_fmt").arg(kLowestThreshold).arg(kHighestThreshold);
+    if (*threshold < lowestThreshold || *threshold > highestThreshold)
+        return localised("msg.gsensor_outofrange_fmt").arg(lowestThreshold).arg(highestThreshold);
     return std::nullopt;
 }
 
 std::optional<QString> MRVValidator::validateSDCardSizeRatio(int percentage)
 {
-    if (percentage < kLowestCardShare)
+    if (percentage < lowestCardShare)
         return localised("msg.sdcard_ratio_too_low");
     return std::nullopt;
 }

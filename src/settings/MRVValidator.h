@@ -14,16 +14,16 @@ class MRVValidator
 {
 public:
     /// The bounds of an impact threshold in g, both allowed.
-    static constexpr double kLowestThreshold = 0.05;
-    static constexpr double kHighestThreshold = 1.5;
+    static constexpr double lowestThreshold = 0.05;
+    static constexpr double highestThreshold = 1.5;
     /// The least share of the card that a kind of recording may have, in per cent.
-    static constexpr int kLowestCardShare = 10;
+    static constexpr int lowestCardShare = 10;
 
     /// A threshold as typed, in g. An empty text will do. Text that begins with no decimal number gives
     /// "msg.input_value_invalid_format", a number outside the bounds "msg.gsensor_outofrange_fmt" with both.
     static std::optional<QString> validateGsensorThreshold(const QString& text);
 
-    /// A share of the card in per cent; less than kLowestCardShare gives "msg.sdcard_ratio_too_low".
+    /// A share of the card in per cent; less than lowestCardShare gives "msg.sdcard_ratio_too_low".
     static std::optional<QString> validateSDCardSizeRatio(int percentage);
 };
 

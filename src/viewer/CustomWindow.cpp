@@ -27,13 +27,13 @@ namespace {
 constexpr int frameChangeMs = 160;
 constexpr int desktopSettlesMs = 300;
 
-/// The first local file of what is dragged; empty when there is none.
+/// The first local file of the dragged data; empty if there is none.
 std::string droppedPath(const QMimeData& data)
 {
     for (const QUrl& url : data.urls()) {
         if (!url.isLocalFile())
             continue;
-        // The bytes as they are encoded: a name on a card need not be UTF-8.
+        // As bytes: a name on a card need not be UTF-8.
         const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
         if (path.startsWith('/') && !path.contains('\0'))
             return path.toStdString();
@@ -41,7 +41,7 @@ std::string droppedPath(const QMimeData& data)
     return {};
 }
 
-/// Opening is no move: a program that gave a folder away to be moved might delete it.
+/// Never accept a move: the source might delete the folder.
 void takeAsCopy(QDropEvent& event)
 {
     if (!(event.possibleActions() & Qt::CopyAction))
@@ -50,7 +50,7 @@ void takeAsCopy(QDropEvent& event)
     event.accept();
 }
 
-/// The frame itself, unless the screen that it lay on is gone: then as large, on the other one.
+/// The frame, or if its screen is gone, one of the same size centred on the other screen.
 QRect frameOnScreen(QRect frame, const QScreen& other)
 {
     const auto shows = [&frame](const QScreen* screen) { return screen->geometry().intersects(frame); };
@@ -130,14 +130,14 @@ void CustomWindow::enterFullscreen()
     if (m_initialFrame.width() == 0 || m_initialFrame.height() == 0)
         m_initialFrame = before;
     m_frameAwaitsAnswer = false;
-    // The frame first: setting one takes the state away again that makes the desktop put its panels away.
-    // Where the desktop sizes windows it would be the size that the window comes back with.
+    // The frame first: setting it later would end the full-screen state. On Wayland it would become the size
+    // after full screen.
     if (!desktopPlacesWindows())
         changeGeometry(screen()->geometry(), FrameChange::Animated);
     coverScreen();
 }
 
-/// Once the frame has arrived, the desktop is asked for its full-screen state.
+/// Asks the desktop for its full-screen state once the animation has ended.
 void CustomWindow::coverScreen()
 {
     if (m_isFullScreen && m_frameChange.state() != QAbstractAnimation::Running)
@@ -152,7 +152,7 @@ void CustomWindow::leaveFullscreen()
     m_frameChange.stop();
     m_presentation.setNonFullscreenPresentationOptions(*this, areasOf(*screen()));
     if (desktopPlacesWindows()) {
-        m_frameAwaitsAnswer = true; // a size that is set before the answer is lost, or breaks the protocol
+        m_frameAwaitsAnswer = true; // a size set before the answer is lost or violates the protocol
         m_desktopSettles.start();
         return;
     }
@@ -203,8 +203,7 @@ void CustomWindow::toggleZoom()
 bool CustomWindow::event(QEvent* event)
 {
     const bool handled = QWidget::event(event);
-    // A dialog has closed; not every desktop gives the keyboard back by itself. One that asked within another
-    // dialog gives it back to that.
+    // A dialog has closed. Not every desktop returns the focus; a nested dialog returns it to the outer one.
     if (event->type() == QEvent::WindowUnblocked && QApplication::activeModalWidget() == nullptr)
         activateWindow();
     return handled;
@@ -213,12 +212,12 @@ bool CustomWindow::event(QEvent* event)
 void CustomWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    // Not at once: what the desktop tells now may answer an earlier wish of two that followed each other.
+    // Delayed: this may answer the first of two quick requests.
     if (event->type() == QEvent::WindowStateChange)
         m_desktopSettles.start();
 }
 
-/// A key or a menu of the desktop's own may have taken the window into full screen or out of it.
+/// Follows a full-screen change made by the desktop, such as by its own key.
 void CustomWindow::followDesktop()
 {
     if (windowState() & Qt::WindowMinimized)
@@ -262,8 +261,8 @@ void CustomWindow::mouseMoveEvent(QMouseEvent* event)
     move(draggedOrigin(pos(), location, m_initialLocation, visible));
 }
 
-/// True while the desktop moves the window, or will once the pointer has gone far enough to mean a move and
-/// not a shaky double click: the desktop keeps the mouse from then on.
+/// True if the desktop moves the window, now or once the pointer has moved the drag distance. Then the
+/// desktop grabs the mouse.
 bool CustomWindow::moveByDesktop(QPoint location)
 {
     if (!m_desktopMoves || !windowHandle())
@@ -271,7 +270,7 @@ bool CustomWindow::moveByDesktop(QPoint location)
     if ((location - m_initialLocation).manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
         return true;
     m_desktopMoves = windowHandle()->startSystemMove();
-    m_movedByDesktop = m_desktopMoves; // and the release of the button is the desktop's, too
+    m_movedByDesktop = m_desktopMoves; // the desktop also gets the button release
     return m_desktopMoves;
 }
 
@@ -286,7 +285,7 @@ void CustomWindow::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     Q_EMIT contentResized();
     m_edges->follow();
-    if (m_frameAwaitsAnswer) // this is it
+    if (m_frameAwaitsAnswer) // the answer
         QTimer::singleShot(0, this, &CustomWindow::takeRestoredFrame);
 }
 
@@ -323,7 +322,7 @@ void CustomWindow::paintEvent(QPaintEvent* event)
     QWidget::paintEvent(event);
     if (m_isFullScreen)
         return;
-    // A frameless window needs an edge of its own, or it melts into what lies behind it.
+    // A frameless window needs a visible edge against what is behind it.
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Dark));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

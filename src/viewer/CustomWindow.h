@@ -18,8 +18,8 @@ namespace marvo {
 
 class WindowEdges;
 
-/// The main window: without the desktop's frame, moved by dragging its background, sized by its edges, with a
-/// full-screen mode of its own that knows where to return to.
+/// The main window. It has no desktop frame: dragging its background moves it, dragging its edges resizes it.
+/// Its full-screen mode returns to a set frame.
 class CustomWindow : public QWidget
 {
     Q_OBJECT
@@ -29,30 +29,29 @@ public:
 
     explicit CustomWindow(QWidget* parent = nullptr);
     /// A window of the rectangle's size, centred on the screen. It is opaque to its edges, so that the
-    /// desktop gives it the shadow that it gives to a window without margins of its own.
+    /// desktop draws its shadow.
     explicit CustomWindow(const QRect& contentRect);
     ~CustomWindow() override;
 
-    /// The window's own full-screen mode. It hides the widget's question of the same name: this one tells the
-    /// mode that was asked for, whatever the desktop has made of it yet.
+    /// The requested mode, which the desktop may not have applied yet. Hides the function of QWidget.
     bool isFullScreen() const { return m_isFullScreen; }
-    /// The mode alone, told to those who follow it; enterFullscreen and leaveFullscreen do the rest, too.
+    /// Sets the mode and emits the signal, without changing the frame: see enterFullscreen and
+    /// leaveFullscreen.
     void setIsFullScreen(bool fullScreen);
-    /// Covers the whole screen of the window, panels included. Nothing happens in full screen.
+    /// Covers the window's whole screen, panels included. No effect in full screen.
     void enterFullscreen();
-    /// Returns to initialFrame, or to one of its size if its screen is gone. Nothing happens out of full
+    /// Returns to initialFrame, or to a frame of its size if its screen is gone. No effect outside full
     /// screen.
     void leaveFullscreen();
 
-    /// The frame to return to when leaving full screen; entering it fills in the frame of that moment when
-    /// none has been set.
+    /// The frame after full screen. If none is set, entering full screen sets the current one.
     const QRect& initialFrame() const { return m_initialFrame; }
     void setInitialFrame(const QRect& frame) { m_initialFrame = frame; }
 
-    /// The frame on the screen; while a change is animated, the one that it leads to.
+    /// The current frame; during an animation, its end.
     QRect frame() const;
     void setFrame(const QRect& frame, FrameChange change);
-    /// Fills the screen's free area, or goes back to the frame before.
+    /// Maximises the window, or restores it.
     void toggleZoom();
 
 Q_SIGNALS:
@@ -90,20 +89,20 @@ private:
     bool m_isFullScreen = false;
     bool m_pressed = false;
     bool m_movedByDesktop = false;
-    bool m_frameAwaitsAnswer = false; ///< of the desktop to leaving full screen
+    bool m_frameAwaitsAnswer = false; ///< the desktop has not answered leaving full screen yet
     bool m_desktopMoves = true;       ///< until it has refused once
     WindowStatePresentation m_presentation;
     QPropertyAnimation m_frameChange;
     QTimer m_desktopSettles;
     WindowEdges* m_edges;
-    QLabel* m_dropHint; ///< over everything while a folder is held over the window
+    QLabel* m_dropHint; ///< shown while a folder is dragged over the window
 };
 
-/// A frame that is larger than the screen's free area, cut to it and moved inside; any other as it is.
+/// The frame, cut to the work area and moved into it where it is larger.
 QRect fittedFrame(QRect frame, const QRect& visibleArea);
 
-/// Where a drag brings the window: the pointer keeps its place in it, but its top stops at the top of the
-/// screen's free area.
+/// The window's origin during a drag: it follows the pointer, but its top stays below the top of the work
+/// area.
 QPoint draggedOrigin(QPoint currentOrigin, QPoint location, QPoint initialLocation, const QRect& visibleArea);
 
 } // namespace marvo

@@ -9,14 +9,14 @@ namespace marvo {
 
 class Disks;
 
-/// What the card in the reader offers to the clock dialog.
+/// What the clock dialog needs to know of the card in the reader.
 struct ClockCard
 {
-    std::optional<std::string> clockFile; ///< the file that a card holds already
-    std::optional<std::string> folder;    ///< of the camera's card, be there such a file on it or not
+    std::optional<std::string> clockFile; ///< the clock file on a card
+    std::optional<std::string> folder;    ///< of the camera's card, with or without such a file
 };
 
-/// Asks the system for its volumes, which may take a moment: not for the main thread.
+/// Asks the system for its volumes, which can be slow: not for the main thread.
 ClockCard findClockCard(const Disks& disks);
 
 } // namespace marvo

@@ -19,8 +19,8 @@ namespace marvo {
 
 namespace {
 
-constexpr double reachPixels = 9;      ///< how far beside a hand it can still be taken
-constexpr double deadMiddlePixels = 8; ///< around the middle an angle says nothing
+constexpr double reachPixels = 9;      ///< distance from a hand at which a click takes it
+constexpr double deadMiddlePixels = 8; ///< around the middle, where an angle is not usable
 constexpr int secondsOfDay = 24 * 3600;
 constexpr int wheelNotch = 120;
 constexpr int halfOpacity = 215;
@@ -249,7 +249,7 @@ void ClockFace::paintEvent(QPaintEvent*)
     drawFace(painter);
     for (const ClockHand hand : allClockHands)
         drawHand(painter, hand);
-    drawDayHalf(painter); // over the hands, so that it can always be read
+    drawDayHalf(painter); // above the hands, to be legible
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().color(QPalette::Text));
     painter.drawEllipse(QPointF(), 4.5, 4.5);
@@ -309,7 +309,7 @@ void ClockFace::drawHand(QPainter& painter, ClockHand hand) const
     painter.rotate(clockHandAngle(hand, m_time));
     painter.setPen(QPen(color, handWidth(hand) + (chosen ? 1.5 : 0), Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(0, radius() * 0.1), QPointF(0, -length));
-    if (hand == ClockHand::Second) { // a thin hand needs something to be taken by
+    if (hand == ClockHand::Second) { // a thin hand needs a grip
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
         painter.drawEllipse(QPointF(0, -length), 4.0, 4.0);

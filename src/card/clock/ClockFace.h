@@ -11,9 +11,9 @@
 
 namespace marvo {
 
-/// A clock face that shows a time of day and lets a person choose one: by dragging a hand, or with the
+/// A clock face that shows a time of day and lets the user choose one: by dragging a hand, or with the
 /// keyboard (Left and Right choose the hand, Up and Down turn it, the page keys turn it by ten or, the hour
-/// hand, to the day's other half). The half of the day stands on the face; a click changes it.
+/// hand, to the day's other half). The face shows AM or PM; a click changes it.
 class ClockFace : public QWidget, public AccessibleValueSource
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     /// The hand that the keyboard turns.
     ClockHand selectedHand() const { return m_selected; }
 
-    /// Where a hand's tip, and the text of the day's half, stand in the widget.
+    /// The positions of a hand's tip and of the AM/PM text in the widget.
     QPointF handTip(ClockHand hand) const;
     QRectF dayHalfRect() const;
 
@@ -69,8 +69,8 @@ private:
     ClockHand m_selected = ClockHand::Hour;
     std::optional<ClockHand> m_dragged;
     std::optional<ClockHand> m_hovered;
-    bool m_halfPressed = false; ///< and not turned into dragging the hand that lies under it
-    int m_wheel = 0;            ///< eighths of a degree that have not made a step yet
+    bool m_halfPressed = false; ///< and no drag of the hand below has begun
+    int m_wheel = 0;            ///< eighths of a degree of an incomplete step
 };
 
 } // namespace marvo

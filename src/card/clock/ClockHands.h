@@ -14,8 +14,8 @@ enum class ClockHand { Hour, Minute, Second };
 
 inline constexpr std::array allClockHands{ClockHand::Hour, ClockHand::Minute, ClockHand::Second};
 
-/// Where the hands of a clock face stand and what turning one of them means. Angles are degrees clockwise
-/// from twelve; points are seen from the middle of the face, y downwards, in units of its radius.
+/// The positions of the hands of a clock face, and the effect of turning one. Angles are degrees clockwise
+/// from twelve; points are relative to the face's middle, y downwards, in units of its radius.
 double clockHandAngle(ClockHand hand, QTime time);
 double clockHandLength(ClockHand hand);
 double clockAngleAt(QPointF point);

@@ -49,7 +49,7 @@ constexpr QDate lastDate = QDate::fromJulianDay(2'488'069);  // 31 December 2099
 constexpr auto checkedFor = 200ms;                           ///< the check box works as a button
 const auto clockFileEnding = QStringLiteral(".cfg");
 
-/// The calendar's own colours are made for paper.
+/// The calendar's default colours suit a light background only.
 void useDarkColours(QCalendarWidget& calendar)
 {
     QTextCharFormat weekend;
@@ -112,7 +112,7 @@ void MRVTimeSetupController::buildWindow()
     useDarkColours(*m_datePicker);
     if (auto* days = m_datePicker->findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"))) {
         days->installEventFilter(this);
-        days->setMinimumHeight(7 * (fontMetrics().height() + 8)); // a month of six weeks, below their names
+        days->setMinimumHeight(7 * (fontMetrics().height() + 8)); // six weeks and the header
     }
 
     m_nowDaySettingChk = new QCheckBox(this);
@@ -331,7 +331,7 @@ void MRVTimeSetupController::saveTo(const QString& chosenPath)
         doWriteConfigFile(QFile::encodeName(chosenPath).toStdString(), ClockFilePlace::Any);
         return;
     }
-    // The camera takes no other type. The panel has asked about replacing a file of another name only.
+    // The camera takes no other type. The panel has asked about replacing the file without the ending only.
     const QString path = chosenPath + clockFileEnding;
     if (QFileInfo::exists(path))
         openSavePanel(path);

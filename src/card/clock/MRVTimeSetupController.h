@@ -26,8 +26,8 @@ class ClockFace;
 class Disks;
 class ElidedLabel;
 
-/// The clock dialog: a day and a time, written into the file that the camera sets its clock from. A card that
-/// holds such a file gets it there, otherwise the user says where.
+/// The clock dialog. It writes a day and a time into the file from which the camera sets its clock: on the
+/// card if it has that file, else where the user chooses.
 class MRVTimeSetupController : public QDialog
 {
     Q_OBJECT
@@ -40,10 +40,10 @@ public:
     QDate selectedDate() const { return m_selectedDate; }
     QTime selectedTime() const { return m_selectedTime; }
 
-    /// Looks for the card anew; cardLookedUp follows.
+    /// Looks for the card again; emits cardLookedUp when done.
     void loadSettingFile();
-    /// Writes the chosen moment to the card's file, or asks for another. Waits for the look-up of the card
-    /// where that is still under way.
+    /// Writes the chosen date and time to the card's file, or asks where to save. Waits for a running
+    /// look-up.
     void onSaveConfigFile();
     void onCloseCmd();
 
@@ -73,7 +73,7 @@ private:
     ClockMoment moment() const;
 
     Disks& m_disks;
-    Latest<ClockCard> m_lookUp{this}; ///< an older one may hang on a card that is gone
+    Latest<ClockCard> m_lookUp{this}; ///< an older one may be blocked by a removed card
     Latest<std::error_code> m_write{this};
     ClockCard m_card;
     QDate m_selectedDate;

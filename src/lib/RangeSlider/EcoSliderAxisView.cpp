@@ -8,18 +8,18 @@ namespace marvo {
 
 namespace {
 
-constexpr int kTickCount = 22;
-constexpr int kLongTickEvery = 10;
+constexpr int tickCount = 22;
+constexpr int longTickEvery = 10;
 
 } // namespace
 
 QList<QRectF> EcoSliderAxisView::ticks(double width)
 {
-    const double step = (width + 32) / kTickCount;
+    const double step = (width + 32) / tickCount;
     QList<QRectF> ticks;
-    for (int i = 0; i < kTickCount; ++i) {
+    for (int i = 0; i < tickCount; ++i) {
         const double x = 8 + i * step;
-        ticks.append(i % kLongTickEvery == 0 ? QRectF(x, 3, 1, 8) : QRectF(x, 5, 1, 5));
+        ticks.append(i % longTickEvery == 0 ? QRectF(x, 3, 1, 8) : QRectF(x, 5, 1, 5));
     }
     return ticks;
 }

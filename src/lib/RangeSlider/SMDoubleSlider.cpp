@@ -16,10 +16,10 @@ namespace marvo {
 namespace {
 
 /// At this length the knobs' travel has 20 times the ticks' distance.
-constexpr int kNaturalLength = 496;
-constexpr int kLeastLength = 120;
-constexpr int kThickness = 28;
-constexpr int kPageSteps = 10;
+constexpr int naturalLength = 496;
+constexpr int leastLength = 120;
+constexpr int thickness = 28;
+constexpr int pageSteps = 10;
 
 std::unique_ptr<SMDoubleSliderCell> asDoubleSliderCell(std::unique_ptr<SliderCell> cell)
 {
@@ -145,7 +145,7 @@ void SMDoubleSlider::updateBoundController(Binding binding, double value)
         property.write(bound.object, slidernumber::truncatedInteger(value));
     else
         property.write(bound.object, value);
-    // An object that keeps another value, or had this one already, need not have told.
+    // An object that kept another value, or had this one, may not have emitted a signal.
     takeBoundValue(binding);
 }
 
@@ -181,13 +181,13 @@ void SMDoubleSlider::requestValue(double value)
 
 QSize SMDoubleSlider::sizeHint() const
 {
-    const QSize size(kNaturalLength, kThickness);
+    const QSize size(naturalLength, thickness);
     return orientation() == Qt::Horizontal ? size : size.transposed();
 }
 
 QSize SMDoubleSlider::minimumSizeHint() const
 {
-    const QSize size(kLeastLength, kThickness);
+    const QSize size(leastLength, thickness);
     return orientation() == Qt::Horizontal ? size : size.transposed();
 }
 
@@ -204,7 +204,7 @@ void SMDoubleSlider::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::EnabledChange) {
         m_cell->setEnabled(isEnabled());
-        // The release of a button that is down will not come here any more.
+        // The release of the pressed button will not arrive.
         if (!isEnabled())
             m_cell->cancelTracking();
     }
@@ -258,10 +258,10 @@ void SMDoubleSlider::keyPressEvent(QKeyEvent* event)
         m_cell->stepActiveKnob(-1);
         break;
     case Qt::Key_PageUp:
-        m_cell->stepActiveKnob(kPageSteps);
+        m_cell->stepActiveKnob(pageSteps);
         break;
     case Qt::Key_PageDown:
-        m_cell->stepActiveKnob(-kPageSteps);
+        m_cell->stepActiveKnob(-pageSteps);
         break;
     case Qt::Key_Home:
         m_cell->moveActiveKnob(minValue());

@@ -79,10 +79,9 @@ public:
     QPixmap barFillImage() const { return m_cell->barFillImage(); }
     void setBarFillImage(const QPixmap& image) { m_cell->setBarFillImage(image); }
 
-    /// Shows a property of an object from now on, and writes to it what a person sets the knob to. The
-    /// property is taken over at once, and whenever its notifying signal comes. The object need not outlive
-    /// the control. Replaces the value's binding. False, and nothing done, when the object has no such
-    /// property.
+    /// Binds the value to an object's property: the user's changes are written to it, and it is read at once
+    /// and at each notify signal. The object need not outlive the control. Replaces the value's binding.
+    /// False, and nothing done, when the object has no such property.
     bool bind(Binding binding, QObject* object, const QByteArray& property);
     /// The value stays as it is. A control that loses its parent unbinds both of its values.
     void unbind(Binding binding);
@@ -102,7 +101,7 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// The low or the high value is another one, whoever changed it.
+    /// The low or the high value has changed, by the user or the program.
     void valuesChanged();
 
 protected:

@@ -179,7 +179,7 @@ void SMDoubleSliderCell::report(Drag knob)
 {
     if (!m_view)
         return;
-    // Those who hear of one value may set the other.
+    // A slot for one value may set the other.
     const double loValue = doubleLoValue();
     const double hiValue = doubleHiValue();
     if (knob == Drag::Low || m_lockedSliders)

@@ -9,15 +9,15 @@
 
 namespace marvo {
 
-/// What a double slider's cell asks of the control that shows it.
+/// The interface of the control that shows a double slider's cell.
 class SMDoubleSliderCellView
 {
 public:
-    /// A part of the control looks different now.
+    /// A part of the control needs repainting.
     virtual void redraw(const QRectF& part) = 0;
-    /// The low or the high value is another one.
+    /// The low or the high value has changed.
     virtual void cellValuesChanged() = 0;
-    /// A person moved a knob.
+    /// The user moved a knob.
     virtual void updateBoundControllerLoValue(double value) = 0;
     virtual void updateBoundControllerHiValue(double value) = 0;
 
@@ -56,7 +56,7 @@ public:
     /// Locking moves the low knob to the high one.
     void setLockedSliders(bool locked);
 
-    /// What a person does to the active knob otherwise than by mouse; reported at once.
+    /// The user moves the active knob without the mouse; reported at once.
     void moveActiveKnob(double value);
     void stepActiveKnob(int steps) { moveActiveKnob(doubleValue() + steps * keyStep()); }
 

@@ -11,9 +11,9 @@ namespace marvo {
 
 namespace {
 
-constexpr double kFocusRingWidth = 1.5;
-constexpr double kDisabledOpacity = 0.35;
-constexpr int kHighlightAlpha = 110;
+constexpr double focusRingWidth = 1.5;
+constexpr double disabledOpacity = 0.35;
+constexpr int highlightAlpha = 110;
 
 /// The picture's shape in one colour.
 QPixmap tinted(const QPixmap& image, const QColor& color)
@@ -120,7 +120,7 @@ void SMDoubleSliderCell::drawKnob(QPainter& painter, const QRectF& knob)
         if (m_focused && m_drawingActiveKnob) {
             painter.save();
             painter.setRenderHint(QPainter::Antialiasing);
-            painter.setPen(QPen(palette().color(QPalette::Highlight), kFocusRingWidth));
+            painter.setPen(QPen(palette().color(QPalette::Highlight), focusRingWidth));
             painter.drawRoundedRect(knob.adjusted(1, 1, -1, -1), 5, 5);
             painter.restore();
         }
@@ -145,16 +145,16 @@ void SMDoubleSliderCell::drawKnobImage(QPainter& painter, const QRectF& target) 
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (m_focused && m_drawingActiveKnob) {
         const QPixmap ring = tinted(m_currentKnobImage, palette().color(QPalette::Highlight));
-        for (const double dx : {-kFocusRingWidth, 0.0, kFocusRingWidth}) {
-            for (const double dy : {-kFocusRingWidth, 0.0, kFocusRingWidth})
+        for (const double dx : {-focusRingWidth, 0.0, focusRingWidth}) {
+            for (const double dy : {-focusRingWidth, 0.0, focusRingWidth})
                 drawUpright(painter, target.translated(dx, dy), ring, source, m_barFlip);
         }
     }
     if (!isEnabled())
-        painter.setOpacity(kDisabledOpacity);
+        painter.setOpacity(disabledOpacity);
     drawUpright(painter, target, m_currentKnobImage, source, m_barFlip);
     if (isHighlighted())
-        drawUpright(painter, target, tinted(m_currentKnobImage, QColor(255, 255, 255, kHighlightAlpha)),
+        drawUpright(painter, target, tinted(m_currentKnobImage, QColor(255, 255, 255, highlightAlpha)),
                     source, m_barFlip);
     painter.restore();
 }

@@ -55,9 +55,9 @@ double SliderCell::keyStep() const
 
 QRectF SliderCell::barRect() const
 {
-    QRectF bar(0, 0, m_frame.width(), kBarThickness);
+    QRectF bar(0, 0, m_frame.width(), barThickness);
     if (m_orientation == Qt::Vertical)
-        bar = QRectF(0, 0, kBarThickness, m_frame.height());
+        bar = QRectF(0, 0, barThickness, m_frame.height());
     bar.moveCenter(m_frame.center());
     return bar;
 }
@@ -67,23 +67,23 @@ QRectF SliderCell::knobRect(double value, Flip flip) const
     const double range = m_maxValue - m_minValue;
     const double fraction = range > 0 ? (value - m_minValue) / range : 0;
     if (m_orientation == Qt::Horizontal) {
-        const double travel = std::max(0.0, m_frame.width() - kKnobLength);
-        return {m_frame.x() + fraction * travel, m_frame.center().y() - kKnobThickness / 2, kKnobLength,
-                kKnobThickness};
+        const double travel = std::max(0.0, m_frame.width() - knobLength);
+        return {m_frame.x() + fraction * travel, m_frame.center().y() - knobThickness / 2, knobLength,
+                knobThickness};
     }
-    const double travel = std::max(0.0, m_frame.height() - kKnobLength);
+    const double travel = std::max(0.0, m_frame.height() - knobLength);
     const double offset = (flip == Flip::Flipped ? 1 - fraction : fraction) * travel;
-    return {m_frame.center().x() - kKnobThickness / 2, m_frame.y() + offset, kKnobThickness, kKnobLength};
+    return {m_frame.center().x() - knobThickness / 2, m_frame.y() + offset, knobThickness, knobLength};
 }
 
 double SliderCell::valueAt(QPointF point, Flip flip) const
 {
     const bool horizontal = m_orientation == Qt::Horizontal;
-    const double travel = (horizontal ? m_frame.width() : m_frame.height()) - kKnobLength;
+    const double travel = (horizontal ? m_frame.width() : m_frame.height()) - knobLength;
     if (travel <= 0)
         return m_minValue;
     const QPointF offset = point - m_frame.topLeft();
-    double fraction = ((horizontal ? offset.x() : offset.y()) - kKnobLength / 2) / travel;
+    double fraction = ((horizontal ? offset.x() : offset.y()) - knobLength / 2) / travel;
     fraction = std::clamp(fraction, 0.0, 1.0);
     if (!horizontal && flip == Flip::Flipped)
         fraction = 1 - fraction;
@@ -118,7 +118,7 @@ void SliderCell::drawBar(QPainter& painter, const QRectF& bar, Flip)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_palette.color(QPalette::Mid));
-    painter.drawRoundedRect(bar, kBarThickness / 2, kBarThickness / 2);
+    painter.drawRoundedRect(bar, barThickness / 2, barThickness / 2);
     painter.restore();
 }
 

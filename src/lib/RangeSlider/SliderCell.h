@@ -10,12 +10,11 @@ class QPainter;
 
 namespace marvo {
 
-/// Which way the y axis of the surface runs that a slider is drawn on: down in a flipped one, as in all of
-/// this toolkit's widgets.
+/// The direction of the surface's y axis: down if flipped, as in all of Qt's widgets.
 enum class Flip { Flipped, Unflipped };
 
 /// The one-knob slider: its range and value, where its bar and knob lie in its frame, and how it is dragged
-/// and drawn. It knows no widget, so that its rules can be tested alone. A horizontal slider grows to the
+/// and drawn. It needs no widget. A horizontal slider grows to the
 /// right, a vertical one upward.
 class SliderCell
 {
@@ -73,12 +72,12 @@ public:
     virtual void decode(const QVariantMap& archive);
 
     /// The knob's size along the bar and across it, and the bar's thickness, in device-independent pixels.
-    static constexpr double kKnobLength = 16;
-    static constexpr double kKnobThickness = 24;
-    static constexpr double kBarThickness = 8;
+    static constexpr double knobLength = 16;
+    static constexpr double knobThickness = 24;
+    static constexpr double barThickness = 8;
 
 protected:
-    /// The value of the knob in hand.
+    /// The dragged knob's value.
     double baseValue() const { return m_value; }
     void setBaseValue(double value);
     void setRange(double minimum, double maximum);
@@ -90,7 +89,7 @@ protected:
     virtual void drawBar(QPainter& painter, const QRectF& bar, Flip flip);
     virtual void drawKnob(QPainter& painter, const QRectF& knob);
 
-    /// How the knob being drawn is to look.
+    /// The look of the knob being drawn.
     const QPalette& palette() const { return m_palette; }
     void setPalette(const QPalette& palette) { m_palette = palette; }
     void setHighlighted(bool highlighted) { m_highlighted = highlighted; }

@@ -11,8 +11,8 @@ namespace marvo {
 
 class RadioMatrix;
 
-/// The cells of a one-row radio matrix framed by titled boxes, as many cells in each box. To the keyboard and
-/// to assistive technology they stay one matrix; the boxes only lie behind it.
+/// Titled boxes around the cells of a one-row radio matrix, with the same number of cells in each. For the
+/// keyboard and assistive technology it is still one matrix; the boxes lie behind it.
 class BoxedCells : public QWidget
 {
     Q_OBJECT

@@ -107,10 +107,10 @@ std::optional<QString> GsensorSensitivityBox::validateUserInput()
         const auto message = MRVValidator::validateGsensorThreshold(field->text());
         if (!message)
             continue;
-        // A threshold from the card can be out of range while the sensor is off; nobody must be locked in by
-        // that.
+        // A threshold from the card can be out of range while the sensor is off: enable the field for
+        // correction.
         field->setEnabled(true);
-        // Queued, so that the click or key that brought us here does not take the focus away again.
+        // Queued: the click or key being handled would take the focus away again.
         QMetaObject::invokeMethod(
             field,
             [field] {

@@ -31,17 +31,16 @@ struct GsensorSensitivity
     /// The segment of a preset, where all three axes are its own; else that of typed thresholds.
     int findGsensorThresholdIndexByX(const GsensorThresholds& thresholds) const;
 
-    /// The segment behind the presets: thresholds as typed.
+    /// The segment after the presets: custom thresholds.
     static constexpr int customSegment = 5;
 };
 
-/// Of a moving and of a parked vehicle.
+/// While driving and while parked.
 extern const GsensorSensitivity drivingSensitivity;
 extern const GsensorSensitivity parkingSensitivity;
 
-/// The box in which the sensitivity of the impact sensor is chosen: one of five presets, or a threshold an
-/// axis. The three fields show the thresholds in g also for a preset, but can be typed into only for
-/// thresholds of one's own.
+/// The box for the impact sensor's sensitivity: one of five presets, or a custom threshold for each axis. The
+/// three fields show the thresholds in g; they can be edited only for custom thresholds.
 class GsensorSensitivityBox : public QGroupBox
 {
     Q_OBJECT

@@ -25,17 +25,17 @@ namespace marvo {
 
 namespace {
 
-constexpr std::array<std::uint32_t, 3> kSpeakerVolumes = {39, 51, 63};
-constexpr std::uint32_t kMalaysianLanguage = 20;
-constexpr int kLanguageRows = 4;
-constexpr int kLanguageColumns = 5;
-constexpr int kLanguagePointSize = 12;
+constexpr std::array<std::uint32_t, 3> speakerVolumes = {39, 51, 63};
+constexpr std::uint32_t malaysianLanguage = 20;
+constexpr int languageGridRows = 4;
+constexpr int languageGridColumns = 5;
+constexpr int languagePointSize = 12;
 
 const std::vector<ChoiceBinding>& choices()
 {
     static const std::vector<ChoiceBinding> bindings = {
         {"micSeg", &_FILEDATA::micLevel, {1, 2, 3}},
-        {"voiceLangRadio", &_FILEDATA::voiceLanguage, indexValues(kLanguageRows * kLanguageColumns)},
+        {"voiceLangRadio", &_FILEDATA::voiceLanguage, indexValues(languageGridRows * languageGridColumns)},
     };
     return bindings;
 }
@@ -50,7 +50,7 @@ const std::vector<FlagBinding>& flags()
     return bindings;
 }
 
-/// In the order of the values that the camera knows them by.
+/// In the order of the camera's values.
 QStringList languageTitles()
 {
     return localisedList({"Korean",
@@ -91,7 +91,7 @@ MRVSettingForAudioViewController::MRVSettingForAudioViewController(QWidget* pare
       m_micSeg(segmentedControl("micSeg", "setting.aux.mic_volume", levelLabels())),
       m_useVoiceGuidanceChk(checkBox("useVoiceGuidanceChk", "setting.aux.enable_voice_guidance")),
       m_speakerSeg(segmentedControl("speakerSeg", "setting.aux.speaker_volume", levelLabels())),
-      m_voiceLangRadio(new RadioMatrix(kLanguageRows, kLanguageColumns)),
+      m_voiceLangRadio(new RadioMatrix(languageGridRows, languageGridColumns)),
       m_malaysiaRadio(new QRadioButton(localised("Malaysia")))
 {
     auto* page = new QGridLayout(this);
@@ -127,18 +127,18 @@ MRVSettingForAudioViewController::MRVSettingForAudioViewController(QWidget* pare
 QWidget* MRVSettingForAudioViewController::voiceLangBox()
 {
     QFont font = QApplication::font();
-    font.setPointSizeF(scaledPoints(kLanguagePointSize));
+    font.setPointSizeF(scaledPoints(languagePointSize));
 
     m_voiceLangRadio->setObjectName(QStringLiteral("voiceLangRadio"));
     m_voiceLangRadio->setAccessibleName(localised("setting.aux.voice_guidance_lang_setting"));
     fillMatrixTitles(*m_voiceLangRadio, languageTitles());
-    // Where the application has a style sheet, the cells do not take over the grid's font.
+    // With a style sheet, the cells do not inherit the grid's font.
     for (int cell = 0; cell < m_voiceLangRadio->cellCount(); ++cell)
         m_voiceLangRadio->cell(cell)->setFont(font);
 
     m_malaysiaRadio->setObjectName(QStringLiteral("malaysiaRadio"));
     m_malaysiaRadio->setFont(font);
-    // A radio button that is alone would go off at a second click.
+    // A second click would uncheck a single radio button.
     auto* group = new QButtonGroup(m_malaysiaRadio);
     group->addButton(m_malaysiaRadio);
 
@@ -155,7 +155,7 @@ void MRVSettingForAudioViewController::displayFileData(const _FILEDATA& record)
     updateVoiceGuidanceUI();
     showChoices(*this, choices(), record);
     showSpeakerVolume(record.speakerVolume);
-    setMalaysiaRadioOn(record.voiceLanguage == kMalaysianLanguage);
+    setMalaysiaRadioOn(record.voiceLanguage == malaysianLanguage);
 }
 
 void MRVSettingForAudioViewController::storeControls(_FILEDATA& record)
@@ -164,17 +164,17 @@ void MRVSettingForAudioViewController::storeControls(_FILEDATA& record)
     storeChoices(*this, choices(), record);
     const int speaker = m_speakerSeg->selectedSegment();
     if (speaker >= 0)
-        record.speakerVolume = kSpeakerVolumes.at(static_cast<std::size_t>(speaker));
+        record.speakerVolume = speakerVolumes.at(static_cast<std::size_t>(speaker));
     if (m_malaysiaRadio->isChecked())
-        record.voiceLanguage = kMalaysianLanguage;
+        record.voiceLanguage = malaysianLanguage;
 }
 
 void MRVSettingForAudioViewController::showSpeakerVolume(std::uint32_t volume)
 {
-    // The loudest of the levels is no item for what is louder still: the control stays as it is.
-    const auto* const level = std::lower_bound(kSpeakerVolumes.begin(), kSpeakerVolumes.end(), volume);
-    if (level != kSpeakerVolumes.end())
-        m_speakerSeg->setSelectedSegment(static_cast<int>(level - kSpeakerVolumes.begin()));
+    // A value above the loudest level has no item: the control stays as it is.
+    const auto* const level = std::lower_bound(speakerVolumes.begin(), speakerVolumes.end(), volume);
+    if (level != speakerVolumes.end())
+        m_speakerSeg->setSelectedSegment(static_cast<int>(level - speakerVolumes.begin()));
 }
 
 // ---- sound recording and voice guidance
@@ -217,12 +217,12 @@ void MRVSettingForAudioViewController::malaysiaRadioSelected()
         return;
     m_voiceLangRadio->deselectAllCells();
     if (fileData())
-        fileData()->voiceLanguage = kMalaysianLanguage;
+        fileData()->voiceLanguage = malaysianLanguage;
 }
 
 void MRVSettingForAudioViewController::setMalaysiaRadioOn(bool on)
 {
-    // The one that is on in an exclusive group cannot be turned off.
+    // The checked button of an exclusive group cannot be unchecked.
     m_malaysiaRadio->group()->setExclusive(false);
     m_malaysiaRadio->setChecked(on);
     m_malaysiaRadio->group()->setExclusive(true);

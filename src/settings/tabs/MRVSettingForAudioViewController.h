@@ -14,7 +14,7 @@ namespace marvo {
 class RadioMatrix;
 class SegmentedControl;
 
-/// The tab for what the camera hears and says: sound recording and microphone level, voice guidance and
+/// The audio tab: sound recording and microphone level, voice guidance and
 /// speaker volume, the hourly announcement, and the language of the guidance. The Malaysian language has a
 /// radio button beside the grid of the others.
 class MRVSettingForAudioViewController : public SettingsTabView

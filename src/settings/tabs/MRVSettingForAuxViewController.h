@@ -12,7 +12,7 @@ namespace marvo {
 
 class SegmentedControl;
 
-/// The tab for what is recorded and how the card is shared out: the shares of continuous, motion and event
+/// The recording tab: the card's shares of continuous, motion and event
 /// recordings, motion detection, exposure, mains frequency and place of use.
 ///
 /// The slider's low knob ends the share of the continuous recordings, its high knob that of the motion

@@ -23,7 +23,7 @@ namespace marvo {
 
 namespace {
 
-/// Those with a fallback show it, and store it, for whatever else is in the record.
+/// A fallback is shown, and stored, for every value without an item.
 const std::vector<ChoiceBinding>& choices()
 {
     static const std::vector<ChoiceBinding> bindings = {
@@ -160,12 +160,12 @@ QGroupBox* MRVSettingForBasicViewController::etcBox()
     m_carNumberField->setObjectName(QStringLiteral("carNumberField"));
     m_carNumberField->setAccessibleName(localised("setting.basic.car_number_input"));
     m_carNumberField->setMinimumWidth(
-        m_carNumberField->fontMetrics().horizontalAdvance(QString(kCarNumberLength + 2, u'W')));
+        m_carNumberField->fontMetrics().horizontalAdvance(QString(carNumberLength + 2, u'W')));
     connect(m_carNumberField, &QLineEdit::textEdited, this, [this] { m_carNumberTouched = true; });
     // Assistive technology sets the text without editing it; the field's own filter is no edit.
     connect(m_carNumberField, &QLineEdit::textChanged, this, [this](const QString& text) {
-        m_carNumberTouched |= !isDisplaying() && text != m_shownCarNumber &&
-                              text != keptCarNumber(m_shownCarNumber);
+        m_carNumberTouched |=
+            !isDisplaying() && text != m_shownCarNumber && text != keptCarNumber(m_shownCarNumber);
     });
     connect(m_carNumberField, &QLineEdit::editingFinished, this,
             &MRVSettingForBasicViewController::carNumberEditingFinished);
@@ -299,15 +299,14 @@ void MRVSettingForBasicViewController::displayCarNumber(const _FILEDATA& record)
 
 void MRVSettingForBasicViewController::carNumberEditingFinished()
 {
-    // The field has dropped what it does not take; of a number that was only passed through nothing must be
-    // lost.
+    // The field has dropped unsupported characters. An unedited number is restored.
     if (!m_carNumberTouched)
         m_carNumberField->setText(m_shownCarNumber);
 }
 
 void MRVSettingForBasicViewController::storeCarNumber(_FILEDATA& record) const
 {
-    // The record's bytes need not be text at all: unedited, they stay.
+    // The record may hold bytes that are no text; unedited, they stay.
     if (m_carNumberField->text() == carNumberText(record))
         return;
     const QByteArray kept = keptCarNumber(m_carNumberField->text()).toLatin1();

@@ -13,8 +13,8 @@ namespace marvo {
 class GsensorSensitivityBox;
 class MRVCarNumberTextField;
 
-/// The tab of the camera's modes: stamp, recording, impact sensor, parking, video output, vehicle number and
-/// power.
+/// The basic tab: the camera's display, recording mode, impact sensor, parking, video output, vehicle number
+/// and power.
 class MRVSettingForBasicViewController : public SettingsTabView
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ private:
     QComboBox* m_stanbyTimeCombo = nullptr;
     MRVCarNumberTextField* m_carNumberField = nullptr;
     QString m_shownCarNumber;        ///< the record's, as the field showed it first
-    bool m_carNumberTouched = false; ///< a person has typed since
+    bool m_carNumberTouched = false; ///< edited since
     QComboBox* m_powerVoltageCombo = nullptr;
     QComboBox* m_powerTimeCombo = nullptr;
     QCheckBox* m_useExternalPowerChk = nullptr;

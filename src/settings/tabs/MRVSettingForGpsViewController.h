@@ -6,7 +6,7 @@
 
 namespace marvo {
 
-/// The tab of what depends on the camera's GPS receiver.
+/// The tab of the settings that need the camera's GPS receiver.
 class MRVSettingForGpsViewController : public SettingsTabView
 {
     Q_OBJECT

@@ -22,16 +22,16 @@ namespace marvo {
 namespace {
 
 // routeSaveInterval: the interval, 1 to 4, in the low four bits, and whether OBD stays on while parked above.
-constexpr std::uint32_t kIntervalBits = 0x0F;
-constexpr std::uint32_t kParkingBits = 0xF0;
-constexpr std::uint32_t kParkingOn = 0x10;
-constexpr std::uint32_t kThirdInterval = 3;
-constexpr std::uint32_t kLastInterval = 4;
+constexpr std::uint32_t intervalBits = 0x0F;
+constexpr std::uint32_t parkingBits = 0xF0;
+constexpr std::uint32_t parkingOn = 0x10;
+constexpr std::uint32_t thirdInterval = 3;
+constexpr std::uint32_t lastInterval = 4;
 
-constexpr int kColumns = 3;
+constexpr int columns = 3;
 
-constexpr std::uint32_t kLowestVoltageMv = 11800;
-constexpr std::uint32_t kVoltageStepMv = 100;
+constexpr std::uint32_t lowestVoltageMv = 11800;
+constexpr std::uint32_t voltageStepMv = 100;
 
 QStringList voltageLabels()
 {
@@ -44,7 +44,7 @@ std::vector<std::uint32_t> voltageValues()
 {
     std::vector<std::uint32_t> values = indexValues(static_cast<int>(voltageLabels().size()));
     for (std::uint32_t& value : values)
-        value = kLowestVoltageMv + kVoltageStepMv * value;
+        value = lowestVoltageMv + voltageStepMv * value;
     return values;
 }
 
@@ -70,7 +70,7 @@ const std::vector<FlagBinding>& flags()
     return bindings;
 }
 
-/// Where the knobs stand for the thresholds of a record.
+/// The knobs' positions for a record's thresholds.
 PercentRange ecoRange(const _FILEDATA& record)
 {
     return PercentRange::clamped(100 - std::int64_t{record.ecoLow}, 100 - std::int64_t{record.ecoHigh});
@@ -118,11 +118,11 @@ MRVSettingForObdViewController::MRVSettingForObdViewController(QWidget* parent)
     auto* page = new QGridLayout(this);
     page->setContentsMargins(0, 0, 0, 0);
     page->setSpacing(12);
-    page->addWidget(guideLabel("obdGuide1Field", "setting.obd.obd_guide1"), 0, 0, 1, kColumns);
+    page->addWidget(guideLabel("obdGuide1Field", "setting.obd.obd_guide1"), 0, 0, 1, columns);
     const QStringList days = localisedList({"none", "mon", "tue", "wed", "thu", "fri", "sat", "sun"});
     page->addWidget(titledBoxWith("boxOfDay", "setting.obd.weekly_alarm",
                                   {segmentedControl("drivingDaySeg", "setting.obd.weekly_alarm", days)}),
-                    1, 0, 1, kColumns);
+                    1, 0, 1, columns);
     page->addWidget(timeBox(), 2, 0);
     page->addWidget(titledBoxWith("boxOfSpeedDisplayUnit", "setting.obd.speed_display",
                                   {segmentedControl("speedDisplayUnitSeg", "setting.obd.speed_display",
@@ -141,8 +141,8 @@ MRVSettingForObdViewController::MRVSettingForObdViewController(QWidget* parent)
     page->addWidget(titledBoxWith("boxOfSaveDuration", "setting.obd.driving_route_info_saving_interval",
                                   {m_saveDurationSeg}),
                     3, 2);
-    page->addWidget(ecoBox(), 4, 0, 1, kColumns);
-    for (int column = 0; column < kColumns; ++column)
+    page->addWidget(ecoBox(), 4, 0, 1, columns);
+    for (int column = 0; column < columns; ++column)
         page->setColumnStretch(column, 1);
     page->setRowStretch(5, 1);
 
@@ -164,7 +164,7 @@ QWidget* MRVSettingForObdViewController::timeBox()
 
 QWidget* MRVSettingForObdViewController::powerBox()
 {
-    // The record keeps the flag, but the camera with OBD leaves a person nothing to choose.
+    // The record has the flag, but a camera with OBD offers no choice.
     auto* externalPower = checkBox("useExternalPowerChk", "setting.basic.use_external_power");
     externalPower->hide();
     return titledBoxWith(
@@ -192,8 +192,8 @@ void MRVSettingForObdViewController::displayFileData(const _FILEDATA& record)
     showChoices(*this, choices(), record);
     showFlags(*this, flags(), record);
     // A stored 3 is taken for the last interval, and OBD while parked for off.
-    if ((record.routeSaveInterval & kIntervalBits) == kThirdInterval)
-        fileData()->routeSaveInterval = kLastInterval;
+    if ((record.routeSaveInterval & intervalBits) == thirdInterval)
+        fileData()->routeSaveInterval = lastInterval;
     showRouteSaving(fileData()->routeSaveInterval);
     m_eco = ecoRange(record);
     Q_EMIT ecoLoValueChanged();
@@ -214,17 +214,17 @@ void MRVSettingForObdViewController::storeControls(_FILEDATA& record)
 
 void MRVSettingForObdViewController::showRouteSaving(std::uint32_t routeSaveInterval)
 {
-    m_saveDurationSeg->setSelectedSegment(static_cast<int>(routeSaveInterval & kIntervalBits) - 1);
-    m_useObdParkingSeg->setSelectedSegment((routeSaveInterval & kParkingBits) == kParkingOn ? 1 : 0);
+    m_saveDurationSeg->setSelectedSegment(static_cast<int>(routeSaveInterval & intervalBits) - 1);
+    m_useObdParkingSeg->setSelectedSegment((routeSaveInterval & parkingBits) == parkingOn ? 1 : 0);
 }
 
 std::uint32_t MRVSettingForObdViewController::routeSaving(std::uint32_t stored) const
 {
     const int segment = m_saveDurationSeg->selectedSegment();
-    const bool isShort = segment >= 0 && segment < static_cast<int>(kThirdInterval);
-    const std::uint32_t interval = isShort ? static_cast<std::uint32_t>(segment) + 1 : kLastInterval;
+    const bool isShort = segment >= 0 && segment < static_cast<int>(thirdInterval);
+    const std::uint32_t interval = isShort ? static_cast<std::uint32_t>(segment) + 1 : lastInterval;
     if (m_useObdParkingSeg->selectedSegment() == 1)
-        return (stored & kParkingBits) | kParkingOn | interval;
+        return (stored & parkingBits) | parkingOn | interval;
     return interval;
 }
 

@@ -11,9 +11,9 @@ namespace marvo {
 
 class SegmentedControl;
 
-/// The tab of cameras with an OBD adapter: weekly alarm, speed unit, time zone, speed in the picture, saving
-/// interval of the route, OBD while parked, cut-off voltage, and the two thresholds between eco, normal and
-/// un-eco driving.
+/// The tab of cameras with an OBD adapter: weekly alarm, speed unit, time zone, speed on the camera's
+/// display, saving interval of the route, OBD while parked, cut-off voltage, and the two thresholds between
+/// eco, normal and un-eco driving.
 ///
 /// The record holds the thresholds in hundredths, "ecoLow" the higher one; the slider shows 100 minus each.
 class MRVSettingForObdViewController : public SettingsTabView

@@ -55,7 +55,7 @@ const std::vector<ChoiceBinding>& choices()
 /// The bit rate of the first cell in kbit/s for a segment of the resolution; each further cell is 1000 more.
 std::uint32_t lowestBitrate(int resolution) { return resolution == 0 ? 6000 : 3000; }
 
-/// "1" to "5", one of them marked as what a new camera has.
+/// "1" to "5", with the default marked.
 QStringList levelLabels(int defaultLevel)
 {
     QStringList labels;
@@ -161,7 +161,7 @@ void MRVSettingForVideoViewController::displayFileData(const _FILEDATA& record)
 void MRVSettingForVideoViewController::storeControls(_FILEDATA& record)
 {
     storeChoices(*this, choices(), record);
-    // A camera records at one of the two rates only: a rate without segment is not passed on.
+    // The camera records at one of two rates only: a rate without a segment is not stored.
     if (choice(*findChild<SegmentedControl*>(QStringLiteral("videoFrameRate"))) < 0)
         record.videoFrameRate = 7680;
     const int resolution = m_videoResolution->selectedSegment();

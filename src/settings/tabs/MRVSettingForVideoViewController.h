@@ -11,7 +11,7 @@ namespace marvo {
 class RadioMatrix;
 class SegmentedControl;
 
-/// The tab of the video: resolution, bit rate, frame rate and what is done to the picture.
+/// The video tab: resolution, bit rate, frame rate and picture settings.
 class MRVSettingForVideoViewController : public SettingsTabView
 {
     Q_OBJECT

@@ -24,7 +24,7 @@ SettingsTabView* create(QWidget* parent, const SelectedCard&)
     return new Tab(parent);
 }
 
-/// A log's view begins to look where the card keeps its logs.
+/// A log's file dialog starts in the card's log folder.
 template <typename LogView>
 DrivingLogTab* createLogTab(QWidget* parent, const SelectedCard& card)
 {

@@ -21,7 +21,7 @@ void ThresholdFormat::fixup(QString& text) const
     if (!number)
         return;
     const QString formatted = QString::number(*number, 'f', 2);
-    // More decimals stay as typed: what is stored of them is cut off, not rounded.
+    // More decimals stay as typed; the stored value is truncated, not rounded.
     if (numberInText(formatted) == number)
         text = formatted;
 }

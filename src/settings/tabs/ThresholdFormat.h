@@ -11,8 +11,8 @@ namespace marvo {
 /// A stored impact threshold, in hundredths of g, as "0.55"; the same in every language.
 QString thresholdText(std::int32_t hundredths);
 
-/// The form "0.00" of a field for an impact threshold. Anything can be typed, for what is wrong with it is
-/// told when the tab is left; when editing ends, a number of at most two decimals is brought into the form.
+/// The form "0.00" of a field for an impact threshold. Any text can be typed: it is checked when the tab is
+/// left. When editing ends, a number of at most two decimals is formatted.
 class ThresholdFormat : public QValidator
 {
     Q_OBJECT

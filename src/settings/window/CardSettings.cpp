@@ -30,7 +30,7 @@ std::optional<std::uint64_t> fileSize(const std::string& path)
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-/// Nobody has been asked about what a link on a card points to, so it is not written.
+/// A link on a card may point to a file of the user's, so it is not followed.
 bool isLink(const std::string& path)
 {
     struct stat status = {};
@@ -43,7 +43,7 @@ std::optional<TKUSBDiskEntity> named(Disks& disks, const TKUSBDiskEntity& card, 
         return card;
     if (const auto error = disks.renameVolume(card, cardVolumeName()))
         qCWarning(logSettings, "error=%s", qUtf8Printable(*error));
-    // Even a rename that failed may have mounted the card elsewhere.
+    // Even after a failed rename, the mount point may be another.
     const auto again = findCardDiskEntity(disks.usbDiskEntities());
     return again ? again : card;
 }
@@ -114,7 +114,7 @@ std::optional<QString> saveToFile(const _FILEDATA& record, const std::string& pa
         return localised("msg.file_open_fail");
     }
     if (fileSize(path)) {
-        // A full home must not keep the user from setting up the camera.
+        // A full home folder must not prevent a save to the card.
         if (const auto error = backups.keep(path))
             qCWarning(logSettings, "no copy of the present settings kept: %s", qUtf8Printable(*error));
     }

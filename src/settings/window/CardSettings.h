@@ -26,7 +26,7 @@ struct SelectedCard
     std::optional<std::string> drivingLogPath;    ///< of its driving log, when it holds one
 };
 
-/// What finding a card may do to it.
+/// Whether finding a card may rename it.
 enum class CardNaming { Keep, RenameToCardName };
 
 /// Finds the card that holds a whole settings file, and names its volume "MARVO" if asked to. With no
@@ -54,7 +54,7 @@ std::optional<std::string> saveDestination(const Disks& disks, const SelectedCar
 /// The record of a settings file, which must have exactly the record's length; none for any other.
 std::optional<_FILEDATA> readWholeFile(const std::string& path);
 
-/// Who has said where a save goes.
+/// Where the target of a save comes from.
 enum class SaveTarget {
     FoundCard, ///< the card's own files: a link among them is refused
     Chosen     ///< the user, whose link is written through

@@ -30,7 +30,7 @@ private:
     std::variant<std::uint32_t _FILEDATA::*, std::int32_t _FILEDATA::*> m_field;
 };
 
-/// What a choice shows for a stored value that none of its items stands for.
+/// What a choice shows for a stored value without an item.
 struct Fallback
 {
     /// The item shown, and so stored when the tab is left; none: no item is selected, and the stored value is
@@ -45,7 +45,7 @@ struct ChoiceBinding
     RecordField field;
     std::vector<std::uint32_t> values; ///< what each item stands for
     Fallback fallback = {};
-    /// Finds the item in place of the value list, where more than the list's own values are shown by an item.
+    /// Finds the item in place of the value list, for items that stand for more than one value.
     int (*itemOf)(std::uint32_t stored) = nullptr;
 
     /// The item that shows a stored value; -1 for none.
@@ -76,8 +76,8 @@ void showChoices(QWidget& tab, const std::vector<ChoiceBinding>& bindings, const
 void storeChoices(const QWidget& tab, const std::vector<ChoiceBinding>& bindings, _FILEDATA& record);
 void showFlags(QWidget& tab, const std::vector<FlagBinding>& bindings, const _FILEDATA& record);
 void storeFlags(const QWidget& tab, const std::vector<FlagBinding>& bindings, _FILEDATA& record);
-/// For a check box that stores as soon as it is toggled: showing a record toggles it, too, and must leave as
-/// it is a value that means the same already.
+/// For a check box that stores when toggled. A value that already means the same is left as it is, since
+/// showing a record toggles the box, too.
 void storeToggled(std::uint32_t& flag, bool on);
 
 } // namespace marvo

@@ -16,7 +16,7 @@ void fillSegmentedControl(SegmentedControl& control, const QStringList& labels) 
 void fillComboBox(QComboBox& comboBox, const QStringList& labels)
 {
     comboBox.clear();
-    // An empty combo box selects the first item that it is given, and would tell of it.
+    // An empty combo box selects its first new item and emits a signal.
     const QSignalBlocker quiet(comboBox);
     comboBox.addItems(labels);
     comboBox.setCurrentIndex(-1);

@@ -8,7 +8,7 @@ namespace marvo {
 
 MRVCarNumberTextField::MRVCarNumberTextField(QWidget* parent) : QLineEdit(parent)
 {
-    // Connections run in the order they were made, so these come before those of the field's users.
+    // Slots run in the order of connection: these run before those of the field's users.
     connect(this, &QLineEdit::returnPressed, this, &MRVCarNumberTextField::keepAllowedCharacters);
     connect(this, &QLineEdit::editingFinished, this, &MRVCarNumberTextField::keepAllowedCharacters);
 }

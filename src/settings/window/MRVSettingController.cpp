@@ -72,7 +72,7 @@ MRVSettingController::MRVSettingController(Disks& disks, const SettingsTabTable&
 
 MRVSettingController::~MRVSettingController()
 {
-    // The application may end with this window, and what has been saved is to reach the card.
+    // The application may end with this window; a running save must reach the card.
     m_write.waitForAll(saveEndsWithin);
 }
 
@@ -87,7 +87,7 @@ void MRVSettingController::buildWindow()
     m_targetView = new QWidget(this);
     m_targetView->setObjectName(QStringLiteral("targetView"));
     m_targetView->setMinimumSize(
-        scaledSize({860, 540})); // what the largest tab takes, so that no switch moves the window
+        scaledSize({860, 540})); // the size of the largest tab: switching does not resize the window
     auto* targetLayout = new QVBoxLayout(m_targetView);
     targetLayout->setContentsMargins(0, 0, 0, 0);
     auto* scrolled = new WholeScrollArea(this);
@@ -128,7 +128,7 @@ void MRVSettingController::buildWindow()
     m_noticeLabel->setForegroundRole(QPalette::PlaceholderText);
     m_noticeLabel->setWordWrap(true);
     QSizePolicy policy = m_noticeLabel->sizePolicy();
-    policy.setRetainSizeWhenHidden(true); // the tab keeps its height
+    policy.setRetainSizeWhenHidden(true); // keeps the tab's height
     m_noticeLabel->setSizePolicy(policy);
     m_noticeLabel->hide();
     layout->addWidget(m_noticeLabel);
@@ -177,7 +177,7 @@ void MRVSettingController::onInitDIalog()
     fillDefaultFileDataForLanguage(m_FileData, m_language);
     m_unchanged = m_FileData;
     setTabEnabled(false);
-    // A sheet needs a window that is on the screen: before, Wayland gives it no parent.
+    // On Wayland, a sheet shown before its window is mapped gets no parent.
     QTimer::singleShot(0, this, [this] {
         if (!m_loaded)
             showLoading(QStringLiteral("Loading..."));
@@ -210,8 +210,8 @@ void MRVSettingController::volumesChanged()
 
 void MRVSettingController::lookForCardAgain()
 {
-    // One look at a time, or the older could end last; none while a card is formatted, which goes and comes
-    // back. What changes meanwhile is looked at afterwards.
+    // One look-up at a time, since an older one could end last; none while a card is being formatted. Changes
+    // meanwhile are looked up afterwards.
     if (!m_volumesChanged || !m_loaded || m_look.isRunning() || m_lastDialogController)
         return;
     m_volumesChanged = false;
@@ -233,8 +233,8 @@ void MRVSettingController::lookForCardAgain()
 void MRVSettingController::takeCard(LoadedSettings loaded)
 {
     m_card = std::move(loaded.card);
-    // What the user has already chosen is worth more than what a card holds that came later. It may stand in
-    // the tab's controls alone.
+    // The user's changes, which may not be stored in the record yet, take precedence over a card inserted
+    // later.
     if (loaded.wasRead && !m_touched && !m_openedFile) {
         m_FileData = m_unchanged = loaded.record;
         if (m_targetController)
@@ -300,7 +300,7 @@ void MRVSettingController::changeViewController(int index)
         m_targetController->hide();
         m_targetView->layout()->removeWidget(m_targetController);
         if (!m_keptTabs.values().contains(m_targetController))
-            m_targetController->deleteLater(); // its own click may have led here
+            m_targetController->deleteLater(); // its own signal may be running
         m_targetController = nullptr;
     }
     showTab(index);
@@ -314,7 +314,7 @@ void MRVSettingController::showTab(int index)
         view = tab.create(m_targetView, m_card);
         view->setAccessibleName(localised(tab.titleKey));
         if (tab.lifetime == SettingsTab::Lifetime::Window)
-            m_keptTabs.insert(QString::fromLatin1(tab.labelKey), view); // a log, which is only looked at
+            m_keptTabs.insert(QString::fromLatin1(tab.labelKey), view); // a log: it edits no settings
         else
             connect(view, &SettingsTabView::edited, this, [this] { m_touched = true; });
     }
@@ -329,7 +329,7 @@ void MRVSettingController::showTab(int index)
     m_functionSegmentedControl->setSelectedSegment(index);
 }
 
-/// The buttons below the tab come after it, though they were there before it.
+/// Moves the buttons below the tab after it in the tab order.
 void MRVSettingController::orderTabStops()
 {
     const auto comesBefore = [this](const QWidget* widget) {
@@ -390,7 +390,7 @@ void MRVSettingController::askWhereToSave(const _FILEDATA& record)
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(QString::fromLatin1(settingsFileName));
-    // A card that is put in meanwhile may bring another record into the window.
+    // A card inserted meanwhile may change the record.
     connect(dialog, &QFileDialog::fileSelected, this, [this, record](const QString& path) {
         writeTo(QFile::encodeName(path).toStdString(), record, SaveTarget::Chosen);
     });
@@ -438,7 +438,7 @@ bool MRVSettingController::hasUnsavedChanges()
 void MRVSettingController::requestClose()
 {
     if (m_findDestination.isRunning() || m_write.isRunning())
-        return; // a save tells its end, and a failure must find the window
+        return; // wait for the result, which needs the window
     if (hasUnsavedChanges())
         askAboutUnsavedChanges(
             *this, [this] { onSave(); }, [this] { onCloseCmd(); });
@@ -448,7 +448,7 @@ void MRVSettingController::requestClose()
 
 void MRVSettingController::closeEvent(QCloseEvent* event)
 {
-    // By the window's own title bar, say; what the program closes has been asked about.
+    // Spontaneous: closed by the desktop, such as from the title bar.
     event->setAccepted(!event->spontaneous() || !hasUnsavedChanges());
     if (!event->isAccepted())
         requestClose();
@@ -459,7 +459,7 @@ void MRVSettingController::keyPressEvent(QKeyEvent* event)
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->matches(QKeySequence::Cancel))
         requestClose();
-    else if (isReturn && !qobject_cast<QAbstractItemView*>(focusWidget())) // a log's row has a use for it
+    else if (isReturn && !qobject_cast<QAbstractItemView*>(focusWidget())) // a log uses Return itself
         m_saveButton->click();
     else
         QWidget::keyPressEvent(event);
@@ -479,7 +479,7 @@ void MRVSettingController::onFormat()
     m_lastDialogController->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_lastDialogController, &MRVFormatWindowController::cardChanged, this,
             &MRVSettingController::reloadAfterFormat);
-    // Later, for it also goes with this window.
+    // Queued: it is also destroyed with this window.
     connect(m_lastDialogController, &QObject::destroyed, this, &MRVSettingController::lookForCardAgain,
             Qt::QueuedConnection);
     m_lastDialogController->show();

@@ -29,8 +29,8 @@ class MRVFormatWindowController;
 class SegmentedControl;
 class viewControllerForMRVSettingDelegate;
 
-/// The settings window: finds the camera's card, reads its settings into the one record, shows one tab at a
-/// time over that record, and writes it back. Nothing reaches the card before onSave().
+/// The settings window. It finds the camera's card, reads the settings into its record, shows one tab at a
+/// time for editing, and writes the record back. Only onSave() writes to the card.
 class MRVSettingController : public QWidget
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ public:
     /// be null, this one.
     MRVSettingController(Disks& disks, const SettingsTabTable& tabs,
                          viewControllerForMRVSettingDelegate* delegate, QWidget* parent = nullptr);
-    /// A save that still goes on is waited for, some seconds at most.
+    /// Waits a few seconds at most for a save that is still running.
     ~MRVSettingController() override;
 
     _FILEDATA* filedata() { return &m_FileData; }
@@ -54,9 +54,9 @@ public:
     std::optional<QString> validateUserInput();
 
     void onSave();
-    /// Closes the window; what has not been saved is gone.
+    /// Closes the window. Unsaved changes are lost.
     void onCloseCmd();
-    /// Closes it after asking what becomes of unsaved changes, if there are any.
+    /// Closes the window; asks first if there are unsaved changes.
     void requestClose();
     void onDiskUtil();
     /// Shows the dialog that formats a card; afterwards the settings are read again.
@@ -120,8 +120,8 @@ private:
     QHash<QString, SettingsTabView*> m_keptTabs; ///< by the key of their label
     int m_lastSelectedTabIndex = -1;
     bool m_initialised = false;
-    bool m_touched = false;        ///< a person has changed something in a tab, or the whole record
-    bool m_loaded = false;         ///< the record is whole: no read of the card is under way
+    bool m_touched = false;        ///< the user has changed something in a tab, or replaced the record
+    bool m_loaded = false;         ///< no read or write of the record is running
     bool m_volumesChanged = false; ///< since the card was looked for
 
     SegmentedControl* m_functionSegmentedControl = nullptr;

@@ -11,8 +11,8 @@ namespace marvo {
 struct _FILEDATA;
 class MRVSettingController;
 
-/// What the settings window asks of each of its tabs. A tab edits the window's one record through its address
-/// and never touches the file.
+/// The interface of a settings tab. A tab edits the window's record through its address and never touches the
+/// file.
 class MRVSettingControllerDelegate
 {
 public:
@@ -20,7 +20,7 @@ public:
 
     /// Keeps the address and shows the record's values at once.
     virtual void setFileData(_FILEDATA* record) = 0;
-    /// Stores the controls' values into the record, if validateUserInput() has nothing against them.
+    /// Stores the controls' values into the record if validateUserInput() finds them valid.
     virtual void populate() = 0;
     /// None when the tab's input is valid, else a message for the user; the offending control then has the
     /// focus.
@@ -30,7 +30,7 @@ public:
     virtual void onHide() {}
 };
 
-/// What the settings window tells the viewer.
+/// The viewer's interface to the settings window.
 class viewControllerForMRVSettingDelegate
 {
 public:

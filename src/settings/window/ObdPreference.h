@@ -6,7 +6,7 @@
 
 namespace marvo {
 
-/// The user's word that the camera has an OBD adapter, which a card does not always show.
+/// The user's setting that the camera has an OBD adapter, which the card does not always show.
 namespace ObdPreference {
 
 bool isOn();

@@ -17,7 +17,7 @@ namespace {
 // The name sorts by time and is unique to the millisecond.
 QString nameFormat() { return QStringLiteral("'config-'yyyyMMdd-HHmmss-zzz'.bin'"); }
 
-/// A settings file's bytes; a file far above the record's size is none, and is not read whole.
+/// The bytes of a settings file. A much larger file is rejected without reading it.
 std::optional<QByteArray> settingsBytes(const QString& path)
 {
     QFile file(path);

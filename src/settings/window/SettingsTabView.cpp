@@ -39,7 +39,7 @@ static void watchEach(SettingsTabView& tab, Signal changed, void (SettingsTabVie
         QObject::connect(control, changed, &tab, slot, Qt::UniqueConnection);
 }
 
-/// The signals that every change gives: assistive technology presses neither a mouse button nor a key.
+/// Connects the signals of every change: assistive technology uses neither mouse nor keys.
 void SettingsTabView::watchControls()
 {
     constexpr auto slot = &SettingsTabView::controlChanged;
@@ -62,7 +62,7 @@ void SettingsTabView::controlChanged()
 
 bool SettingsTabView::eventFilter(QObject* watched, QEvent* event)
 {
-    // The wheel scrolls the tab: it must not change the box that happens to pass below the pointer.
+    // The wheel scrolls the tab. It must not change a box that passes below the pointer.
     if (event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {
         event->ignore();
         return true;

@@ -8,7 +8,7 @@
 
 namespace marvo {
 
-/// What the tabs have in common: the lent record and the window, and when they are shown and stored.
+/// The base of the tabs: holds the window's record, shows it and stores the controls into it.
 class SettingsTabView : public QWidget, public MRVSettingControllerDelegate
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     void setMainController(MRVSettingController* controller) override { m_mainController = controller; }
 
 Q_SIGNALS:
-    /// A person has changed what a control shows: by mouse, keys or assistive technology.
+    /// The user has changed a control, by mouse, keys or assistive technology.
     void edited();
 
 protected:
@@ -31,11 +31,10 @@ protected:
     /// Stores the controls, whose input is valid, into the record.
     virtual void storeControls(_FILEDATA& record) = 0;
 
-    /// The lent record; null before the first setFileData(). For the few controls that store at once when
-    /// clicked.
+    /// The window's record; null before the first setFileData(). For the few controls that store at once.
     _FILEDATA* fileData() const { return m_fileData; }
     MRVSettingController* mainController() const { return m_mainController; }
-    /// While a record is shown: controls change, but nobody has chosen anything.
+    /// True while a record is being shown: the controls change, but not by the user.
     bool isDisplaying() const { return m_displaying; }
 
 private:

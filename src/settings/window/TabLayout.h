@@ -17,8 +17,8 @@ namespace marvo {
 
 class SegmentedControl;
 
-/// The pieces that every settings tab is built of. Each takes the object name that the control is known by;
-/// texts are keys of the string table unless they are called labels.
+/// The building blocks of the settings tabs. Each takes the control's object name. Texts are keys of the
+/// string table; labels are texts as shown.
 
 /// A titled box with an empty vertical layout.
 QGroupBox* titledBox(const char* name, const char* titleKey, QWidget* parent);

@@ -8,8 +8,8 @@ class QWidget;
 
 namespace marvo {
 
-/// Asks on a sheet over the window what becomes of changed settings before the window closes. One of the two
-/// is called, or neither when the user goes on editing.
+/// Asks on a sheet over the window whether to save changed settings. Calls `save` or `discard`, or neither if
+/// the user cancels.
 void askAboutUnsavedChanges(QWidget& window, std::function<void()> save, std::function<void()> discard);
 
 } // namespace marvo

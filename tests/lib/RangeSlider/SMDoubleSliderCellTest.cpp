@@ -11,8 +11,8 @@ using namespace marvo;
 
 namespace {
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 struct View final : SMDoubleSliderCellView
 {
@@ -62,17 +62,17 @@ private Q_SLOTS:
             {30, 70, [](Cell& c) { c.setDoubleLoValue(80); }, "70 70"},
             {30, 70, [](Cell& c) { c.setDoubleHiValue(10); }, "30 30"},
             {30, 70, [](Cell& c) { c.setDoubleLoValue(-5); }, "0 70"},
-            {30, 70, [](Cell& c) { c.setDoubleLoValue(kNan); }, "0 70"},
-            {30, 70, [](Cell& c) { c.setDoubleHiValue(kNan); }, "30 30"},
-            {30, 70, [](Cell& c) { c.setDoubleHiValue(kInfinity); }, "30 100"},
+            {30, 70, [](Cell& c) { c.setDoubleLoValue(notANumber); }, "0 70"},
+            {30, 70, [](Cell& c) { c.setDoubleHiValue(notANumber); }, "30 30"},
+            {30, 70, [](Cell& c) { c.setDoubleHiValue(infinity); }, "30 100"},
             {60, 80, [](Cell& c) { c.setMaxValue(50); }, "50 50", "0 50"},
             {30, 70, [](Cell& c) { c.setMaxValue(50); }, "30 50", "0 50"},
             {20, 40, [](Cell& c) { c.setMinValue(60); }, "60 60", "60 100"},
             {20, 40, [](Cell& c) { c.setMinValue(30); }, "30 40", "30 100"},
             {20, 40, [](Cell& c) { c.setMinValue(150); }, "150 150", "150 150"},
             {20, 40, [](Cell& c) { c.setMaxValue(-10); }, "-10 -10", "-10 -10"},
-            {20, 40, [](Cell& c) { c.setMinValue(kNan); }, "20 40"},
-            {20, 40, [](Cell& c) { c.setMaxValue(kInfinity); }, "20 40"},
+            {20, 40, [](Cell& c) { c.setMinValue(notANumber); }, "20 40"},
+            {20, 40, [](Cell& c) { c.setMaxValue(infinity); }, "20 40"},
             {20, 60, [](Cell& c) { c.setLockedSliders(true); }, "60 60"},
             {20, 60, [](Cell& c) { c.setStringLoValue(QStringLiteral(" 33.5%")); }, "33.5 60"},
             {20, 60, [](Cell& c) { c.setStringLoValue(QStringLiteral("nan")); }, "0 60"},
@@ -289,7 +289,7 @@ private Q_SLOTS:
             {{{key("loValue"), 500.0}}, "80 80"},
             {{{key("loValue"), -500.0}}, "10 80"},
             {{{key("loValue"), 85.0}}, "80 80"},
-            {{{key("loValue"), kNan}, {key("value"), kNan}}, "10 10"},
+            {{{key("loValue"), notANumber}, {key("value"), notANumber}}, "10 10"},
             {{{key("maxValue"), -3.0}}, "10 10"},
             {{{key("loValue"), QVariantList()}, {key("value"), key("70")}}, "10 70"},
             {{{key("lockedSliders"), true}}, "80 80"}};

@@ -453,7 +453,10 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, touch);
         const QByteArray settings = bytesOf(configPath());
-        keepEarlier([](_FILEDATA& earlier) { earlier.speedUnit = 0; });
+        keepEarlier([](_FILEDATA& earlier) {
+            earlier.speedUnit = 0;
+            earlier.micLevel = 4;
+        });
         QVERIFY(QFile::remove(QFile::decodeName(configPath().c_str())));
         openWindow();
         if (touch == "tab")
@@ -467,6 +470,7 @@ private Q_SLOTS:
             press("resetButton");
         else if (touch == "earlier")
             restoreNewestCopy();
+        QTRY_COMPARE(m_window->filedata()->micLevel, touch == "earlier" ? 4U : 3U);
         QTRY_COMPARE(m_window->filedata()->speedUnit, 0U);
         writeBytes(configPath(), settings);
         Q_EMIT m_disks->volumesChanged();
