@@ -79,8 +79,11 @@ marvo.MapPage = class {
         if (this.streets) {
             marvo.allowTilesFrom(address);
             this.tiles = new marvo.StreetTiles(address, {});
-            const credit = document.createElement('a');
-            credit.href = 'https://www.openstreetmap.org/copyright';
+            // The person's own source has a page of its own, which nobody knows here.
+            const isOpenStreetMap = /^https?:\/\/([^/]*\.)?openstreetmap\.org\//.test(address);
+            const credit = document.createElement(isOpenStreetMap ? 'a' : 'span');
+            if (isOpenStreetMap)
+                credit.href = 'https://www.openstreetmap.org/copyright';
             credit.textContent = attribution;
             this.tiles.on('tilesshown tilesmissing', () => {
                 this.attribution.removeAttribution(credit.outerHTML);
